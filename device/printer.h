@@ -1,0 +1,26 @@
+// The printer that a session is bound to.
+#pragma once
+
+#include "frame/session.h"
+
+namespace tessarine {
+
+int GetDefaultPrinter(Session *session, char *device, char *driver, char *port);
+int GetProfilePrinter(Session *session, const char *section, const char *key, char *first,
+                      char *second, char *third);
+void InitPrinter(Session *session); // a fresh DEVMODE from the driver; fatal with code 10
+void CallPrinterDriver(Session *session, int mode);
+// Recomputes all that hangs on the printer: header, measuring context, paper, bars.
+int ProcessPrinterData(Session *session);
+// Binds the form just read to its printer.
+void BindFormPrinter(Session *session);
+// A context of the session's printer, or null.
+HDC CreatePrinterContext(const Session *session);
+// The printing offset of a device in form units.
+void ReadPrintOffset(HDC device, int32_t *x, int32_t *y);
+HGLOBAL GetDevNames(Session *session);
+HGLOBAL GetDevMode(Session *session);
+int SetDevNames(Session *session, HGLOBAL handle);
+int SetDevMode(Session *session, HGLOBAL handle, int takeAll);
+
+} // namespace tessarine

@@ -1,0 +1,13 @@
+// Expression text as cells, with a row of the field table for every operand.
+#pragma once
+
+#include "frame/session.h"
+
+namespace tessarine {
+
+// 1, or 0 after a message: errorPosition is then where reading stopped, and cells holds what was
+// made so far, terminated. cells has room for MAX_CELLS.
+int GenerateSymbols(Session *session, const char *text, uint16_t *cells, int32_t *errorPosition,
+                    int mode);
+
+} // namespace tessarine

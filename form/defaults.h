@@ -1,0 +1,13 @@
+// The start state of a session and of its records.
+#pragma once
+
+#include "frame/session.h"
+
+namespace tessarine {
+
+void InitVariables(Session *session);
+ItemRecord DefaultItem(const Session *session);
+void InitField(const Session *session, FieldRecord *record);
+void InitSections(Session *session);
+
+} // namespace tessarine

@@ -1,0 +1,16 @@
+// The rows of the field table: slots, references, release.
+#pragma once
+
+#include "frame/session.h"
+
+namespace tessarine {
+
+constexpr int NO_SLOT = 1002;
+
+int NewFieldSlot(Session *session); // a free row, or NO_SLOT
+void ReleaseField(Session *session, int row);
+int ReleaseSymbols(Session *session, const uint16_t *cells); // 1
+void CountReferences(Session *session, const uint16_t *cells);
+int FindSharedField(const Session *session, const FieldRecord *record); // the row or -1
+
+} // namespace tessarine

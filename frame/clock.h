@@ -1,0 +1,10 @@
+// The local clock of a session.
+#pragma once
+
+#include "frame/session.h"
+
+namespace tessarine {
+
+void ReadLocalClock(Session *session); // RunDate and TimeText
+
+} // namespace tessarine

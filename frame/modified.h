@@ -1,0 +1,11 @@
+// The only way to change FormModified.
+#pragma once
+
+#include "frame/session.h"
+
+namespace tessarine {
+
+// Tells the parent window with 1025 or 1026 when the state really changes.
+void SetModified(Session *session, int modified);
+
+} // namespace tessarine

@@ -1,0 +1,43 @@
+// Small owners of system objects, for handles that are held across a call that can fail.
+#pragma once
+
+#include "frame/windows.h"
+
+namespace tessarine {
+
+template <typename Handle, auto Release> class Owned {
+public:
+    explicit Owned(Handle handle = {}) : handle_(handle) {}
+    Owned(const Owned &) = delete;
+    Owned &operator=(const Owned &) = delete;
+    ~Owned() { Reset(); }
+
+    Handle Get() const { return handle_; }
+    explicit operator bool() const { return handle_ != Handle{}; }
+    Handle Leave() { // gives the handle away
+        Handle handle = handle_;
+        handle_ = {};
+        return handle;
+    }
+    void Reset(Handle handle = {}) {
+        if (handle_ != Handle{}) Release(handle_);
+        handle_ = handle;
+    }
+
+private:
+    Handle handle_;
+};
+
+inline void CloseFileHandle(HANDLE file) {
+    if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+}
+inline void DeleteContext(HDC device) { DeleteDC(device); }
+inline void DeleteDrawingObject(HGDIOBJ object) { DeleteObject(object); }
+inline void CloseOpenPrinter(HANDLE printer) { ClosePrinter(printer); }
+
+using OwnedFile = Owned<HANDLE, CloseFileHandle>;
+using OwnedContext = Owned<HDC, DeleteContext>;
+using OwnedDrawingObject = Owned<HGDIOBJ, DeleteDrawingObject>;
+using OwnedPrinter = Owned<HANDLE, CloseOpenPrinter>;
+
+} // namespace tessarine

@@ -1,0 +1,56 @@
+// The table of contents of all state: one record for each designer, run or viewing.
+//
+// It is allocated whole and zero-filled, so zero is the start state of every field. The caller's
+// blocks stand at its head because a host reads them through GetSessionPointer; each group behind
+// them belongs to the room whose header defines it.
+#pragma once
+
+#include <type_traits>
+
+#include "designer/designer_state.h"
+#include "device/printer_state.h"
+#include "form/form_state.h"
+#include "frame/windows.h"
+#include "output/page_store_state.h"
+#include "run/run_state.h"
+#include "tessarine_records.h"
+
+namespace tessarine {
+
+enum { KIND_DESIGNER = 'F', KIND_REPORT = 'R' };
+constexpr int TEXT_BUFFER_SIZE = 1024;
+
+} // namespace tessarine
+
+struct Session {
+    FormParams FormBlock; // in a designer session
+    RepParams RunBlock;   // in a run
+    RepViewParams ViewBlock;
+
+    char CurrentFile[260]; // the form's file name as the user knows it
+    HWND ParentWindow;
+    int32_t SessionId;
+    int32_t SessionKind;
+    int32_t ErrorCode;       // left by the last FatalError
+    int32_t UnwindPoint;     // how many entry points of this session are on the stack
+    uint32_t PendingFailure; // a failure that was caught at a callback's boundary
+    uint32_t IgnoreMessages; // the window procedures ignore all messages: the session is closing
+    uint32_t WindowInMaking; // CreateFormWindow has not finished
+    WNDPROC WindowProcedure; // of the window that CreateFormWindow makes
+    MessageRoutine MessageCallback;
+    void (*EndSession)(Session *); // how a closed window ends this session
+    uint32_t LabelMode;            // the word behind LabelForm when the session began
+
+    tessarine::FormState form;
+    tessarine::PrinterState printer;
+    tessarine::DeviceState device;
+    tessarine::RunState run;
+    tessarine::PageStoreState pages;
+    tessarine::ViewState view;
+    tessarine::DesignerState designer;
+
+    char TextBuffer[tessarine::TEXT_BUFFER_SIZE]; // composed messages and dialog texts
+};
+
+static_assert(std::is_trivially_copyable_v<Session>);
+static_assert(offsetof(Session, FormBlock) == 0);

@@ -1,0 +1,31 @@
+// The process-wide table of run sessions, and how a session is found.
+#pragma once
+
+#include "frame/session.h"
+
+namespace tessarine {
+
+struct SessionTableState {
+    Session *Sessions[MAX_SESSIONS]; // by slot, which is the SessionId
+    int32_t SessionHighMark;         // slots from here up have never been in use
+    HDC PrinterContexts[MAX_SESSIONS];
+};
+
+extern HINSTANCE module_instance; // taken at load
+extern uint32_t frc_format;       // "FrcFormat": selects the ending .FRC over .FR
+extern SessionTableState session_table;
+
+// The session of a window of class "FrClass32" or "RepClass32", or of a slot when the window is
+// null; null when there is none.
+Session *GetSessionPointer(HWND window, int slot);
+
+// Takes a free slot and a zeroed session for it. CODE_NO_SLOT, CODE_MEMORY or 0.
+int OpenRunSession(Session **session);
+
+// Clears the session's two slots and frees its memory.
+void FreeRunSession(Session *session);
+
+HWND RepGetParent(HWND window, int slot);
+int RepSetMsgCallback(HWND window, int slot, MessageRoutine routine);
+
+} // namespace tessarine

@@ -1,0 +1,38 @@
+// Where a session keeps its finished pages, and what its preview shows of them.
+#pragma once
+
+#include "frame/windows.h"
+#include "tessarine_records.h"
+
+namespace tessarine {
+
+struct PageStoreState {
+    HGLOBAL PageTableMemory;
+    uint32_t *PageTable; // 5001 file offsets: page index i lies from [i] to [i + 1]
+    HDC PageRecorder;    // the open recording that composition draws on
+    HMETAFILE ShownPage; // the one page held for painting
+    int32_t ShownPageIndex;
+    char *CopyBuffer; // 16384 bytes
+    char ReportPath[260];
+    char TransferPath[260];   // .MFT, a page on its way in
+    char ScreenPagePath[260]; // .MFS, a page on its way to the screen
+    char PrintPagePath[260];  // .MFP, a page on its way to the printer
+    char OutputPath[276];     // the report file of a run to disk
+    ReportFileHeader Header;  // of a saved report
+};
+
+struct ViewState {
+    int32_t OriginX; // form units: top left of what is shown
+    int32_t OriginY;
+    int32_t ViewWidth; // form units: the page area of the window
+    int32_t ViewHeight;
+    uint32_t FitPage;
+    int32_t ScrollPosX; // 0 to 100
+    int32_t ScrollPosY;
+    uint32_t HorzScroll; // the window has that scroll bar
+    uint32_t VertScroll;
+    uint32_t PaintEnabled;
+    RECT ClipRect; // pixels
+};
+
+} // namespace tessarine

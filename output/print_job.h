@@ -1,0 +1,18 @@
+// Jobs on a printer, and the progress of runs to a printer or a disk file.
+#pragma once
+
+#include "frame/session.h"
+
+namespace tessarine {
+
+void StartPrinterRun(Session *session);  // dialog, document, first page; fatal with code 10
+void StartFileRun(Session *session);     // the dialog of a run to disk
+void EndPrinterPage(Session *session);   // EndPage and the abort procedure
+void StartPrinterPage(Session *session); // StartPage and the unit mapping
+void FilePrintPump(Session *session);
+void FinishOutput(Session *session);     // closing steps of a run to a printer or to disk
+int PrintPages(Session *session, int askRange);
+BOOL CALLBACK PrintProc(HDC device, int code);
+BOOL CALLBACK ScrPrintProc(HDC device, int code);
+
+} // namespace tessarine

@@ -1,0 +1,15 @@
+// Where a section lands, and when a page ends.
+#pragma once
+
+#include "frame/session.h"
+
+namespace tessarine {
+
+int PrintSection(Session *session, int section, uint32_t outline); // 1 when it was laid out
+int SectionSelected(Session *session, int section);                // its PrintNow
+int PageBreak(Session *session, int section); // 1 when a page was ended or the run is cancelled
+void PrintLabelFrame(Session *session, int row, uint32_t outline);
+// The device that composition draws on: the printer, or the page's recording.
+HDC PageDevice(const Session *session);
+
+} // namespace tessarine

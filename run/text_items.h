@@ -1,0 +1,13 @@
+// Labels, field values and wrapped text on the page.
+#pragma once
+
+#include "frame/session.h"
+
+namespace tessarine {
+
+void PrintLabel(Session *session, HDC device, int row);
+void PrintField(Session *session, HDC device, int row);
+void PrintText(Session *session, HDC device, int x, int y, const char *text, int length, int font,
+               const RECT &clip);
+
+} // namespace tessarine

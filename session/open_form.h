@@ -1,0 +1,11 @@
+// Opening a form: reading the file, binding its printer, making its fonts.
+#pragma once
+
+#include "frame/session.h"
+
+namespace tessarine {
+
+int OpenForm(Session *session, char *path); // 1 when a form stands in the session, else 0
+int InitNewForm(Session *session);          // 1; nothing in a report session
+
+} // namespace tessarine
