@@ -1,0 +1,80 @@
+#include "frame/session_table.h"
+
+#include "frame/fatal_error.h"
+#include "frame/memory.h"
+#include "frame/text.h"
+
+namespace tessarine {
+
+HINSTANCE module_instance = nullptr;
+uint32_t frc_format = 0;
+SessionTableState session_table{};
+
+namespace {
+
+constexpr const char *window_classes[] = {"FrClass32", "RepClass32"};
+
+Session *SessionOfWindow(HWND window) {
+    char name[20] = "";
+    GetClassNameA(window, name, sizeof name);
+    for (const char *known : window_classes)
+        if (!lstrcmpiA(name, known)) return reinterpret_cast<Session *>(GetWindowLongA(window, 0));
+    return nullptr;
+}
+
+Session *SessionOfSlot(int slot) {
+    if (slot < 0 || slot >= session_table.SessionHighMark) return nullptr;
+    return session_table.Sessions[slot];
+}
+
+} // namespace
+
+Session *GetSessionPointer(HWND window, int slot) {
+    return window ? SessionOfWindow(window) : SessionOfSlot(slot);
+}
+
+bool SessionStands(const Session *session) {
+    for (int slot = 0; slot < session_table.SessionHighMark; ++slot)
+        if (session_table.Sessions[slot] == session) return true;
+    return false;
+}
+
+int OpenRunSession(Session **session) {
+    *session = nullptr;
+    int slot = 0;
+    while (slot < session_table.SessionHighMark && session_table.Sessions[slot]) ++slot;
+    if (slot == session_table.SessionHighMark && session_table.SessionHighMark < MAX_SESSIONS)
+        ++session_table.SessionHighMark;
+    if (slot == session_table.SessionHighMark) return CODE_NO_SLOT;
+    auto *opened = static_cast<Session *>(OurAlloc(sizeof(Session)));
+    if (!opened) return CODE_MEMORY;
+    FillBytes(opened, 0, sizeof(Session));
+    opened->SessionId = slot;
+    session_table.Sessions[slot] = opened;
+    *session = opened;
+    return CODE_DONE;
+}
+
+void FreeRunSession(Session *session) {
+    session_table.Sessions[session->SessionId] = nullptr;
+    session_table.PrinterContexts[session->SessionId] = nullptr;
+    OurFree(session);
+}
+
+HWND RepGetParent(HWND window, int slot) {
+    Session *session = GetSessionPointer(window, slot);
+    if (!session && window) {
+        const HWND parent = GetParent(window);
+        if (parent) session = GetSessionPointer(parent, slot);
+    }
+    return session ? session->ParentWindow : nullptr;
+}
+
+int RepSetMsgCallback(HWND window, int slot, MessageRoutine routine) {
+    Session *session = GetSessionPointer(window, slot);
+    if (!session) return 0;
+    session->MessageCallback = routine;
+    return 1;
+}
+
+} // namespace tessarine

@@ -1,0 +1,156 @@
+#include "session/session_life.h"
+
+#include <cstdio>
+
+#include "device/device_properties.h"
+#include "device/printer.h"
+#include "form/built_in_tables.h"
+#include "form/defaults.h"
+#include "form/fonts.h"
+#include "form/form_writer.h"
+#include "frame/fatal_error.h"
+#include "frame/host_data.h"
+#include "frame/memory.h"
+#include "frame/message_box.h"
+#include "frame/owned.h"
+#include "frame/session_table.h"
+#include "session/open_form.h"
+
+namespace tessarine {
+
+namespace {
+
+// Redraw on both sizes, double clicks, own context, byte-aligned client.
+constexpr UINT CLASS_STYLE = CS_VREDRAW | CS_HREDRAW | CS_DBLCLKS | CS_OWNDC | CS_BYTEALIGNCLIENT;
+static_assert(CLASS_STYLE == 4139);
+
+// A repeated registration fails, and that is as good.
+const char *RegisterSessionClass(const Session *session) {
+    const bool designer = session->SessionKind == KIND_DESIGNER;
+    WNDCLASSA window_class{};
+    window_class.style = CLASS_STYLE;
+    window_class.lpfnWndProc = session->WindowProcedure;
+    window_class.cbWndExtra = 4;
+    window_class.hInstance = module_instance;
+    window_class.hIcon = LoadIconA(nullptr, reinterpret_cast<LPCSTR>(IDI_APPLICATION));
+    window_class.hCursor =
+        designer ? nullptr : LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
+    window_class.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+    window_class.lpszClassName = designer ? "FrClass32" : "RepClass32";
+    RegisterClassA(&window_class);
+    return window_class.lpszClassName;
+}
+
+HMENU LoadSessionMenu(const Session *session) {
+    if (session->SessionKind == KIND_REPORT) return LoadMenuA(module_instance, "RepMenu");
+    return session->FormBlock.ShowMenu ? LoadMenuA(module_instance, "FrMenu") : nullptr;
+}
+
+void MakeSessionWindow(Session *session, uint32_t style, const RECT &place) {
+    const char *window_class = RegisterSessionClass(session);
+    const char *title = *session->CurrentFile ? session->CurrentFile : "(UNNAMED)";
+    session->device.Menu = LoadSessionMenu(session);
+    session->WindowInMaking = 1;
+    const HWND window =
+        CreateWindowExA(0, window_class, title, style, place.left, place.top, place.right,
+                        place.bottom, session->ParentWindow, session->device.Menu, module_instance,
+                        nullptr);
+    RaisePending(session);
+    if (!window) FatalError(session, "Unable to allocate a Display Context.", CODE_DISPLAY);
+    SetWindowLongA(window, 0, reinterpret_cast<LONG>(session));
+    session->device.Window = window;
+    if (session->SessionKind == KIND_DESIGNER)
+        session->FormBlock.FormWindow = window;
+    else
+        session->ViewBlock.ReportWindow = window;
+    ShowWindow(window, SW_SHOW);
+    SetFocus(window);
+    ValidateRect(window, nullptr);
+    RaisePending(session);
+}
+
+int CodeOfUnreadForm(const Session *session) {
+    const bool no_label_form = session->form.Header.LabelType == 0;
+    if (session->LabelMode) return no_label_form ? CODE_NOT_A_LABEL_FORM : CODE_FORM_NOT_READ;
+    return no_label_form ? CODE_FORM_NOT_READ : CODE_NOT_A_REPORT_FORM;
+}
+
+} // namespace
+
+int CreateFormWindow(Session *session, uint32_t style, int x, int y, int width, int height) {
+    session->LabelMode = LabelModeWanted();
+    InitVariables(session);
+    AllocArrayMem(session);
+    if (!GetDefaultPrinter(session, session->printer.DeviceName, session->printer.DriverName,
+                           session->printer.PortName))
+        return CODE_PRINTER;
+    InitPrinter(session);
+    if (session->run.OutputToScreen)
+        MakeSessionWindow(session, style, RECT{x, y, width, height});
+    else
+        session->device.Window = session->ParentWindow;
+    InitDeviceProp(session);
+    session->WindowInMaking = 0;
+    if (!session->run.ViewingFile && !OpenForm(session, session->CurrentFile))
+        return CodeOfUnreadForm(session);
+    session->form.FormModified = 0;
+    return CODE_DONE;
+}
+
+namespace {
+
+// False when the close is over: the user cancelled, or the save failed.
+bool SettleModifiedForm(Session *session) {
+    const char *name =
+        *session->form.Header.ReportName ? session->form.Header.ReportName : "<Untitled>";
+    std::snprintf(session->TextBuffer, sizeof session->TextBuffer,
+                  "Do you wish to save the modifications to \"%s\"?", name);
+    const int answer = ShowBox(session->device.Window, session->TextBuffer, "File Modified",
+                               MB_YESNOCANCEL);
+    if (answer == IDNO) return true;
+    if (answer == IDYES && FrSave(session, session->CurrentFile)) return true;
+    SendMessageA(session->ParentWindow, MESSAGE_NO_RESULT, 0, 0);
+    return false;
+}
+
+void FreeDevMode(Session *session) {
+    PrinterState &printer = session->printer;
+    if (!printer.DevModeMemory) return;
+    UnlockHandle(printer.DevModeMemory);
+    FreeHandle(printer.DevModeMemory);
+    printer.DevModeMemory = nullptr;
+    printer.DevMode = nullptr;
+}
+
+void TellHostOfEnd(Session *session) {
+    if (!session->ParentWindow) return;
+    if (session->MessageCallback)
+        session->MessageCallback(session->device.Window, MESSAGE_SESSION_ENDED);
+    else
+        SendMessageA(session->ParentWindow, MESSAGE_SESSION_ENDED, 0, 0);
+}
+
+} // namespace
+
+void CloseSession(Session *session) {
+    FormState &form = session->form;
+    const bool designer = session->SessionKind == KIND_DESIGNER;
+    if (designer && form.FormModified && !SettleModifiedForm(session)) return;
+    CloseFileHandle(form.FormLock);
+    form.FormLock = INVALID_HANDLE_VALUE;
+    session->IgnoreMessages = 1;
+    FreeDevMode(session);
+    ReleaseDeviceProp(session);
+    if (form.TablesAllocated)
+        for (int row = 0; row < MAX_FONTS; ++row) ReleaseFontRow(session, row);
+    if (designer) session->FormBlock.DesignerOpen = 0;
+    if (session->run.OutputToScreen && session->device.Window)
+        DestroyWindow(session->device.Window);
+    if (session->pages.ShownPage) DeleteMetaFile(session->pages.ShownPage);
+    session->pages.ShownPage = nullptr;
+    if (form.TablesAllocated) FreeArrayMem(session);
+    FreeOperatorTable(session);
+    TellHostOfEnd(session);
+}
+
+} // namespace tessarine

@@ -1,0 +1,83 @@
+#include "tests/support/test_session.h"
+
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "form/built_in_tables.h"
+#include "form/defaults.h"
+#include "form/field_table.h"
+#include "frame/memory.h"
+#include "frame/session_table.h"
+#include "frame/text.h"
+
+namespace {
+
+constexpr int TEST_CHAR_WIDTH = 12;
+constexpr int TEST_LINE_HEIGHT = 40;
+
+void FillTestFont(FontEntry *font) {
+    font->InUse = 1;
+    font->Height = TEST_LINE_HEIGHT;
+    font->Ascent = TEST_LINE_HEIGHT - 8;
+    for (int c = 1; c < 256; ++c) font->CharWidth[c] = TEST_CHAR_WIDTH;
+}
+
+} // namespace
+
+BareSession::BareSession() {
+    tessarine::OpenRunSession(&session_);
+    session_->SessionKind = tessarine::KIND_REPORT;
+    tessarine::InitVariables(session_);
+    tessarine::AllocArrayMem(session_);
+    session_->form.FontCount = 1;
+    FillTestFont(&session_->form.Fonts[0]);
+}
+
+BareSession::~BareSession() {
+    for (int row = 0; row < session_->form.FieldCount; ++row)
+        tessarine::OurFree(session_->form.Fields[row].TextValue);
+    tessarine::FreeArrayMem(session_);
+    tessarine::FreeOperatorTable(session_);
+    tessarine::FreeRunSession(session_);
+}
+
+int BareSession::AddField(int kind, const std::string &name, int type, int width) {
+    const int row = tessarine::NewFieldSlot(session_);
+    FieldRecord *field = &session_->form.Fields[row];
+    tessarine::InitField(session_, field);
+    field->FieldKind = static_cast<uint16_t>(kind);
+    tessarine::CopyText(name.c_str(), field->FieldName, sizeof field->FieldName);
+    field->ValueType = static_cast<int16_t>(type);
+    field->FieldWidth = static_cast<int16_t>(width);
+    if (type == TYPE_TEXT) {
+        field->TextValue = static_cast<char *>(tessarine::OurAlloc(static_cast<size_t>(width) + 2));
+        field->TextValue[0] = 0;
+    }
+    return row;
+}
+
+TemporaryFolder::TemporaryFolder() {
+    char base[MAX_PATH];
+    char name[MAX_PATH];
+    GetTempPathA(sizeof base, base);
+    GetTempFileNameA(base, "tes", 0, name);
+    DeleteFileA(name);
+    CreateDirectoryA(name, nullptr);
+    path_ = name;
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+std::string ReadWholeFile(const std::string &path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+void WriteWholeFile(const std::string &path, const std::string &bytes) {
+    std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<long>(bytes.size()));
+}

@@ -1,0 +1,44 @@
+// Sessions for tests.
+#pragma once
+
+#include <string>
+
+#include "frame/session.h"
+
+// A session with its built-in tables and its four fixed tables, without window, printer or form.
+// It stands in the session table for as long as the object lives. Font row 0 is a font of
+// constant width: every character 12 form units wide, 40 high.
+class BareSession {
+public:
+    BareSession();
+    ~BareSession();
+    BareSession(const BareSession &) = delete;
+    BareSession &operator=(const BareSession &) = delete;
+
+    Session *operator->() { return session_; }
+    operator Session *() { return session_; }
+
+    // Takes the next field row: kind, name, type and width.
+    int AddField(int kind, const std::string &name, int type, int width = 15);
+
+private:
+    Session *session_;
+};
+
+// A folder of its own in the system's temporary folder, removed with all that is in it.
+class TemporaryFolder {
+public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder &) = delete;
+    TemporaryFolder &operator=(const TemporaryFolder &) = delete;
+
+    std::string Path(const std::string &name) const { return path_ + "\\" + name; }
+    const std::string &Root() const { return path_; }
+
+private:
+    std::string path_;
+};
+
+std::string ReadWholeFile(const std::string &path);
+void WriteWholeFile(const std::string &path, const std::string &bytes);
