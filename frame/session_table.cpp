@@ -7,6 +7,7 @@
 namespace tessarine {
 
 HINSTANCE module_instance = nullptr;
+UINT help_message = 0;
 uint32_t frc_format = 0;
 SessionTableState session_table{};
 

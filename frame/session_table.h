@@ -12,6 +12,7 @@ struct SessionTableState {
 };
 
 extern HINSTANCE module_instance; // taken at load
+extern UINT help_message;         // of the common dialogs, by its registered name
 extern uint32_t frc_format;       // "FrcFormat": selects the ending .FRC over .FR
 extern SessionTableState session_table;
 

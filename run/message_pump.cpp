@@ -1,0 +1,20 @@
+#include "frame/fatal_error.h"
+#include "run/record_driver.h"
+
+namespace tessarine {
+
+void PumpMessages(Session *session) {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (!TranslateAcceleratorA(session->device.Window, session->device.AccelTable, &message)) {
+            TranslateMessage(&message);
+            DispatchMessageA(&message);
+        }
+        RaisePending(session);
+        if (session->run.CancelState == CANCEL_STOP) break;
+    }
+    if (session->run.CancelState == CANCEL_STOP && session->run.RunPhase == PHASE_RECORDS)
+        FatalError(session, "", CODE_CANCELLED);
+}
+
+} // namespace tessarine

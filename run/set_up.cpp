@@ -1,0 +1,242 @@
+#include <cstring>
+
+#include "device/device_properties.h"
+#include "device/printer.h"
+#include "expr/postfix.h"
+#include "form/defaults.h"
+#include "form/file_dialog.h"
+#include "frame/clock.h"
+#include "frame/fatal_error.h"
+#include "frame/message_box.h"
+#include "frame/session_table.h"
+#include "frame/text.h"
+#include "output/device_choice.h"
+#include "output/page_store.h"
+#include "output/preview.h"
+#include "output/report_file.h"
+#include "run/page_geometry.h"
+#include "run/prompts.h"
+#include "run/record_driver.h"
+#include "run/run.h"
+#include "run/run_tables.h"
+#include "run/section_setup.h"
+#include "session/session_life.h"
+
+namespace tessarine {
+
+namespace {
+
+constexpr const char *short_months[12] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                          "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+constexpr const char *long_months[12] = {"January",   "February", "March",    "April",
+                                         "May",       "June",     "July",     "August",
+                                         "September", "October",  "November", "December"};
+
+bool FileExists(const char *path) {
+    const DWORD attributes = GetFileAttributesA(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+template <size_t Size> void Terminate(char (&text)[Size]) { text[Size - 1] = 0; }
+
+void TakeParams(Session *session, const RepParams *params) {
+    session->SessionKind = KIND_REPORT;
+    session->WindowProcedure = RepWndProc;
+    session->EndSession = [](Session *ended) { EndRun(ended); };
+    session->run.RunPhase = PHASE_SETUP;
+    session->RunBlock = *params;
+    Terminate(session->RunBlock.FormFile);
+    Terminate(session->RunBlock.TempDir);
+    Terminate(session->RunBlock.OutputFile);
+    session->run.FirstOnPage = 1;
+    session->run.FirstInGroup = 1;
+    session->ParentWindow = params->ParentWindow;
+}
+
+// What the user chose goes into the caller's block for the length of the choice.
+int AskOutput(Session *session, RepParams *params) {
+    const int answer = AskDevice(session);
+    if (answer < 0) return CODE_NO_DEVICE;
+    params->Device = answer == 0 ? 'S' : answer == 1 ? 'P' : 'F';
+    if (params->Device != 'F') return CODE_DONE;
+    Terminate(params->OutputFile);
+    const char *filter =
+        frc_format ? "Formatted Report(*.FRC)|*.FRC|" : "Formatted Report(*.FR)|*.FR|";
+    if (!AskFileName(session, params->OutputFile, filter, "Report File Name Selection", true) ||
+        !*params->OutputFile)
+        return CODE_NO_OUTPUT_FILE;
+    AddFileEnding(params->OutputFile, frc_format ? ".FRC" : ".FR", sizeof params->OutputFile);
+    return CODE_DONE;
+}
+
+int OpenOutputFile(Session *session, const RepParams *params) {
+    session->run.OutputToFile = 1;
+    CopyText(params->OutputFile, session->pages.OutputPath, sizeof session->pages.OutputPath);
+    if (!*session->pages.OutputPath) return CODE_NO_OUTPUT_FILE;
+    return WriteEmptyHeader(session, session->pages.OutputPath) ? CODE_DONE : CODE_NO_OUTPUT_FILE;
+}
+
+// The letter in the caller's block counts; the session's copy keeps the one that came in.
+int ChooseOutput(Session *session, RepParams *params) {
+    if (params->Device == 'A')
+        if (const int code = AskOutput(session, params)) return code;
+    if (params->Device == 'F') return OpenOutputFile(session, params);
+    if (params->Device == 'S') {
+        session->run.OutputToScreen = 1;
+        session->view.HorzScroll = 1;
+        session->view.VertScroll = 1;
+    } else {
+        session->run.OutputToPrinter = 1;
+    }
+    return CODE_DONE;
+}
+
+void CompileCells(Session *session, uint16_t *cells, const char *failure) {
+    uint16_t postfix[MAX_POSTFIX];
+    if (InfixToPostfix(session, cells, postfix) != CELL_END)
+        FatalError(session, failure, CODE_EXPRESSION);
+    for (int place = 0; place < MAX_CELLS; ++place) {
+        cells[place] = postfix[place];
+        if (postfix[place] == CELL_END) break;
+    }
+}
+
+void CompileExpressions(Session *session) {
+    FormState &form = session->form;
+    CompileCells(session, form.Header.ReportFilter, "Invalid Report Selection Expression!");
+    for (int row = 0; row < form.FieldCount; ++row)
+        if (form.Fields[row].FieldKind == FIELD_CALC)
+            CompileCells(session, form.Fields[row].FieldTokens,
+                         "Invalid Field Calculation Expression!");
+    for (SectionRecord &section : form.Sections)
+        if (section.InUse)
+            CompileCells(session, section.SectionFilter, "Invalid Section Selection Expression!");
+}
+
+void ResetTempFields(Session *session) {
+    for (int row = 0; row < MAX_TEMP_FIELDS; ++row) {
+        InitField(session, &session->form.TempFld[row]);
+        session->form.TempFld[row].InUse = 0;
+    }
+}
+
+void SetStartState(Session *session) {
+    RunState &run = session->run;
+    run.RunPhase = PHASE_SETUP;
+    run.CancelState = CANCEL_NONE;
+    run.RecordCount = 0;
+    run.PageCount = 1;
+    run.PageNumber = 1;
+    run.CurrentX = run.CurrentY = run.RowBottom = 0;
+    run.AcrossIndex = 0;
+    run.PageFresh = run.InPageBreak = run.TrialMode = run.ResetPageNumber = 0;
+    run.FirstOnPage = run.FirstInGroup = 1;
+    run.LastSection = -1;
+    session->pages.ShownPageIndex = 0;
+    session->pages.ShownPage = nullptr;
+}
+
+void StartPreview(Session *session) {
+    session->view.OriginX = 0;
+    session->view.OriginY = 0;
+    ResizeCanvas(session);
+    PlaceScrollBars(session);
+    StartRecorder(session, "Error creating metafile");
+    PaintStatusStrip(session);
+    SetMenuState(session);
+}
+
+void FillOutputFields(Session *session) {
+    RepParams &block = session->RunBlock;
+    block.FieldTable = session->run.InputTable;
+    block.FieldTotal = session->form.FieldCount;
+    block.BreakTable = session->run.BreakTable;
+    block.BreakTotal = session->form.BreakCount;
+    block.SessionId = session->SessionId;
+    CopyText(session->form.Header.CallerTag, block.CallerTag, sizeof block.CallerTag);
+    block.RunWord = session->form.Header.RunWord;
+}
+
+void SetSystemFields(Session *session) {
+    for (int row = 0; row < session->form.FieldCount; ++row) {
+        if (session->form.Fields[row].FieldKind != FIELD_SYSTEM) continue;
+        SetSystemField(session, &session->form.Fields[row]);
+        SetSystemField(session, &session->run.InputTable[row]);
+    }
+}
+
+void TakeHostPrinter(Session *session, HGLOBAL devNames, HGLOBAL devMode) {
+    if (!devNames || !devMode) return;
+    SetDevNames(session, devNames);
+    SetDevMode(session, devMode, 0);
+    ProcessPrinterData(session);
+}
+
+// Output, window, printer and form.
+int OpenRun(Session *session, RepParams *params, HGLOBAL devNames, HGLOBAL devMode) {
+    TakeParams(session, params);
+    if (!FileExists(session->RunBlock.FormFile))
+        FatalError(session, "Form File Not Found!", CODE_FILE);
+    CopyText(session->RunBlock.FormFile, session->CurrentFile, sizeof session->CurrentFile);
+    if (const int code = ChooseOutput(session, params)) return code;
+    const RepParams &block = session->RunBlock;
+    if (const int code = CreateFormWindow(session, block.WindowStyle, block.WindowX, block.WindowY,
+                                          block.WindowWidth, block.WindowHeight))
+        return code;
+    TakeHostPrinter(session, devNames, devMode);
+    if (session->run.OutputToScreen) {
+        session->form.Header.RulerFlags = 0;
+        ResizeCanvas(session);
+    }
+    return CODE_DONE;
+}
+
+// Values, expressions and sections, ready for records.
+void PrepareValues(Session *session) {
+    ResetTempFields(session);
+    CopyToBreakTable(session);
+    SetStartValues(session);
+    CompileExpressions(session);
+    CopyToInputTable(session);
+    PrepareSections(session);
+    ReadLocalClock(session);
+    std::memcpy(session->run.ShortMonths, short_months, sizeof short_months);
+    std::memcpy(session->run.LongMonths, long_months, sizeof long_months);
+    SetStartState(session);
+}
+
+int SetUpRun(Session *session, RepParams *params, int feedMode, HGLOBAL devNames,
+             HGLOBAL devMode) {
+    if (const int code = OpenRun(session, params, devNames, devMode)) return code;
+    SettleFeedOffset(session);
+    AllocRepMem(session);
+    if (!AskUserFields(session)) {
+        session->run.CancelState = CANCEL_STOP;
+        RepExit(session->SessionId, 0, nullptr);
+        return CODE_CANCELLED;
+    }
+    PrepareValues(session);
+    SettlePageGeometry(session, feedMode);
+    if (session->run.BodyBottom <= 0) {
+        ShowBox(session->device.Window, "Page Too Small!");
+        return CODE_PRINTER;
+    }
+    if (session->run.OutputToScreen) StartPreview(session);
+    if (session->run.OutputToFile) StartRecorder(session, "Error creating metafile(a)");
+    SetSystemFields(session);
+    FillOutputFields(session);
+    *params = session->RunBlock;
+    return CODE_DONE;
+}
+
+} // namespace
+
+int RepInit(RepParams *params, int feedMode, HGLOBAL devNames, HGLOBAL devMode) {
+    Session *session = nullptr;
+    if (const int code = OpenRunSession(&session)) return code;
+    return AtEntry(
+        session, [&] { return SetUpRun(session, params, feedMode, devNames, devMode); },
+        [&] { return session->ErrorCode; });
+}
+
+} // namespace tessarine
