@@ -1,6 +1,8 @@
 // The common colour dialog.
 #pragma once
 
+#include <cstdint>
+
 #include "frame/windows.h"
 
 namespace tessarine {

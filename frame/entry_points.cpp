@@ -38,7 +38,15 @@ namespace {
 template <typename Result, typename Body>
 Result OnSession(Session *session, Result fallback, Body body) {
     if (!session) return fallback;
-    return tessarine::AtEntry(session, body, [&] { return fallback; });
+    const int depth = session->UnwindPoint++;
+    Result result = fallback;
+    try {
+        result = body();
+    } catch (const tessarine::Unwinding &) {
+        session->PendingFailure = 0;
+    }
+    session->UnwindPoint = depth;
+    return result;
 }
 
 } // namespace

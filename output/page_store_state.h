@@ -31,7 +31,8 @@ struct ViewState {
     int32_t ScrollPosY;
     uint32_t HorzScroll; // the window has that scroll bar
     uint32_t VertScroll;
-    uint32_t PaintEnabled;
+    uint32_t PaintEnabled; // the session has a window of its own to paint
+    int32_t StripHeight;   // form units: the status strip's height, which the layout leaves at 0
     RECT ClipRect; // pixels
 };
 

@@ -59,6 +59,7 @@ void MakeSessionWindow(Session *session, uint32_t style, const RECT &place) {
     if (!window) FatalError(session, "Unable to allocate a Display Context.", CODE_DISPLAY);
     SetWindowLongA(window, 0, reinterpret_cast<LONG>(session));
     session->device.Window = window;
+    session->view.PaintEnabled = 1;
     if (session->SessionKind == KIND_DESIGNER)
         session->FormBlock.FormWindow = window;
     else

@@ -1,0 +1,205 @@
+#include <algorithm>
+#include <cstdio>
+
+#include "frame/owned.h"
+#include "frame/text_measure.h"
+#include "output/preview.h"
+
+namespace tessarine {
+
+namespace {
+
+constexpr int FIT_BORDER = 25; // form units kept free beside a fitted sheet
+constexpr int TEXT_LENGTH = 80;
+
+void SetViewOrigin(const Session *session) {
+    const int x = std::max(session->view.OriginX, 0);
+    const int y = std::max(session->view.OriginY, 0);
+    SetWindowOrgEx(session->device.ScreenDC, x, y, nullptr);
+    SetWindowOrgEx(session->device.MemoryDC, x, y, nullptr);
+}
+
+RECT VisibleRectangle(const Session *session) {
+    const ViewState &view = session->view;
+    const int x = std::max(view.OriginX, 0);
+    const int y = std::max(view.OriginY, 0);
+    return RECT{x, y, x + view.ViewWidth, y + view.ViewHeight};
+}
+
+void CopyToWindow(const Session *session, const RECT &part) {
+    BitBlt(session->device.ScreenDC, part.left, part.top, part.right - part.left,
+           part.bottom - part.top, session->device.MemoryDC, part.left, part.top, SRCCOPY);
+}
+
+// A page may leave its own pens, colours and modes behind.
+void PlayPage(const Session *session, HDC device) {
+    if (!session->pages.ShownPage) return;
+    const int saved = SaveDC(device);
+    PlayMetaFile(device, session->pages.ShownPage);
+    RestoreDC(device, saved);
+}
+
+void DrawLine(HDC device, int left, int top, int right, int bottom) {
+    MoveToEx(device, left, top, nullptr);
+    LineTo(device, right, bottom);
+}
+
+// The true end of a report shows at a glance: solid red instead of dots.
+void MarkPageEnd(const Session *session) {
+    const bool last = session->run.RunPhase == PHASE_FINISHED &&
+                      session->pages.ShownPageIndex == session->run.PageCount - 1;
+    const HDC device = session->device.MemoryDC;
+    const HGDIOBJ old_pen =
+        SelectObject(device, last ? session->device.GroupPen : session->device.DotPen);
+    DrawLine(device, 0, session->run.PageBottomUnits, session->run.PageWidthUnits,
+             session->run.PageBottomUnits);
+    SelectObject(device, old_pen);
+}
+
+void PaintActualSize(const Session *session) {
+    const HDC device = session->device.MemoryDC;
+    const RECT visible = VisibleRectangle(session);
+    FillRect(device, &visible, session->device.BackBrush);
+    const OwnedDrawingObject clip(CreateRectRgnIndirect(&session->view.ClipRect));
+    SelectClipRgn(device, static_cast<HRGN>(clip.Get()));
+    PlayPage(session, device);
+    MarkPageEnd(session);
+    CopyToWindow(session, visible);
+    SelectClipRgn(device, nullptr);
+}
+
+// The largest sheet of the paper's proportions that fits the view, in its middle.
+RECT FittedSheet(const Session *session) {
+    const ViewState &view = session->view;
+    const double paper_width = session->printer.PaperWidth;
+    const double paper_height = session->printer.PaperHeight;
+    int height = view.ViewHeight - FIT_BORDER;
+    int width = static_cast<int>(height * paper_width / paper_height);
+    if (width >= view.ViewWidth) {
+        width = view.ViewWidth - FIT_BORDER;
+        height = static_cast<int>(width * paper_height / paper_width);
+    }
+    const int left = (view.ViewWidth - width) / 2;
+    const int top = (view.ViewHeight - height) / 2;
+    return RECT{left, top, left + width, top + height};
+}
+
+struct Mapping {
+    POINT viewport_origin;
+    SIZE viewport_extent;
+    POINT window_origin;
+    SIZE window_extent;
+};
+
+Mapping MappingOf(HDC device) {
+    Mapping mapping{};
+    GetViewportOrgEx(device, &mapping.viewport_origin);
+    GetViewportExtEx(device, &mapping.viewport_extent);
+    GetWindowOrgEx(device, &mapping.window_origin);
+    GetWindowExtEx(device, &mapping.window_extent);
+    return mapping;
+}
+
+// Maps the paper on the sheet, with the page's origin at the printer's unprintable offset.
+void MapPaperOnSheet(const Session *session, const RECT &sheet, int paperWidth, int paperHeight) {
+    const HDC device = session->device.ScreenDC;
+    const Mapping old = MappingOf(device);
+    const int width = sheet.right - sheet.left;
+    const int height = sheet.bottom - sheet.top;
+    const int x = sheet.left + MulDiv(session->printer.PrintOffsetX, width, paperWidth);
+    const int y = sheet.top + MulDiv(session->printer.PrintOffsetY, height, paperHeight);
+    SetMapMode(device, MM_ANISOTROPIC);
+    SetWindowExtEx(device, paperWidth, paperHeight, nullptr);
+    SetViewportExtEx(device, MulDiv(width, old.viewport_extent.cx, old.window_extent.cx),
+                     MulDiv(height, old.viewport_extent.cy, old.window_extent.cy), nullptr);
+    SetViewportOrgEx(
+        device,
+        MulDiv(x - old.window_origin.x, old.viewport_extent.cx, old.window_extent.cx) +
+            old.viewport_origin.x,
+        MulDiv(y - old.window_origin.y, old.viewport_extent.cy, old.window_extent.cy) +
+            old.viewport_origin.y,
+        nullptr);
+}
+
+void DrawSheetFrame(const Session *session, const RECT &sheet) {
+    const HDC device = session->device.ScreenDC;
+    const Mapping mapping = MappingOf(device);
+    const int pixel_x = MulDiv(1, mapping.window_extent.cx, mapping.viewport_extent.cx);
+    const int pixel_y = MulDiv(1, mapping.window_extent.cy, mapping.viewport_extent.cy);
+    const HGDIOBJ old_pen = SelectObject(device, GetStockObject(BLACK_PEN));
+    DrawLine(device, sheet.left, sheet.top, sheet.right, sheet.top);
+    DrawLine(device, sheet.right, sheet.top, sheet.right, sheet.bottom);
+    DrawLine(device, sheet.right, sheet.bottom, sheet.left, sheet.bottom);
+    DrawLine(device, sheet.left, sheet.bottom, sheet.left, sheet.top);
+    const int right = sheet.right + pixel_x;
+    const int bottom = sheet.bottom + pixel_y;
+    DrawLine(device, right, sheet.top + pixel_y, right, bottom);
+    DrawLine(device, right, bottom, sheet.left + pixel_x, bottom);
+    SelectObject(device, old_pen);
+}
+
+void PaintFitted(const Session *session) {
+    const int paper_width = static_cast<int>(session->printer.PaperWidth * 250.0);
+    const int paper_height = static_cast<int>(session->printer.PaperHeight * 250.0);
+    const RECT sheet = FittedSheet(session);
+    if (paper_width < 1 || paper_height < 1 || sheet.right <= sheet.left) return;
+    const HDC device = session->device.ScreenDC;
+    FillRect(device, &sheet, session->device.BackBrush);
+    const int saved = SaveDC(device);
+    MapPaperOnSheet(session, sheet, paper_width, paper_height);
+    if (session->pages.ShownPage) PlayMetaFile(device, session->pages.ShownPage);
+    RestoreDC(device, saved);
+    DrawSheetFrame(session, sheet);
+}
+
+void StripText(const Session *session, const RECT &strip, int x, int line, const char *text) {
+    ExtTextOutA(session->device.MemoryDC, x, strip.top + line * session->device.FontHeight,
+                ETO_CLIPPED, &strip, text, static_cast<UINT>(lstrlenA(text)), nullptr);
+}
+
+void WriteStrip(const Session *session, const RECT &strip) {
+    const RunState &run = session->run;
+    const bool finished = run.RunPhase == PHASE_FINISHED;
+    char text[TEXT_LENGTH];
+    std::snprintf(text, sizeof text, finished ? "   Last Page: %d" : "   Processing Page# %d",
+                  run.PageCount);
+    StripText(session, strip, strip.left, 0, text);
+    std::snprintf(text, sizeof text,
+                  finished ? "   Record Count: %d" : "   Processing Record#: %d", run.RecordCount);
+    StripText(session, strip, strip.left, 1, text);
+    if (!finished && run.PageCount < 2) return;
+    std::snprintf(text, sizeof text, "Current Page: %d   ", session->pages.ShownPageIndex + 1);
+    StripText(session, strip, strip.right - GetLabelLen(session, text, 0), 1, text);
+}
+
+} // namespace
+
+void PaintStatusStrip(Session *session) {
+    if (!session->view.PaintEnabled || session->IgnoreMessages) return;
+    const HDC device = session->device.MemoryDC;
+    RECT strip = VisibleRectangle(session);
+    strip.bottom = strip.top + session->view.StripHeight;
+    FillRect(device, &strip, session->device.GreyBrush);
+    const int saved = SaveDC(device);
+    SelectObject(device, session->form.Fonts[0].Font ? session->form.Fonts[0].Font
+                                                     : GetStockObject(SYSTEM_FONT));
+    SetBkMode(device, TRANSPARENT);
+    SetTextColor(device, session->device.ForeColor);
+    WriteStrip(session, strip);
+    RestoreDC(device, saved);
+    if (session->view.StripHeight > 0) CopyToWindow(session, strip);
+}
+
+void PaintPreview(Session *session) {
+    if (!session->view.PaintEnabled || session->IgnoreMessages) return;
+    if (session->view.FitPage) session->view.OriginX = session->view.OriginY = 0;
+    SetViewOrigin(session);
+    PaintStatusStrip(session);
+    if (session->view.FitPage)
+        PaintFitted(session);
+    else
+        PaintActualSize(session);
+    ValidateRect(session->device.Window, nullptr);
+}
+
+} // namespace tessarine
