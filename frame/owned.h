@@ -35,7 +35,26 @@ inline void DeleteContext(HDC device) { DeleteDC(device); }
 inline void DeleteDrawingObject(HGDIOBJ object) { DeleteObject(object); }
 inline void CloseOpenPrinter(HANDLE printer) { ClosePrinter(printer); }
 
-using OwnedFile = Owned<HANDLE, CloseFileHandle>;
+// A file handle, for which INVALID_HANDLE_VALUE is the state of owning nothing.
+class OwnedFile {
+public:
+    explicit OwnedFile(HANDLE file = INVALID_HANDLE_VALUE) : file_(file) {}
+    OwnedFile(const OwnedFile &) = delete;
+    OwnedFile &operator=(const OwnedFile &) = delete;
+    ~OwnedFile() { CloseFileHandle(file_); }
+
+    HANDLE Get() const { return file_; }
+    explicit operator bool() const { return file_ != INVALID_HANDLE_VALUE; }
+    HANDLE Leave() { // gives the handle away
+        const HANDLE file = file_;
+        file_ = INVALID_HANDLE_VALUE;
+        return file;
+    }
+
+private:
+    HANDLE file_;
+};
+
 using OwnedContext = Owned<HDC, DeleteContext>;
 using OwnedDrawingObject = Owned<HGDIOBJ, DeleteDrawingObject>;
 using OwnedPrinter = Owned<HANDLE, CloseOpenPrinter>;

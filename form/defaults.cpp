@@ -1,0 +1,110 @@
+#include "form/defaults.h"
+
+#include <cstdio>
+#include <cstring>
+
+#include "form/built_in_tables.h"
+#include "frame/host_data.h"
+#include "frame/text.h"
+
+namespace tessarine {
+
+namespace {
+
+constexpr int GRID_SIZE = 12; // form units
+constexpr int FILLER_CHARACTER = 215;
+
+void ClearCounters(Session *session) {
+    FormState &form = session->form;
+    form.TotalItems = form.FieldCount = form.BreakCount = form.FontCount = 0;
+    form.UserFieldCount = 0;
+    form.FormLock = INVALID_HANDLE_VALUE;
+    form.FontMarker = FONT_MARKER;
+    session->designer.SelectedItem = -1;
+    session->designer.PendingCommand = -1;
+}
+
+void SetColors(Session *session) {
+    DeviceState &device = session->device;
+    device.ForeColor = 0x000000;
+    device.BackColor = 0xFFFFFF;
+    device.GreyColor = 0x7F7F7F;
+    device.GroupColor = 0x0000FF;
+    device.TealColor = 0x7F7F00;
+}
+
+void SetHelpFile(Session *session) {
+    DesignerState &designer = session->designer;
+    const char *name = host_data.HelpFileName ? host_data.HelpFileName : "REP.HLP";
+    CopyText(name, designer.HelpFile, sizeof designer.HelpFile);
+    std::snprintf(designer.HelpFileSecond, sizeof designer.HelpFileSecond, "%s>SECOND",
+                  designer.HelpFile);
+}
+
+} // namespace
+
+void InitSections(Session *session) {
+    for (SectionRecord &section : session->form.Sections) {
+        section.InUse = 0;
+        section.SectionFlags = 0;
+        section.Across = 1;
+        section.SectionFilter[0] = CELL_END;
+        section.PrintNow = 1;
+        section.FirstItem = 0;
+        section.ItemTotal = 0;
+        std::memset(section.Reserved220, 0, sizeof section.Reserved220);
+    }
+}
+
+void InitVariables(Session *session) {
+    ClearCounters(session);
+    SetColors(session);
+    session->designer.SnapToGrid = 1;
+    session->designer.GridSize = GRID_SIZE;
+    SetHelpFile(session);
+    session->printer.PaperWidth = 8.5F;
+    session->printer.PaperHeight = 11.0F;
+    BuildSectionNames(session);
+    InitSections(session);
+    BuildSystemFields(session);
+    BuildSummaryNames(session);
+    BuildDateFormatNames(session);
+    BuildOperatorTable(session);
+    for (UserFieldRecord &user : session->form.UserFields) {
+        user.InUse = 0;
+        std::memset(user.Reserved434, 0, sizeof user.Reserved434);
+    }
+    std::memset(session->form.FillerText, FILLER_CHARACTER, sizeof session->form.FillerText - 1);
+}
+
+ItemRecord DefaultItem(const Session *session) {
+    ItemRecord item{};
+    item.ItemType = ITEM_LABEL;
+    item.ItemFlags = FLAG_LEFT | FLAG_MIDDLE;
+    item.OutlineColor = session->device.ForeColor;
+    item.LineColor = session->device.ForeColor;
+    item.Background.Color = session->device.BackColor;
+    return item;
+}
+
+void InitField(const Session *, FieldRecord *record) {
+    *record = FieldRecord{};
+    record->HostTable = -1;
+    record->HostField = -1;
+    record->ValueType = TYPE_TEXT;
+    record->FieldWidth = 15;
+    record->Modifiable = 1;
+    record->InUse = 1;
+    record->TableIndex = -1;
+    record->DateDelimiter[0] = '/';
+    record->ThousandsChar[0] = ',';
+    record->DecimalChar[0] = '.';
+    record->TrueText[0] = 'Y';
+    record->FalseText[0] = 'N';
+    record->NegativePrefix[0] = '-';
+    record->ZeroText[0] = '0';
+    record->FieldTokens[0] = CELL_END;
+    record->LineBreakChar[0] = '\r';
+}
+
+} // namespace tessarine

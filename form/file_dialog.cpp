@@ -1,0 +1,52 @@
+#include "form/file_dialog.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "frame/host_data.h"
+#include "frame/text.h"
+
+namespace tessarine {
+
+namespace {
+
+constexpr size_t NAME_LENGTH = 129; // 128 characters of path
+
+// A double click on the dialog must not reach the window behind it.
+void DropMouseMessages(HWND window) {
+    MSG message;
+    while (PeekMessageA(&message, window, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE)) {
+    }
+}
+
+} // namespace
+
+bool AskFileName(Session *session, char *name, const char *filter, const char *title, bool save) {
+    char chosen[NAME_LENGTH];
+    char parts[256];
+    CopyText(name, chosen, sizeof chosen);
+    CopyText(filter, parts, sizeof parts - 1);
+    const size_t length = std::strlen(parts);
+    parts[length + 1] = 0;
+    std::replace(parts, parts + length, '|', '\0');
+
+    const HWND window = session->device.Window ? session->device.Window : session->ParentWindow;
+    OPENFILENAMEA dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = window;
+    dialog.lpstrFilter = parts;
+    dialog.lpstrFile = chosen;
+    dialog.nMaxFile = sizeof chosen;
+    dialog.lpstrTitle = title;
+    dialog.Flags = OFN_HIDEREADONLY | OFN_NOCHANGEDIR | (save ? OFN_OVERWRITEPROMPT : 0);
+    if (host_data.FileDialogDir && *host_data.FileDialogDir)
+        dialog.lpstrInitialDir = host_data.FileDialogDir;
+    const bool done = save ? GetSaveFileNameA(&dialog) : GetOpenFileNameA(&dialog);
+    if (!done && session->ParentWindow)
+        SendMessageA(session->ParentWindow, MESSAGE_NO_RESULT, 0, 0);
+    if (window) DropMouseMessages(window);
+    if (done) std::strcpy(name, chosen);
+    return done;
+}
+
+} // namespace tessarine

@@ -1,0 +1,21 @@
+// Blocks of a form file, moved through a small fixed buffer.
+#pragma once
+
+#include <cstddef>
+
+#include "frame/session.h"
+
+namespace tessarine {
+
+// Both stop at the first system call that fails or falls short; false then.
+bool ReadBlock(HANDLE file, void *memory, size_t size);
+bool WriteBlock(HANDLE file, const void *memory, size_t size);
+
+// The rows of the font table. Reading gives false when the table is to be abandoned; a picture
+// that finds no memory is fatal with code 3.
+bool ReadFontRows(Session *session, HANDLE file);
+
+enum class FontWrite { Done, Silent, NoMemory };
+FontWrite WriteFontRows(Session *session, HANDLE file);
+
+} // namespace tessarine

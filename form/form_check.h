@@ -1,0 +1,14 @@
+// Whether what was read from a form file can be worked with: rows named by other rows exist,
+// lists and texts end inside their fields.
+#pragma once
+
+#include "frame/session.h"
+
+namespace tessarine {
+
+bool CountsFit(const FormHeader &header);
+// Items, fields, breaks and sections against each other.
+bool TablesAgree(const Session *session);
+bool UserFieldsFit(const Session *session);
+
+} // namespace tessarine

@@ -1,0 +1,87 @@
+#include "session/open_form.h"
+
+#include <cstdio>
+
+#include "device/margins.h"
+#include "device/printer.h"
+#include "form/fonts.h"
+#include "form/form_reader.h"
+#include "form/pictures.h"
+#include "frame/fatal_error.h"
+#include "frame/host_data.h"
+#include "frame/message_box.h"
+#include "frame/text.h"
+#include "session/session_life.h"
+
+namespace tessarine {
+
+namespace {
+
+bool CreateWanted(const Session *session, const char *path) {
+    char text[400];
+    std::snprintf(text, sizeof text, "File %s does not exist. Create a new form?", path);
+    return ShowBox(session->device.Window, text, "New Form", MB_YESNO) == IDYES;
+}
+
+void TellHostOfLabel(const Session *session) {
+    if (!session->LabelMode) return;
+    if (host_data.LabelTypePtr) *host_data.LabelTypePtr = session->form.Header.LabelType;
+    if (host_data.LabelGeometryPtr)
+        *host_data.LabelGeometryPtr = session->form.Header.LabelGeometry;
+}
+
+// Row 0 is always in use; an item of the form may have given up any other.
+void MakeFontRows(Session *session) {
+    session->form.Fonts[0].InUse = 1;
+    for (int row = 0; row < session->form.FontCount; ++row) {
+        const FontEntry &font = session->form.Fonts[row];
+        if (!font.InUse) {
+            ClearFontRow(session, row);
+        } else if (font.IsPicture) {
+            if (font.InfoBlock) RestoreBitmap(session, session->device.ScreenDC, row);
+        } else if (!MakeFont(session, session->device.ScreenDC, row, true)) {
+            FatalErrorWith(session, "Error Creating Font: %s", font.LogFont.lfFaceName,
+                           CODE_DISPLAY);
+        }
+    }
+}
+
+// A data field is the host's: it is found anew by its name.
+void OfferDataFields(Session *session) {
+    const CheckFieldRoutine check = session->FormBlock.CheckFieldProc;
+    const HWND window = session->device.Window;
+    for (int row = 0; row < session->form.FieldCount; ++row) {
+        FieldRecord *field = &session->form.Fields[row];
+        if (field->FieldKind != FIELD_DATA) continue;
+        field->HostTable = -1;
+        field->HostField = -1;
+        if (check && IsWindow(window)) check(window, field, 0, host_data.HostContext);
+    }
+}
+
+} // namespace
+
+int OpenForm(Session *session, char *path) {
+    TrimRight(UpperText(path));
+    if (!*path) return InitNewForm(session);
+    if (GetFileAttributesA(path) == INVALID_FILE_ATTRIBUTES) {
+        if (CreateWanted(session, path)) return InitNewForm(session);
+        CloseSession(session);
+        return 0;
+    }
+    switch (ReadFormFile(session, path)) {
+    case FormRead::Done: break;
+    case FormRead::Refused: return 0;
+    case FormRead::Unopened: CloseSession(session); return 0;
+    }
+    BindFormPrinter(session);
+    TellHostOfLabel(session);
+    ProcessPrinterData(session);
+    MakeFontRows(session);
+    OfferDataFields(session);
+    CountAllReferences(session);
+    ValidateMargins(session, 1);
+    return 1;
+}
+
+} // namespace tessarine
