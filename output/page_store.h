@@ -9,10 +9,18 @@ void AllocPageStore(Session *session);    // the page table and the copy buffer;
 void ReleasePageStore(Session *session);  // frees both, ends the recording, deletes scratch files
 void MakePageFileNames(Session *session); // ReportPath and the three scratch paths
 void StartRecorder(Session *session, const char *failure); // a new PageRecorder; fatal, code 1
-void TransferMetaFile(Session *session); // moves the finished page to the report file
+
+// Moves the finished page from PageRecorder to the report file and starts a new recording. The
+// caller advances PageCount. Fatal with code 1; also at page 5001, after its bytes were appended.
+void TransferMetaFile(Session *session);
+
+// Gets page pageIndex, from 0, out of the report file by way of scratchPath. oldHandle is deleted
+// first. Fatal with code 1.
 HMETAFILE ReadMetaFilePage(Session *session, int pageIndex, const char *scratchPath,
                            HMETAFILE oldHandle);
-void CopyFileData(Session *session, const char *inputPath, int inputOffset,
-                  const char *outputPath, int outputOffset, int byteCount);
+
+// Copies bytes between two files; an existing output is never cut short. Fatal with code 1.
+void CopyFileData(Session *session, const char *inputPath, int64_t inputOffset,
+                  const char *outputPath, int64_t outputOffset, int64_t byteCount);
 
 } // namespace tessarine

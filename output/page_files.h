@@ -1,0 +1,11 @@
+// The names of a session's page files and the claim on them.
+#pragma once
+
+#include "frame/session.h"
+
+namespace tessarine {
+
+// Deletes the scratch files of a session that has made its names, and a preview's report file.
+void DeletePageFiles(Session *session);
+
+} // namespace tessarine

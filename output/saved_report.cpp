@@ -1,0 +1,168 @@
+#include "output/saved_report.h"
+
+#include "device/device_properties.h"
+#include "device/printer.h"
+#include "form/file_dialog.h"
+#include "frame/clock.h"
+#include "frame/fatal_error.h"
+#include "frame/mapping.h"
+#include "frame/owned.h"
+#include "frame/session_table.h"
+#include "output/device_choice.h"
+#include "output/page_store.h"
+#include "output/preview.h"
+#include "output/report_file.h"
+#include "session/session_life.h"
+#include "frame/host_data.h"
+
+namespace tessarine {
+
+namespace {
+
+template <size_t Size> void Terminate(char (&text)[Size]) { text[Size - 1] = 0; }
+
+void TakeBlock(Session *session, const RepViewParams *block) {
+    session->SessionKind = KIND_REPORT;
+    session->WindowProcedure = RepWndProc;
+    session->EndSession = EndPageSession;
+    session->run.RunPhase = PHASE_SETUP;
+    session->ViewBlock = *block;
+    Terminate(session->ViewBlock.ReportFileName);
+    Terminate(session->ViewBlock.TempDir);
+    session->ParentWindow = block->ParentWindow;
+}
+
+bool NameReport(Session *session) {
+    RepViewParams &block = session->ViewBlock;
+    if (*block.ReportFileName) return true;
+    const char *filter =
+        frc_format ? "Formatted Report(*.FRC)|*.FRC|" : "Formatted Report(*.FR)|*.FR|";
+    return AskFileName(session, block.ReportFileName, filter, "Select Report File to View",
+                       false) &&
+           *block.ReportFileName;
+}
+
+// A run to disk without records leaves no file, which is the usual cause.
+void CheckReadable(Session *session) {
+    const OwnedFile file(CreateFileA(session->ViewBlock.ReportFileName,
+                                     GENERIC_READ | GENERIC_WRITE,
+                                     FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
+                                     FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (file) return;
+    FatalError(session,
+               LabelModeWanted() ? "No Records Selected For Label!"
+                                 : "No Records Selected For Report!",
+               CODE_WARNING);
+}
+
+bool ChooseDevice(Session *session) {
+    session->run.ViewingFile = 1;
+    char &device = session->ViewBlock.Device;
+    if (device == 'A') {
+        const int answer = AskDevice(session);
+        if (answer < 0) return false;
+        device = answer == 0 ? 'S' : 'P';
+    }
+    if (device == 'S') {
+        session->run.OutputToScreen = 1;
+        session->view.HorzScroll = session->view.VertScroll = 1;
+    } else {
+        session->run.OutputToPrinter = 1;
+    }
+    return true;
+}
+
+bool OpenWindow(Session *session, HGLOBAL devNames, HGLOBAL devMode) {
+    const RepViewParams &block = session->ViewBlock;
+    if (CreateFormWindow(session, block.WindowStyle, block.WindowX, block.WindowY,
+                         block.WindowWidth, block.WindowHeight))
+        return false;
+    if (session->run.OutputToScreen) {
+        session->form.Header.RulerFlags = 0;
+        ResizeCanvas(session);
+    }
+    if (devNames && devMode) {
+        SetDevNames(session, devNames);
+        SetDevMode(session, devMode, 0);
+        ProcessPrinterData(session);
+    }
+    return true;
+}
+
+void TakeReportHeader(Session *session) {
+    const ReportFileHeader &header = session->pages.Header;
+    RunState &run = session->run;
+    run.RecordCount = header.RecordCount;
+    session->printer.UsableWidth = header.PageWidth;
+    session->printer.UsableHeight = header.PageHeight;
+    session->printer.PaperWidth = header.PaperWidth;
+    session->printer.PaperHeight = header.PaperHeight;
+    run.PageBottomUnits = InchesToUnits(header.PageBottom);
+    run.PageWidthUnits = InchesToUnits(header.PageWidth);
+}
+
+void TakePrintOffset(Session *session) {
+    const OwnedContext device(CreatePrinterContext(session));
+    if (device)
+        ReadPrintOffset(device.Get(), &session->printer.PrintOffsetX,
+                        &session->printer.PrintOffsetY);
+}
+
+// The wanted page, or null when the report has no such page.
+HMETAFILE FetchPage(Session *session, int wanted) {
+    session->pages.ShownPageIndex = wanted - 1;
+    session->pages.ShownPage = nullptr;
+    session->run.CancelState = CANCEL_NONE;
+    session->run.RunPhase = PHASE_FINISHED;
+    TakeReportHeader(session);
+    TakePrintOffset(session);
+    MakePageFileNames(session);
+    if (session->run.OutputToScreen) PlaceScrollBars(session);
+    if (wanted < 1 || wanted > session->run.PageCount) return nullptr;
+    return ReadMetaFilePage(session, wanted - 1, session->pages.ScreenPagePath, nullptr);
+}
+
+HMETAFILE ViewPage(Session *session, RepViewParams *block, int32_t *pageNumber, HGLOBAL devNames,
+                   HGLOBAL devMode) {
+    TakeBlock(session, block);
+    if (!NameReport(session)) return nullptr;
+    CheckReadable(session);
+    if (!ReadReportHeader(session, session->ViewBlock.ReportFileName)) return nullptr;
+    if (!ChooseDevice(session) || !OpenWindow(session, devNames, devMode)) return nullptr;
+    session->ViewBlock.SessionId = static_cast<uint32_t>(session->SessionId);
+    *block = session->ViewBlock;
+    AllocPageStore(session);
+    if (!ReadPageTable(session, session->ViewBlock.ReportFileName)) return nullptr;
+    ReadLocalClock(session);
+    const HMETAFILE page = FetchPage(session, *pageNumber);
+    *pageNumber = session->run.PageCount;
+    return page;
+}
+
+} // namespace
+
+// A viewing has no call by which a host could release it, so it is released here whatever came.
+HMETAFILE RepView(RepViewParams *block, int32_t *pageNumber, HGLOBAL devNames, HGLOBAL devMode) {
+    Session *session = nullptr;
+    if (OpenRunSession(&session)) return nullptr;
+    const HMETAFILE page = AtEntry(
+        session, [&] { return ViewPage(session, block, pageNumber, devNames, devMode); },
+        [] { return HMETAFILE{}; });
+    AtEntry(
+        session,
+        [&] {
+            EndPageSession(session);
+            return 0;
+        },
+        [] { return 0; });
+    return page;
+}
+
+void EndPageSession(Session *session) {
+    if (session->pages.PageTableMemory || session->pages.CopyBuffer) ReleasePageStore(session);
+    session->form.FormModified = 0;
+    CloseSession(session);
+    FreeRunSession(session);
+}
+
+} // namespace tessarine
