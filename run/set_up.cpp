@@ -5,6 +5,7 @@
 #include "expr/postfix.h"
 #include "form/defaults.h"
 #include "form/file_dialog.h"
+#include "format/month_names.h"
 #include "frame/clock.h"
 #include "frame/fatal_error.h"
 #include "frame/message_box.h"
@@ -25,12 +26,6 @@
 namespace tessarine {
 
 namespace {
-
-constexpr const char *short_months[12] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                          "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-constexpr const char *long_months[12] = {"January",   "February", "March",    "April",
-                                         "May",       "June",     "July",     "August",
-                                         "September", "October",  "November", "December"};
 
 bool FileExists(const char *path) {
     const DWORD attributes = GetFileAttributesA(path);
