@@ -1,0 +1,88 @@
+#include <algorithm>
+#include <cmath>
+
+#include "expr/functions.h"
+#include "frame/whole_numbers.h"
+
+namespace tessarine {
+
+namespace {
+
+// The two sides are chosen each by itself.
+template <typename Choice> int Extreme(const Operation &operation, Choice choose) {
+    FieldRecord *left = operation.left;
+    FieldRecord *right = operation.right;
+    if (!IsNumber(left) || !IsNumber(right)) return ANSWER_MISMATCH;
+    operation.result->ValueType = left->ValueType;
+    if (left->ValueType != right->ValueType) {
+        FieldRecord *numeric = left->ValueType == TYPE_NUMERIC ? left : right;
+        numeric->DoubleValue = numeric->LongValue;
+        operation.result->ValueType = TYPE_DOUBLE;
+    }
+    operation.result->LongValue = choose(left->LongValue, right->LongValue);
+    operation.result->DoubleValue = choose(left->DoubleValue, right->DoubleValue);
+    return ANSWER_DONE;
+}
+
+// The leading number of a text, behind blanks and a sign; digits past 32 bits wrap.
+int32_t LeadingNumber(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    const bool negative = text.starts_with('-');
+    if (negative || text.starts_with('+')) text.remove_prefix(1);
+    int32_t number = 0;
+    for (char c : text) {
+        if (c < '0' || c > '9') break;
+        number = WrapAdd(WrapMultiply(number, 10), c - '0');
+    }
+    return negative ? WrapSubtract(0, number) : number;
+}
+
+// Neither 0 nor an infinite value changes any more, however many places there are.
+bool Settled(double value) { return value == 0.0 || !std::isfinite(value); }
+
+// The intermediate is a whole number of 32 bits: a scaled value beyond it gives a wrong result.
+double Rounded(double value, int32_t places) {
+    for (int32_t place = 0; place < places && !Settled(value); ++place) value *= 10.0;
+    double result = ToInt32(value < 0.0 ? value - 0.5 : value + 0.5);
+    for (int32_t place = 0; place < places && !Settled(result); ++place) result /= 10.0;
+    return result;
+}
+
+} // namespace
+
+int FunctionMin(const Operation &operation) {
+    return Extreme(operation, [](auto a, auto b) { return b < a ? b : a; });
+}
+
+int FunctionMax(const Operation &operation) {
+    return Extreme(operation, [](auto a, auto b) { return b > a ? b : a; });
+}
+
+int FunctionVal(const Operation &operation) {
+    const FieldRecord &value = *operation.right;
+    operation.result->ValueType = TYPE_NUMERIC;
+    if (!operation.run) return ANSWER_DONE;
+    operation.result->LongValue =
+        value.ValueType == TYPE_TEXT ? LeadingNumber(TextOf(&value)) : CountOf(&value);
+    return ANSWER_DONE;
+}
+
+int FunctionRound(const Operation &operation) {
+    if (!IsNumber(operation.left) || !IsNumber(operation.right)) return ANSWER_MISMATCH;
+    operation.result->ValueType = TYPE_DOUBLE;
+    if (operation.run)
+        operation.result->DoubleValue = Rounded(RealOf(operation.left), CountOf(operation.right));
+    return ANSWER_DONE;
+}
+
+int FunctionAbs(const Operation &operation) {
+    const FieldRecord &value = *operation.right;
+    if (!IsNumber(&value)) return ANSWER_MISMATCH;
+    const int32_t whole = value.LongValue;
+    operation.result->ValueType = value.ValueType;
+    operation.result->LongValue = whole < 0 ? WrapSubtract(0, whole) : whole;
+    operation.result->DoubleValue = std::fabs(value.DoubleValue);
+    return ANSWER_DONE;
+}
+
+} // namespace tessarine
