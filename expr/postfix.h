@@ -5,9 +5,8 @@
 
 namespace tessarine {
 
-constexpr int MAX_POSTFIX = 2 * MAX_CELLS; // room for the placeholders of unary operators
-
-// 1002 on success; the cell at which it stopped after a message. postfix has MAX_POSTFIX places.
+// 1002 on success; any other value after a message: the cell at which it stopped. postfix has
+// MAX_CELLS places; a list whose postfix would pass them is refused.
 int InfixToPostfix(Session *session, const uint16_t *infix, uint16_t *postfix);
 
 } // namespace tessarine

@@ -87,7 +87,7 @@ int ChooseOutput(Session *session, RepParams *params) {
 }
 
 void CompileCells(Session *session, uint16_t *cells, const char *failure) {
-    uint16_t postfix[MAX_POSTFIX];
+    uint16_t postfix[MAX_CELLS];
     if (InfixToPostfix(session, cells, postfix) != CELL_END)
         FatalError(session, failure, CODE_EXPRESSION);
     for (int place = 0; place < MAX_CELLS; ++place) {
