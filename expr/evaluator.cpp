@@ -4,7 +4,6 @@
 #include "expr/comparison.h"
 #include "expr/dates.h"
 #include "expr/functions.h"
-#include "expr/postfix.h"
 #include "form/defaults.h"
 #include "frame/memory.h"
 #include "frame/message_box.h"
@@ -62,7 +61,7 @@ private:
 // The cells that a list may hold; rows and temporaries that it can't refer to count as consumed.
 void TakeCells(const Session *session, const uint16_t *postfix, int *cells) {
     int place = 0;
-    for (; place < MAX_POSTFIX && postfix[place] != CELL_END; ++place) {
+    for (; place < MAX_CELLS && postfix[place] != CELL_END; ++place) {
         const int cell = postfix[place];
         const bool known = IsField(session, cell) || IsOperator(cell) || cell == CELL_NO_OPERAND;
         cells[place] = known ? cell : CELL_CONSUMED;
@@ -251,7 +250,7 @@ int ApplyOperator(Session *session, int leftCell, int rightCell, int op, FieldRe
 int EvaluateExpression(Session *session, const uint16_t *postfix, FieldRecord *result, int run) {
     if (postfix[0] == CELL_END) return CELL_END;
     Temporaries temporaries(session);
-    int cells[MAX_POSTFIX + 1];
+    int cells[MAX_CELLS + 1];
     TakeCells(session, postfix, cells);
     for (;;) {
         const Scan scan = ScanToOperator(session, cells);
