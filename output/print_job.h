@@ -5,14 +5,19 @@
 
 namespace tessarine {
 
+// A run to a printer or to disk.
 void StartPrinterRun(Session *session);  // dialog, document, first page; fatal with code 10
 void StartFileRun(Session *session);     // the dialog of a run to disk
 void EndPrinterPage(Session *session);   // EndPage and the abort procedure
 void StartPrinterPage(Session *session); // StartPage and the unit mapping
 void FilePrintPump(Session *session);
-void FinishOutput(Session *session);     // closing steps of a run to a printer or to disk
+void FinishOutput(Session *session);     // closing steps: dialog, document, report of the count
+
+// Prints finished pages of a preview. 1, also when the user cancelled; 0 after a message.
 int PrintPages(Session *session, int askRange);
+
 BOOL CALLBACK PrintProc(HDC device, int code);
 BOOL CALLBACK ScrPrintProc(HDC device, int code);
+INT_PTR CALLBACK PrintParam(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 
 } // namespace tessarine

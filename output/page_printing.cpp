@@ -1,0 +1,176 @@
+#include <utility>
+
+#include "device/printer.h"
+#include "frame/dialogs.h"
+#include "frame/fatal_error.h"
+#include "frame/mapping.h"
+#include "frame/message_box.h"
+#include "frame/owned.h"
+#include "frame/session_table.h"
+#include "output/page_store.h"
+#include "output/print_job.h"
+#include "output/progress_dialogs.h"
+#include "output/report_file.h"
+#include "rep_dlg.h"
+
+namespace tessarine {
+
+namespace {
+
+constexpr int PRINT_HELP = 3036;
+
+INT_PTR OpenRange(HWND dialog, Session *session) {
+    CentreDialog(dialog);
+    SetDialogSession(dialog, session);
+    const UINT shown = static_cast<UINT>(session->pages.ShownPageIndex + 1);
+    SetDlgItemInt(dialog, PRINT_FIRST_PAGE, shown, FALSE);
+    SetDlgItemInt(dialog, PRINT_LAST_PAGE, shown, FALSE);
+    return TRUE;
+}
+
+INT_PTR TakeRange(HWND dialog, Session *session) {
+    const int first = static_cast<int>(GetDlgItemInt(dialog, PRINT_FIRST_PAGE, nullptr, TRUE));
+    const int last = static_cast<int>(GetDlgItemInt(dialog, PRINT_LAST_PAGE, nullptr, TRUE));
+    if (first < 1 || first > last || last > FinishedPages(session)) {
+        ShowBox(dialog, "Invalid page selection.");
+        SetFocus(GetDlgItem(dialog, PRINT_FIRST_PAGE));
+        return TRUE;
+    }
+    session->run.FirstPrintPage = first;
+    session->run.LastPrintPage = last;
+    return EndDialog(dialog, 1);
+}
+
+// The job has the paper of the report and not of the present printer set-up.
+void TakeReportPaper(Session *session) {
+    if (!session->run.ViewingFile) return;
+    DEVMODEA *mode = session->printer.DevMode;
+    const ReportFileHeader &header = session->pages.Header;
+    mode->dmOrientation = static_cast<short>(header.Orientation);
+    mode->dmPaperSize = static_cast<short>(header.PaperSize);
+    mode->dmPaperLength = static_cast<short>(header.PaperLength);
+    mode->dmPaperWidth = static_cast<short>(header.PaperWidthTenths);
+    mode->dmPrintQuality = static_cast<short>(header.PrintQuality);
+}
+
+bool StartDocument(Session *session, HDC device) {
+    DOCINFOA document{};
+    document.cbSize = 20;
+    document.lpszDocName = session->form.Header.ReportName;
+    return StartDocA(device, &document) > 0;
+}
+
+// What a job changes in the session, put back at its end: cancelling it stops the job and not
+// the run behind it.
+class JobState {
+public:
+    JobState(Session *session, HDC device)
+        : session_(session), cancel_(session->run.CancelState), pages_(session->run.PageCount),
+          pixels_x_(session->device.LogPixelsX), pixels_y_(session->device.LogPixelsY) {
+        session->device.LogPixelsX = GetDeviceCaps(device, LOGPIXELSX);
+        session->device.LogPixelsY = GetDeviceCaps(device, LOGPIXELSY);
+        session->run.PageCount = 1;
+    }
+    JobState(const JobState &) = delete;
+    JobState &operator=(const JobState &) = delete;
+    ~JobState() {
+        session_->device.LogPixelsX = pixels_x_;
+        session_->device.LogPixelsY = pixels_y_;
+        session_->run.CancelState = cancel_;
+        session_->run.PageCount = pages_;
+    }
+
+private:
+    Session *session_;
+    int32_t cancel_;
+    int32_t pages_;
+    int32_t pixels_x_;
+    int32_t pixels_y_;
+};
+
+void PrintRange(Session *session, HDC device) {
+    const JobState state(session, device);
+    Owned<HMETAFILE, DeleteMetaFile> page;
+    for (int index = session->run.FirstPrintPage; index <= session->run.LastPrintPage; ++index) {
+        StartPage(device);
+        RaisePending(session);
+        ApplyMapping(session, device);
+        page.Reset(
+            ReadMetaFilePage(session, index, session->pages.PrintPagePath, page.Leave()));
+        if (page) PlayMetaFile(device, page.Get());
+        EndPage(device);
+        RaisePending(session);
+        if (session->run.CancelState == CANCEL_STOP) break;
+        ++session->run.PageCount;
+    }
+}
+
+// The dialog of a job and the window that it disables, for as long as the job stands.
+class JobDialog {
+public:
+    explicit JobDialog(Session *session) : session_(session) {
+        OpenProgress(session, "ScrPrintAbortParam", ScrPrintAbortParam, session->device.Window,
+                     session->printer.DeviceName);
+        session->run.AbortProc = ScrPrintProc;
+        UpdateWindow(session->run.AbortDialog);
+        EnableWindow(session->device.Window, FALSE);
+    }
+    JobDialog(const JobDialog &) = delete;
+    JobDialog &operator=(const JobDialog &) = delete;
+    ~JobDialog() {
+        EnableWindow(session_->device.Window, TRUE);
+        CloseProgress(session_);
+    }
+
+private:
+    Session *session_;
+};
+
+int PrintJob(Session *session, HDC device) {
+    session_table.PrinterContexts[session->SessionId] = device;
+    SetAbortProc(device, ScrPrintProc);
+    if (!StartDocument(session, device)) {
+        ShowBox(session->device.Window, "Unable to Start the Print Job");
+        return 0;
+    }
+    if (session->run.ViewingFile && session->ViewBlock.Silent) {
+        PrintRange(session, device);
+    } else {
+        const JobDialog dialog(session);
+        PrintRange(session, device);
+    }
+    EndDoc(device);
+    return 1;
+}
+
+} // namespace
+
+int PrintPages(Session *session, int askRange) {
+    if (askRange && !RunDialog(session, "PrintParam", PrintParam, 0)) return 1;
+    --session->run.FirstPrintPage;
+    --session->run.LastPrintPage;
+    TakeReportPaper(session);
+    const OwnedContext device(CreatePrinterContext(session));
+    if (!device) {
+        ShowBox(session->device.Window, "Can not initialize printing");
+        return 0;
+    }
+    const int result = PrintJob(session, device.Get());
+    session_table.PrinterContexts[session->SessionId] = nullptr;
+    return result;
+}
+
+INT_PTR CALLBACK PrintParam(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG)
+        return OpenRange(dialog, reinterpret_cast<DialogStart *>(lParam)->session);
+    Session *session = DialogSession(dialog);
+    if (message != WM_COMMAND || !session) return FALSE;
+    switch (LOWORD(wParam)) {
+    case IDOK: return TakeRange(dialog, session);
+    case IDCANCEL: return EndDialog(dialog, 0);
+    case DIALOG_HELP: ShowHelp(session, PRINT_HELP); return TRUE;
+    default: return FALSE;
+    }
+}
+
+} // namespace tessarine

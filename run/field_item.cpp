@@ -1,0 +1,155 @@
+#include <algorithm>
+#include <cctype>
+#include <cstring>
+
+#include "format/format_field.h"
+#include "format/postnet.h"
+#include "frame/text.h"
+#include "frame/text_measure.h"
+#include "run/items.h"
+#include "run/text_items.h"
+#include "run/wrapped_text.h"
+
+namespace tessarine {
+
+namespace {
+
+constexpr int TEXT_INSET = 10; // form units
+constexpr size_t TEXT_SIZE = 301;
+constexpr int POSTNET_LIMIT = 300;
+
+// A field's text on its way to the page.
+struct FieldText {
+    char text[TEXT_SIZE] = "";
+    int font = 0;
+    int extra = 0;         // room kept on the right for the longer suffix
+    int percent_width = 0; // room kept on the right for a percent sign painted apart
+    bool percent_apart = false;
+};
+
+void PaintHostPicture(const Session *session, HDC device, const ItemRecord &item,
+                      const FieldRecord &field) {
+    if (!session->RunBlock.PictureProc) return;
+    const RECT place = ItemRectangle(session, item);
+    const int32_t rectangle[4] = {place.left, place.top, place.right, place.bottom};
+    session->RunBlock.PictureProc(device, field.LongValue, field.HostTable, field.HostField,
+                                  rectangle, session->SessionId);
+}
+
+void Append(FieldText *out, const char *text) {
+    const size_t length = std::strlen(out->text);
+    CopyText(text, out->text + length, sizeof out->text - length);
+}
+
+// Right-aligned digits keep their column whether the sign shows or not.
+void PlacePercent(const Session *session, const ItemRecord &item, const FieldRecord &field,
+                  FieldText *out) {
+    if (field.SymbolKind != SYMBOL_PERCENT) return;
+    const bool shows = SymbolShows(session, &field);
+    if (item.ItemFlags & FLAG_RIGHT) {
+        out->percent_width = GetLabelLen(session, "%", item.FontIndex);
+        out->percent_apart = shows;
+    } else if (shows) {
+        Append(out, "%");
+    }
+}
+
+// The sign is read off the whole-number side for doubles too, where it counts as positive.
+void ReserveSuffix(const Session *session, const ItemRecord &item, const FieldRecord &field,
+                   FieldText *out) {
+    const int negative = GetLabelLen(session, field.NegativeSuffix, item.FontIndex);
+    const int positive = GetLabelLen(session, field.PositiveSuffix, item.FontIndex);
+    out->extra = std::max(negative, positive) - (field.LongValue >= 0 ? positive : negative);
+}
+
+bool BeginsDigits(const FieldRecord &field, char c) {
+    return std::isdigit(static_cast<unsigned char>(c)) || c == field.DecimalChar[0] ||
+           c == field.ThousandsChar[0];
+}
+
+void Fill(const Session *session, const ItemRecord &item, const FieldRecord &field,
+          FieldText *out) {
+    const int pad_width = GetLabelLen(session, field.PadChar, item.FontIndex);
+    if (!*field.PadChar || pad_width < 1) return;
+    const int room = item.width - out->extra - out->percent_width - TEXT_INSET;
+    const int length = static_cast<int>(std::strlen(out->text));
+    int count = (room - GetLabelLen(session, out->text, item.FontIndex)) / pad_width;
+    count = std::min(count, static_cast<int>(TEXT_SIZE) - 1 - length);
+    if (count <= 0) return;
+    char *digits = out->text;
+    while (*digits && !BeginsDigits(field, *digits)) ++digits;
+    std::memmove(digits + count, digits, std::strlen(digits) + 1);
+    std::memset(digits, field.PadChar[0], static_cast<size_t>(count));
+}
+
+void MakeText(Session *session, ItemRecord *item, FieldRecord *field, FieldText *out) {
+    FormatField(session, field, item->LabelText);
+    out->font = item->FontIndex;
+    if (field->ValueType == TYPE_TEXT) {
+        TruncateText(session, field->TextValue, item->width - TEXT_INSET, item->FontIndex);
+        if (field->TextValue) CopyText(field->TextValue, out->text, sizeof out->text);
+        return;
+    }
+    CopyText(item->LabelText, out->text, sizeof out->text);
+    if (field->ValueType != TYPE_NUMERIC && field->ValueType != TYPE_DOUBLE) return;
+    PlacePercent(session, *item, *field, out);
+    ReserveSuffix(session, *item, *field, out);
+    Fill(session, *item, *field, out);
+}
+
+// A field is measured by the printer's own text metrics, and drawn with the device's.
+SIZE Measure(const Session *session, const FieldRecord &field, FieldText *out) {
+    const HDC device = session->printer.InfoDevice;
+    if (field.FieldFlags & FIELD_POSTNET)
+        if (!PostnetText(out->text, static_cast<int>(std::strlen(out->text)), POSTNET_LIMIT))
+            out->font = 0;
+    const HFONT font = session->form.Fonts[out->font].Font;
+    SelectObject(device, font ? font : GetStockObject(SYSTEM_FONT));
+    SIZE size{};
+    GetTextExtentPoint32A(device, out->text, static_cast<int>(std::strlen(out->text)), &size);
+    SelectObject(device, GetStockObject(SYSTEM_FONT));
+    return size;
+}
+
+int PlaceAcross(const ItemRecord &item, const RECT &place, const FieldText &text, int width) {
+    const int x = TextLeft(item, place, width);
+    if (item.ItemFlags & FLAG_LEFT) return x;
+    if (item.ItemFlags & FLAG_RIGHT) return x - text.percent_width;
+    return std::max<int>(x, place.left + TEXT_INSET);
+}
+
+void Draw(const Session *session, HDC device, const ItemRecord &item, const FieldText &text,
+          const SIZE &size) {
+    const RECT place = ItemRectangle(session, item);
+    const int x = PlaceAcross(item, place, text, size.cx + text.extra);
+    const int y = TextTop(item, place, size.cy);
+    SelectTextStyle(session, device, item, text.font);
+    if (*text.text)
+        ExtTextOutA(device, x, y, ETO_CLIPPED, &place, text.text,
+                    static_cast<UINT>(std::strlen(text.text)), nullptr);
+    if (text.percent_apart)
+        ExtTextOutA(device, place.left + item.width - TEXT_INSET - text.percent_width, y,
+                    ETO_CLIPPED, &place, "%", 1, nullptr);
+}
+
+} // namespace
+
+void PrintField(Session *session, HDC device, int row) {
+    ItemRecord *item = &session->form.Items[row];
+    FieldRecord *field = &session->form.Fields[item->FieldIndex];
+    if (field->ValueType == TYPE_PICTURE) {
+        PaintHostPicture(session, device, *item, *field);
+        return;
+    }
+    if (field->ValueType == TYPE_TEXT && (field->FieldFlags & (FIELD_WRAP | FIELD_WORD_WRAP))) {
+        PrintWrappedField(session, device, row);
+        return;
+    }
+    FieldText text;
+    MakeText(session, item, field, &text);
+    const SIZE size = Measure(session, *field, &text);
+    Draw(session, device, *item, text, size);
+    RaiseRowBottom(session, *item);
+}
+
+} // namespace tessarine

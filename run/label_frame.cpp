@@ -1,0 +1,73 @@
+#include "form/pictures.h"
+#include "frame/mapping.h"
+#include "frame/owned.h"
+#include "run/sections.h"
+#include "run/shapes.h"
+
+namespace tessarine {
+
+namespace {
+
+constexpr COLORREF WHITE = 0xFFFFFF;
+
+struct Frame {
+    RECT place;
+    int radius;
+};
+
+void DrawFrame(HDC device, const Frame &frame) {
+    RoundRect(device, frame.place.left, frame.place.top, frame.place.right, frame.place.bottom,
+              frame.radius, frame.radius);
+}
+
+// A frame that is wanted shows, as the pen in force stays.
+void FillFrame(HDC device, const Frame &frame, const RepLogbrush &background, uint32_t outline) {
+    const OwnedDrawingObject pen(CreatePen(PS_NULL, 1, WHITE));
+    if (!outline) SelectObject(device, pen.Get());
+    LOGBRUSH brush{};
+    ReadRepLogbrush(&background, &brush);
+    const OwnedDrawingObject fill(CreateBrushIndirect(&brush));
+    SetBkMode(device, TRANSPARENT);
+    SelectObject(device, fill.Get());
+    DrawFrame(device, frame);
+    SelectObject(device, GetStockObject(WHITE_BRUSH));
+    SelectObject(device, GetStockObject(BLACK_PEN));
+}
+
+Frame FrameOf(const Session *session, const ItemRecord &bar) {
+    const FormHeader &header = session->form.Header;
+    Frame frame{};
+    frame.place.left =
+        bar.x + session->run.CurrentX - InchesToUnits(header.LeftMargin);
+    frame.place.right = frame.place.left + bar.width;
+    frame.place.top = session->run.CurrentY + bar.y + bar.RunOffset -
+                      InchesToUnits(header.TopMargin);
+    frame.place.bottom = frame.place.top + bar.height;
+    frame.radius = bar.height / 4;
+    return frame;
+}
+
+} // namespace
+
+// Frames are a matter of the preview and the report file: a printer run has no recording.
+void PrintLabelFrame(Session *session, int row, uint32_t outline) {
+    const HDC device = session->pages.PageRecorder;
+    ItemRecord *bar = &session->form.Items[row];
+    const LabelGeometry &label = session->form.Header.LabelGeometry;
+    const int16_t pitch_width = bar->width;
+    const int16_t pitch_height = bar->height;
+    bar->width = static_cast<int16_t>(InchesToUnits(label.LabelWidth));
+    bar->height = static_cast<int16_t>(InchesToUnits(label.LabelHeight));
+    const Frame frame = FrameOf(session, *bar);
+    if (device) {
+        if (bar->ItemFlags & FLAG_BACKGROUND)
+            FillFrame(device, frame, bar->Background, outline);
+        else if (outline)
+            DrawFrame(device, frame);
+        if (!outline) PrintOutline(session, device, row, frame.place);
+    }
+    bar->width = pitch_width;
+    bar->height = pitch_height;
+}
+
+} // namespace tessarine

@@ -1,0 +1,177 @@
+#include "run/prompts.h"
+
+#include <cctype>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "expr/date_text.h"
+#include "frame/dialogs.h"
+#include "frame/fatal_error.h"
+#include "frame/message_box.h"
+#include "frame/modified.h"
+#include "frame/text.h"
+#include "rep_dlg.h"
+
+namespace tessarine {
+
+namespace {
+
+constexpr int LAST_PLACE = 12; // tells the dialog that it asks the last field
+constexpr int PROMPT_HELP = 3016;
+
+UserFieldRecord *AskedField(Session *session) {
+    return &session->form.UserFields[session->designer.DialogRow];
+}
+
+// ---- answers -----------------------------------------------------------------------------------
+
+bool TakeWhole(Session *, UserFieldRecord *user) {
+    user->LongValue = static_cast<int32_t>(std::strtol(user->UserText, nullptr, 10));
+    return true;
+}
+
+bool TakeDouble(Session *, UserFieldRecord *user) {
+    user->DoubleValue = std::strtod(user->UserText, nullptr);
+    return true;
+}
+
+// The answer is looked for within the lists of words, so parts of a word count as well, and an
+// empty answer counts as true.
+bool TakeLogical(Session *session, UserFieldRecord *user) {
+    RepStrTrim(UpperText(user->UserText));
+    if (FindText("YES,TRUE,Y,1", user->UserText)) {
+        user->LongValue = 1;
+    } else if (FindText("NO,FALSE,N,0", user->UserText)) {
+        user->LongValue = 0;
+    } else {
+        ShowBox(session->device.Window, "Valid entries: YES,NO,TRUE,FALSE,Y,N,1,0");
+        return false;
+    }
+    return true;
+}
+
+bool TakeDate(Session *session, UserFieldRecord *user) {
+    char quoted[sizeof user->UserText + 3];
+    const bool own_quotes = user->UserText[0] == '"';
+    std::snprintf(quoted, sizeof quoted, own_quotes ? "%s" : "\"%s\"", user->UserText);
+    if (ParseDateText(session, quoted, &user->LongValue) == DateShape::Valid) return true;
+    ShowBox(session->device.Window, "Invalid Date Format/Value!");
+    return false;
+}
+
+struct AnswerRow {
+    int value_type;
+    bool (*take)(Session *session, UserFieldRecord *user);
+};
+
+constexpr AnswerRow answer_rows[] = {
+    {TYPE_NUMERIC, TakeWhole},
+    {TYPE_DOUBLE, TakeDouble},
+    {TYPE_LOGICAL, TakeLogical},
+    {TYPE_DATE, TakeDate},
+};
+
+bool TakeAnswer(Session *session) {
+    UserFieldRecord *user = AskedField(session);
+    for (const AnswerRow &row : answer_rows)
+        if (row.value_type == user->ValueType) return row.take(session, user);
+    return true;
+}
+
+// ---- the dialog --------------------------------------------------------------------------------
+
+// The input is as wide as the field, within the dialog, and stands centred. Its new top is
+// counted from the window's frame, which puts it lower by the height of the title bar.
+void PlaceInput(HWND dialog, const UserFieldRecord &user) {
+    const HWND input = GetDlgItem(dialog, PROMPT_INPUT);
+    RECT outer{};
+    RECT place{};
+    GetWindowRect(dialog, &outer);
+    GetWindowRect(input, &place);
+    const int frame_x = GetSystemMetrics(SM_CXDLGFRAME);
+    const int frame_y = GetSystemMetrics(SM_CYDLGFRAME);
+    const int inner = outer.right - outer.left - 2 * frame_x;
+    int width = (user.UserWidth + 1) * LOWORD(GetDialogBaseUnits());
+    if (width > inner) width = inner;
+    MoveWindow(input, (inner - width) / 2, place.top - outer.top - frame_y, width,
+               place.bottom - place.top, FALSE);
+}
+
+INT_PTR Open(HWND dialog, Session *session, int place) {
+    CentreDialog(dialog);
+    SetDialogSession(dialog, session);
+    const UserFieldRecord &user = *AskedField(session);
+    SetDlgItemTextA(dialog, PROMPT_TEXT, user.UserPrompt);
+    PlaceInput(dialog, user);
+    SetDlgItemTextA(dialog, PROMPT_INPUT, user.UserText);
+    if (place == 0 || session->designer.DialogRow == 0)
+        SetDlgItemTextA(dialog, PROMPT_PREVIOUS, "Cancel");
+    if (place == LAST_PLACE) SetDlgItemTextA(dialog, PROMPT_NEXT, "Ok");
+    SetFocus(GetDlgItem(dialog, PROMPT_INPUT));
+    return FALSE; // the focus stands where it belongs
+}
+
+void ReadInput(HWND dialog, Session *session) {
+    UserFieldRecord *user = AskedField(session);
+    GetDlgItemTextA(dialog, PROMPT_INPUT, user->UserText, 50);
+}
+
+INT_PTR OnCommand(HWND dialog, Session *session, int control) {
+    switch (control) {
+    case PROMPT_NEXT:
+        ReadInput(dialog, session);
+        EndDialog(dialog, 1);
+        SetModified(session, 1);
+        return TRUE;
+    case PROMPT_PREVIOUS:
+    case IDCANCEL:
+        ReadInput(dialog, session);
+        return EndDialog(dialog, 0);
+    case DIALOG_HELP: ShowHelp(session, PROMPT_HELP); return TRUE;
+    default: return FALSE;
+    }
+}
+
+// ---- the order ---------------------------------------------------------------------------------
+
+void ListPrompts(Session *session) {
+    RunState &run = session->run;
+    run.PromptTotal = 0;
+    for (int order = 0; order < MAX_USER_FIELDS; ++order)
+        for (int row = 0; row < MAX_USER_FIELDS; ++row) {
+            const UserFieldRecord &user = session->form.UserFields[row];
+            if (user.InUse && user.PromptOrder == order) run.PromptRows[run.PromptTotal++] = row;
+        }
+}
+
+} // namespace
+
+INT_PTR CALLBACK DlgInputParam(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG) {
+        const auto *start = reinterpret_cast<DialogStart *>(lParam);
+        return Open(dialog, start->session, static_cast<int>(start->extra));
+    }
+    Session *session = DialogSession(dialog);
+    if (message != WM_COMMAND || !session) return FALSE;
+    return Guarded(session, INT_PTR{FALSE},
+                   [&] { return OnCommand(dialog, session, LOWORD(wParam)); });
+}
+
+int AskUserFields(Session *session) {
+    ListPrompts(session);
+    const int total = session->run.PromptTotal;
+    for (int index = 0; index < total;) {
+        session->designer.DialogRow = session->run.PromptRows[index];
+        const int place = index == total - 1 ? LAST_PLACE : index;
+        if (RunDialog(session, "DlgInputParam", DlgInputParam, place) != 1) {
+            if (index == 0) return 0;
+            --index;
+        } else if (TakeAnswer(session)) {
+            ++index;
+        }
+    }
+    return 1;
+}
+
+} // namespace tessarine

@@ -1,0 +1,95 @@
+#include "frame/fatal_error.h"
+#include "frame/session_table.h"
+#include "output/page_store.h"
+#include "output/preview.h"
+#include "output/print_job.h"
+#include "output/report_file.h"
+#include "output/saved_report.h"
+#include "run/record_driver.h"
+#include "run/run.h"
+#include "run/run_tables.h"
+#include "run/sections.h"
+#include "session/session_life.h"
+
+namespace tessarine {
+
+namespace {
+
+bool SheetHasRoom(const Session *session) {
+    const RunState &run = session->run;
+    const SectionRecord &label = session->form.Sections[SECTION_DETAIL_1];
+    return run.AcrossIndex >= 1 || run.CurrentY + label.SectionHeight <= run.BodyBottom;
+}
+
+// The rest of the sheet shows empty labels. A label that doesn't print, or takes no room, would
+// never fill it, so the sheet is left as it is then.
+void FillSheet(Session *session, uint32_t outline) {
+    RunState &run = session->run;
+    const int phase = run.RunPhase;
+    run.RunPhase = PHASE_FILL;
+    while (SheetHasRoom(session)) {
+        const int column = run.AcrossIndex;
+        const int y = run.CurrentY;
+        if (!PrintSection(session, SECTION_DETAIL_1, outline)) break;
+        if (run.AcrossIndex == column && run.CurrentY <= y) break;
+    }
+    run.RunPhase = phase;
+}
+
+void PrintClosingSections(Session *session) {
+    RunState &run = session->run;
+    run.RunPhase = PHASE_CLOSING;
+    CalcFields(session, SECTION_SORT_FOOTER_9, SECTION_REPORT_FOOTER);
+    for (int level = session->form.BreakCount - 1; level >= 0; --level)
+        PrintSection(session, SECTION_PAGE_FOOTER - session->form.Breaks[level].SectionIndex, 0);
+    PrintSection(session, SECTION_REPORT_FOOTER, 0);
+    run.CurrentY = run.BodyBottom;
+    run.InPageBreak = 1; // no page break can come any more
+    run.PageFresh = 1;
+    PrintSection(session, SECTION_PAGE_FOOTER, 0);
+}
+
+void FinishPages(Session *session) {
+    session->run.RunPhase = PHASE_FINISHED;
+    if (session->run.OutputToPrinter) {
+        EndPage(session->device.ScreenDC);
+        RaisePending(session);
+        return;
+    }
+    TransferMetaFile(session);
+    WriteOutputHdrFtr(session, session->pages.ReportPath);
+    if (!session->run.OutputToScreen) return;
+    SetMenuState(session);
+    PaintPreview(session);
+}
+
+int FinishRun(Session *session, int fill, int32_t *pageCount) {
+    RunState &run = session->run;
+    const bool cancelled = run.CancelState == CANCEL_STOP;
+    if (session->LabelMode && fill && !cancelled) FillSheet(session, static_cast<uint32_t>(fill));
+    if (!cancelled && run.RecordCount >= 1) PrintClosingSections(session);
+    if (run.CancelState != CANCEL_STOP) FinishPages(session);
+    if (pageCount) *pageCount = run.PageCount > 1 || run.RecordCount != 0 ? run.PageCount : 0;
+    if (run.OutputToScreen && run.CancelState != CANCEL_STOP) return CODE_DONE;
+    return EndRun(session);
+}
+
+} // namespace
+
+int RepExit(int sessionId, int fill, int32_t *pageCount) {
+    Session *session = GetSessionPointer(nullptr, sessionId);
+    if (!session) return CODE_NO_SESSION;
+    return AtEntry(
+        session, [&] { return FinishRun(session, fill, pageCount); },
+        [&] { return session->ErrorCode; });
+}
+
+int EndRun(Session *session) {
+    const RunState &run = session->run;
+    if (run.OutputToPrinter || run.OutputToFile) FinishOutput(session);
+    FreeRunTables(session);
+    EndPageSession(session);
+    return CODE_DONE;
+}
+
+} // namespace tessarine
