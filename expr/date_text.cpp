@@ -9,6 +9,7 @@ namespace {
 
 constexpr int SHORTEST = 8; // with the delimiters at both ends
 constexpr int LONGEST = 12;
+constexpr int LONGEST_PART = 4; // digits of a year
 
 struct Parts { // numbers between separators; the last is the year
     int numbers[3] = {0, 0, 0};
@@ -40,14 +41,14 @@ Parts ReadParts(const char *text, int length) {
     for (int place = 1; place < length - 1; ++place) {
         const char c = text[place];
         if (std::isdigit(static_cast<unsigned char>(c))) {
+            if (++reader.digits > LONGEST_PART) return reader.parts;
             reader.value = reader.value * 10 + (c - '0');
-            ++reader.digits;
         } else if (!reader.Close(c)) {
             return reader.parts;
         }
     }
     reader.parts.numbers[2] = reader.value;
-    reader.parts.whole = reader.count >= 1 && reader.digits >= 1 && reader.digits <= 4;
+    reader.parts.whole = reader.count >= 1 && reader.digits >= 1;
     return reader.parts;
 }
 

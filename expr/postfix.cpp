@@ -124,12 +124,14 @@ int Shunt(Conversion *conversion, const uint16_t *work) {
     return conversion->failed ? LEFT_PARENTHESIS : CELL_END;
 }
 
+bool CountsAsOperator(int cell) { return cell >= MAX_FIELDS && cell != CELL_NO_OPERAND; }
+
 // Every operator needs two operands and leaves one.
 int CheckBalance(Conversion *conversion) {
     if (conversion->count == 0) return CELL_END;
     int operators = 0;
     for (int place = 0; place < conversion->count; ++place)
-        if (IsOperator(conversion->output[place])) ++operators;
+        if (CountsAsOperator(conversion->output[place])) ++operators;
     const int results = conversion->count - operators - 1;
     if (results == operators) return CELL_END;
     conversion->Fail(results < operators ? "Field missing for an operator"

@@ -1,6 +1,7 @@
 #include "expr/tokenizer.h"
 
 #include <cctype>
+#include <cstdio>
 #include <cstring>
 
 #include "frame/message_box.h"
@@ -85,8 +86,15 @@ bool StopsName(char before, char c, char after) {
     return c == '>' && before != '-';
 }
 
-// Reads on after the first character, which a name has whatever it is. Longer names are cut, and
-// then found by nobody.
+// No field has a longer name. Cut off, it could be taken for another field's.
+char RefuseName(Reader *reader) {
+    char text[NAME_LIMIT + 40];
+    reader->token[NAME_LIMIT] = 0;
+    std::snprintf(text, sizeof text, "Invalid data field: %s", UpperText(reader->token));
+    return reader->Fail(text);
+}
+
+// Reads on after the first character, which a name has whatever it is.
 char ReadName(Reader *reader) {
     char before = reader->text[reader->place - 1];
     while (!StopsName(before, reader->Next(), reader->After())) {
@@ -94,7 +102,7 @@ char ReadName(Reader *reader) {
         reader->Take();
     }
     reader->Finish(0);
-    if (reader->length > NAME_LIMIT) reader->token[NAME_LIMIT] = 0;
+    if (reader->length > NAME_LIMIT) return RefuseName(reader);
     UpperText(reader->token);
     return reader->Next() == '(' ? 'G' : 'F';
 }
@@ -109,8 +117,7 @@ char ReadNumber(Reader *reader) {
     if (reader->Next() == '-' && reader->After() == '>') {
         reader->Take();
         reader->Take();
-        ReadName(reader);
-        return 'F';
+        return ReadName(reader) == 'E' ? 'E' : 'F';
     }
     return reader->Finish('N');
 }

@@ -1,9 +1,9 @@
 #include "form/field_sample.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstring>
 #include <string>
+#include <string_view>
 
 #include "frame/text.h"
 #include "frame/text_measure.h"
@@ -12,155 +12,177 @@ namespace tessarine {
 
 namespace {
 
-constexpr size_t LONGEST = MAX_LABEL_TEXT;
-constexpr int INSETS = 20;         // both sides of an item, form units
-constexpr int DEFAULT_BUDGET = 580; // form units
-constexpr int ITEM_HEIGHT = 50;     // form units
+constexpr int INSET = 20;           // of an item's text, both sides together
+constexpr int DEFAULT_BUDGET = 580; // of a text without a limit, form units
+constexpr int FIELD_HEIGHT = 50;
+constexpr int CAPITAL_STEP = 5;
 constexpr const char *POSTNET_SAMPLE = "920082324";
 
-// What a sample is made for.
-struct Request {
-    const Session *session;
-    const FieldRecord &field;
-    int width; // form units left for text; 0 for no limit
-    int font;
+// The room that a sample has.
+struct Room {
+    const FontEntry &font;
+    bool limited;
+    int budget; // form units
 
-    int WidthOf(char c) const {
-        return session->form.Fonts[font].CharWidth[static_cast<unsigned char>(c)];
+    int WidthOf(char c) const { return font.CharWidth[static_cast<unsigned char>(c)]; }
+    int WidthOf(std::string_view text) const {
+        int width = 0;
+        for (const char c : text) width += WidthOf(c);
+        return width;
     }
 };
 
-std::string CasedSample(uint16_t flags) {
-    std::string text(LONGEST, 'x');
-    for (size_t place = 4; place < LONGEST; place += 5) text[place] = 'X';
-    if (flags & FIELD_UPPER) {
-        UpperText(text.data());
-    } else if (flags & FIELD_LOWER) {
-        LowerText(text.data());
-    } else if (flags & FIELD_CAPITALIZE) {
-        LowerText(text.data());
+// A record's text, which a host may have left without its terminator.
+template <size_t Size> std::string_view TextOf(const char (&field)[Size]) {
+    return {field, strnlen(field, Size)};
+}
+
+int Bounded(int count) { return std::clamp(count, 0, int{MAX_LABEL_TEXT}); }
+
+void Give(std::string_view text, char *buffer) {
+    const size_t length = std::min(text.size(), size_t{MAX_LABEL_TEXT});
+    std::memcpy(buffer, text.data(), length);
+    buffer[length] = 0;
+}
+
+void ApplyCase(const FieldRecord &field, char *text) {
+    if (field.FieldFlags & FIELD_UPPER) {
+        UpperText(text);
+    } else if (field.FieldFlags & FIELD_LOWER) {
+        LowerText(text);
+    } else if (field.FieldFlags & FIELD_CAPITALIZE) {
+        LowerText(text + 1);
         text[0] = 'X';
     }
-    return text;
 }
 
-std::string TextSample(const Request &request) {
-    const FieldRecord &field = request.field;
-    const std::string text =
-        field.FieldFlags & FIELD_POSTNET ? POSTNET_SAMPLE : CasedSample(field.FieldFlags);
-    const int budget = request.width > 0 ? request.width : DEFAULT_BUDGET;
-    size_t limit = text.size();
-    if (field.FieldKind != FIELD_CALC)
-        limit = std::min(limit, static_cast<size_t>(std::max<int>(field.FieldWidth, 0)));
+void FillText(const FieldRecord &field, char *buffer) {
+    if (field.FieldFlags & FIELD_POSTNET) {
+        std::strcpy(buffer, POSTNET_SAMPLE);
+        return;
+    }
+    for (int place = 0; place < MAX_LABEL_TEXT; ++place)
+        buffer[place] = (place + 1) % CAPITAL_STEP == 0 ? 'X' : 'x';
+    buffer[MAX_LABEL_TEXT] = 0;
+    ApplyCase(field, buffer);
+}
+
+void WriteText(const FieldRecord &field, const Room &room, char *buffer) {
+    FillText(field, buffer);
+    const int budget = room.limited ? room.budget : DEFAULT_BUDGET;
+    const int limit = field.FieldKind == FIELD_CALC ? int{MAX_LABEL_TEXT} : field.FieldWidth;
     int used = 0;
-    size_t count = 0;
-    while (count < limit && used < budget) used += request.WidthOf(text[count++]);
+    int count = 0;
+    while (used < budget && count < limit && buffer[count]) used += room.WidthOf(buffer[count++]);
     if (used > budget && count > 0) --count;
-    return text.substr(0, count);
+    buffer[count] = 0;
 }
 
-std::string Grouped(const std::string &digits, const FieldRecord &field) {
-    const size_t point = digits.find(field.DecimalChar[0]);
-    const size_t whole = field.DecimalChar[0] && point != std::string::npos ? point : digits.size();
-    std::string text;
-    for (size_t place = 0; place < whole; ++place) {
-        if (place > 0 && (whole - place) % 3 == 0) text += field.ThousandsChar;
-        text += digits[place];
-    }
-    return text + digits.substr(whole);
+// As many nines as the field is wide, with the point before the decimals. A field with more
+// decimals than width has zeros behind its point.
+std::string Digits(const FieldRecord &field) {
+    const int width = Bounded(field.FieldWidth);
+    const int decimals = Bounded(field.Decimals);
+    std::string digits(static_cast<size_t>(width), '9');
+    if (decimals == 0) return digits;
+    if (decimals > width) digits.insert(0, static_cast<size_t>(decimals - width), '0');
+    digits.insert(digits.size() - static_cast<size_t>(decimals), TextOf(field.DecimalChar));
+    return digits;
 }
 
-std::string DigitSample(const FieldRecord &field) {
-    const size_t width = static_cast<size_t>(std::clamp<int>(field.FieldWidth, 0, LONGEST));
-    const size_t decimals = static_cast<size_t>(std::clamp<int>(field.Decimals, 0, LONGEST));
-    std::string digits(width, '9');
-    if (decimals > width)
-        digits = field.DecimalChar + std::string(decimals - width, '0') + digits;
-    else if (decimals > 0)
-        digits.insert(width - decimals, field.DecimalChar);
-    return *field.ThousandsChar ? Grouped(digits, field) : digits;
+std::string Grouped(const FieldRecord &field, std::string digits) {
+    for (int place = Bounded(field.FieldWidth) - Bounded(field.Decimals) - 3; place > 0; place -= 3)
+        digits.insert(static_cast<size_t>(place), TextOf(field.ThousandsChar));
+    return digits;
 }
 
-// Of two of equal width the negative one.
-const char *Wider(const Request &request, const char *negative, const char *positive) {
-    const int negative_width = GetLabelLen(request.session, negative, request.font);
-    const int positive_width = GetLabelLen(request.session, positive, request.font);
-    return positive_width > negative_width ? positive : negative;
+std::string_view Wider(const Room &room, std::string_view negative, std::string_view positive) {
+    return room.WidthOf(positive) > room.WidthOf(negative) ? positive : negative;
 }
 
-std::string CutFromLeft(const Request &request, const std::string &text) {
-    int left = request.width;
+// The end of the text, as far as the room goes, and never less than one digit.
+std::string FittingEnd(const FieldRecord &field, const Room &room, const std::string &text) {
     size_t start = text.size();
-    while (start > 0 && left >= request.WidthOf(text[start - 1]))
-        left -= request.WidthOf(text[--start]);
-    std::string kept = text.substr(start);
-    if (kept.empty()) kept = "9";
-    if (request.field.ThousandsChar[0] && kept[0] == request.field.ThousandsChar[0]) kept[0] = '9';
-    return kept;
+    int used = 0;
+    while (start > 0 && used + room.WidthOf(text[start - 1]) <= room.budget)
+        used += room.WidthOf(text[--start]);
+    std::string end = text.substr(start);
+    if (end.empty()) return "9";
+    if (end[0] == field.ThousandsChar[0]) end[0] = '9';
+    return end;
 }
 
-std::string NumberSample(const Request &request) {
-    const FieldRecord &field = request.field;
-    std::string text = DigitSample(field);
-    if (field.SymbolKind == SYMBOL_CURRENCY) text = field.CurrencySymbol + text;
-    text = Wider(request, field.NegativePrefix, field.PositivePrefix) + text +
-           Wider(request, field.NegativeSuffix, field.PositiveSuffix);
+void WriteNumber(const FieldRecord &field, const Room &room, char *buffer) {
+    std::string text = Grouped(field, Digits(field));
+    if (field.SymbolKind == SYMBOL_CURRENCY) text.insert(0, TextOf(field.CurrencySymbol));
+    text.insert(0, Wider(room, TextOf(field.NegativePrefix), TextOf(field.PositivePrefix)));
+    text += Wider(room, TextOf(field.NegativeSuffix), TextOf(field.PositiveSuffix));
     if (field.SymbolKind == SYMBOL_PERCENT) text += '%';
-    return request.width > 0 ? CutFromLeft(request, text) : text;
+    Give(room.limited ? FittingEnd(field, room, text) : text, buffer);
 }
 
-std::string DateSample(const Request &request) {
-    const std::string d = request.field.DateDelimiter;
-    switch (request.field.DateFormat) {
-    case 0: return "mm" + d + "dd" + d + "yy";
-    case 1: return "dd" + d + "mm" + d + "yy";
-    case 2: return "mm" + d + "dd" + d + "yyyy";
-    case 3: return "Mmm dd, yyyy";
-    case 4: return "Month dd, yyyy";
-    case 5: return "dd" + d + "mm" + d + "yyyy";
-    case 6: return "dd Mmm, yyyy";
-    case 7: return "dd Month, yyyy";
-    default: return "";
+// By DateFormat; "/" stands for the field's delimiter.
+constexpr const char *date_samples[] = {"mm/dd/yy",     "dd/mm/yy",       "mm/dd/yyyy",
+                                        "Mmm dd, yyyy", "Month dd, yyyy", "dd/mm/yyyy",
+                                        "dd Mmm, yyyy", "dd Month, yyyy"};
+
+void WriteDate(const FieldRecord &field, const Room &, char *buffer) {
+    if (field.DateFormat < 0 || field.DateFormat >= static_cast<int>(std::size(date_samples)))
+        return;
+    std::string text;
+    for (const char *c = date_samples[field.DateFormat]; *c; ++c) {
+        if (*c == '/')
+            text += TextOf(field.DateDelimiter);
+        else
+            text += *c;
     }
+    Give(text, buffer);
 }
 
-std::string LogicalSample(const Request &request) {
-    const FieldRecord &field = request.field;
-    return std::strlen(field.FalseText) > std::strlen(field.TrueText) ? field.FalseText
-                                                                      : field.TrueText;
+void WriteLogical(const FieldRecord &field, const Room &, char *buffer) {
+    const std::string_view yes = TextOf(field.TrueText);
+    const std::string_view no = TextOf(field.FalseText);
+    Give(no.size() > yes.size() ? no : yes, buffer);
 }
 
-std::string PictureSample(const Request &request) {
-    return std::string(static_cast<size_t>(std::max<int>(request.field.FieldWidth, 0)), 'P');
+void WritePicture(const FieldRecord &field, const Room &, char *buffer) {
+    Give(std::string(static_cast<size_t>(Bounded(field.FieldWidth)), 'P'), buffer);
 }
 
 struct SampleRow {
     int value_type;
-    std::string (*make)(const Request &request);
+    void (*write)(const FieldRecord &field, const Room &room, char *buffer);
 };
 
 constexpr SampleRow sample_rows[] = {
-    {TYPE_NUMERIC, NumberSample}, {TYPE_DOUBLE, NumberSample},   {TYPE_TEXT, TextSample},
-    {TYPE_LOGICAL, LogicalSample}, {TYPE_DATE, DateSample}, {TYPE_PICTURE, PictureSample},
+    {TYPE_NUMERIC, WriteNumber},  {TYPE_DOUBLE, WriteNumber}, {TYPE_TEXT, WriteText},
+    {TYPE_LOGICAL, WriteLogical}, {TYPE_DATE, WriteDate},     {TYPE_PICTURE, WritePicture},
 };
+
+bool AreRows(const Session *session, int field, int font) {
+    return field >= 0 && field < session->form.FieldCount && font >= 0 && font < MAX_FONTS;
+}
 
 } // namespace
 
 int CreateFieldLabel(Session *session, int field, char *buffer, int width, int font) {
-    const int room = width > 0 ? std::max(width - INSETS, 1) : 0;
-    const Request request{session, session->form.Fields[field], room, font};
     buffer[0] = 0;
+    if (!AreRows(session, field, font)) return 1;
+    const FieldRecord &record = session->form.Fields[field];
+    const Room room{session->form.Fonts[font], width != 0, width > 0 ? width - INSET : width};
     for (const SampleRow &row : sample_rows)
-        if (row.value_type == request.field.ValueType)
-            CopyText(row.make(request).c_str(), buffer, LONGEST + 1);
+        if (row.value_type == record.ValueType) row.write(record, room, buffer);
     return 1;
 }
 
 int GetFieldSize(Session *session, int field, int font, int32_t *height, int32_t *width) {
-    char text[LONGEST + 1];
-    CreateFieldLabel(session, field, text, 0, font);
-    *width = GetLabelLen(session, text, font) + INSETS;
-    *height = session->form.Fields[field].ValueType == TYPE_PICTURE ? *width : ITEM_HEIGHT;
+    char sample[MAX_LABEL_TEXT + 1];
+    CreateFieldLabel(session, field, sample, 0, font);
+    *width = INSET;
+    *height = FIELD_HEIGHT;
+    if (!AreRows(session, field, font)) return 1;
+    *width += GetLabelLen(session, sample, font);
+    if (session->form.Fields[field].ValueType == TYPE_PICTURE) *height = *width;
     return 1;
 }
 

@@ -1,5 +1,7 @@
 #include "form/field_table.h"
 
+#include <cstring>
+
 #include "form/defaults.h"
 #include "frame/modified.h"
 
@@ -9,28 +11,22 @@ namespace {
 
 bool IsReserved(int row) { return row == 0 || row == 32; }
 
-void FreeSlot(FieldRecord *row) {
-    row->FieldKind = FIELD_FREE;
-    row->InUse = 0;
-}
-
 int AppendFreeRow(Session *session) {
     const int row = session->form.FieldCount++;
     InitField(session, &session->form.Fields[row]);
-    FreeSlot(&session->form.Fields[row]);
+    FreeFieldSlot(session, row);
     return row;
 }
 
 bool SameConstant(const FieldRecord &a, const FieldRecord &b) {
-    if (a.ValueType == TYPE_TEXT) return !lstrcmpA(a.FieldName, b.FieldName);
+    if (a.ValueType == TYPE_TEXT) return !std::strcmp(a.FieldName, b.FieldName);
     if (a.ValueType == TYPE_DOUBLE) return a.DoubleValue == b.DoubleValue;
     return a.LongValue == b.LongValue;
 }
 
 bool SameOperand(const FieldRecord &a, const FieldRecord &b) {
-    return a.ValueType == b.ValueType && a.FieldKind == b.FieldKind &&
-           a.HostTable == b.HostTable && a.HostField == b.HostField &&
-           !lstrcmpiA(a.FieldName, b.FieldName) &&
+    return a.ValueType == b.ValueType && a.FieldKind == b.FieldKind && a.HostTable == b.HostTable &&
+           a.HostField == b.HostField && !lstrcmpiA(a.FieldName, b.FieldName) &&
            (a.FieldKind != FIELD_CONSTANT || SameConstant(a, b));
 }
 
@@ -46,6 +42,11 @@ int NewFieldSlot(Session *session) {
     return AppendFreeRow(session);
 }
 
+void FreeFieldSlot(Session *session, int row) {
+    session->form.Fields[row].FieldKind = FIELD_FREE;
+    session->form.Fields[row].InUse = 0;
+}
+
 void ReleaseField(Session *session, int row) {
     if (row < 0 || row >= session->form.FieldCount) return;
     FieldRecord *field = &session->form.Fields[row];
@@ -57,7 +58,7 @@ void ReleaseField(Session *session, int row) {
     }
     const bool shared = field->FieldFlags & FIELD_SHARED;
     if (shared && field->RefCount > 0) --field->RefCount;
-    if (!shared || field->RefCount < 1) FreeSlot(field);
+    if (!shared || field->RefCount < 1) FreeFieldSlot(session, row);
     SetModified(session, 1);
 }
 
