@@ -20,9 +20,7 @@ int DaysOfMonth(int month, int year) {
 
 } // namespace
 
-void ExpandOldDate(int32_t *date) {
-    if (*date <= OLD_DATE_MAX) *date += OLD_DATE_START;
-}
+int32_t ExpandedDate(int32_t date) { return date <= OLD_DATE_MAX ? date + OLD_DATE_START : date; }
 
 int WeekdayOf(int32_t date) {
     const int year = YearOf(date) - 1900;

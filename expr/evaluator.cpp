@@ -194,7 +194,8 @@ void ExpandDates(const Operation &operation) {
     for (FieldRecord *record : {operation.left, operation.right}) {
         const bool not_taken =
             operation.code == OP_ELSE && record == operation.left && record->LongValue == 0;
-        if (record->ValueType == TYPE_DATE && !not_taken) ExpandOldDate(&record->LongValue);
+        if (record->ValueType == TYPE_DATE && !not_taken)
+            record->LongValue = ExpandedDate(record->LongValue);
     }
 }
 

@@ -1,7 +1,5 @@
 #include "expr/operations.h"
 
-#include <cstring>
-
 #include "frame/memory.h"
 #include "frame/whole_numbers.h"
 
@@ -27,7 +25,7 @@ char *NewText(const Operation &operation, size_t length) {
 int GiveText(const Operation &operation, std::string_view text) {
     char *block = NewText(operation, text.size());
     if (!block) return ANSWER_MEMORY;
-    std::memcpy(block, text.data(), text.size());
+    text.copy(block, text.size());
     block[text.size()] = 0;
     return ANSWER_DONE;
 }

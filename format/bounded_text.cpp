@@ -14,7 +14,7 @@ BoundedText StartText(char *buffer) {
 
 void Append(BoundedText *to, std::string_view text) {
     const size_t count = std::min(text.size(), to->limit - to->length);
-    std::memcpy(to->text + to->length, text.data(), count);
+    text.copy(to->text + to->length, count);
     to->length += count;
     to->text[to->length] = 0;
 }
@@ -39,7 +39,7 @@ void Prepend(BoundedText *to, std::string_view text) {
     const size_t added = std::min(text.size(), to->limit);
     const size_t kept = std::min(to->length, to->limit - added);
     std::memmove(to->text + added, to->text, kept);
-    std::memcpy(to->text, text.data(), added);
+    text.copy(to->text, added);
     to->length = added + kept;
     to->text[to->length] = 0;
 }

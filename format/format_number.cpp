@@ -81,7 +81,7 @@ void AddPrefix(const FieldRecord *record, bool negative, BoundedText *text) {
     const std::string_view own = negative ? minus : plus;
     char prefix[sizeof record->NegativePrefix];
     std::memset(prefix, ' ', sizeof prefix);
-    std::memcpy(prefix, own.data(), own.size());
+    own.copy(prefix, own.size());
     Prepend(text, {prefix, std::max(minus.size(), plus.size())});
 }
 

@@ -125,7 +125,7 @@ TEST_F(Arithmetic, SummaryOperatorsReadWhatWasAccumulated) {
                  {"_ A .COUNT-OF.", 2, SUMMARY_COUNT}};
     for (const auto &row : cases) {
         EXPECT_EQ(Whole(row.list), row.value) << row.list;
-        EXPECT_EQ(field->SummaryType, row.type) << row.list;
+        EXPECT_EQ(+field->SummaryType, row.type) << row.list;
     }
 }
 
@@ -159,7 +159,7 @@ TEST_F(Arithmetic, AverageOverADamagedCountDoesNotCrash) {
 TEST_F(Arithmetic, DryRunSwitchesTheAccumulationOn) {
     Number("A", 5);
     EXPECT_EQ(DryRun("_ A .MAX-OF.").code, CELL_END);
-    EXPECT_EQ(Field("A")->SummaryType, SUMMARY_MAX);
+    EXPECT_EQ(+Field("A")->SummaryType, SUMMARY_MAX);
 }
 
 TEST_F(Arithmetic, SummaryOfATextOrDateOrLogicalIsRefusedAlsoWhenDry) {
@@ -171,6 +171,6 @@ TEST_F(Arithmetic, SummaryOfATextOrDateOrLogicalIsRefusedAlsoWhenDry) {
             const std::string list = std::string("_ ") + name + " " + op;
             EXPECT_EQ(DryFailure(list), "Field type mismatch.") << list;
             EXPECT_EQ(Failure(list), "Field type mismatch.") << list;
-            EXPECT_EQ(Field(name)->SummaryType, SUMMARY_VALUE) << list;
+            EXPECT_EQ(+Field(name)->SummaryType, SUMMARY_VALUE) << list;
         }
 }

@@ -30,7 +30,7 @@ TEST_F(Comparison, WholeNumberAndDoubleCompareAsDoubles) {
 TEST_F(Comparison, WholeNumberBesideADoubleKeepsItsDoubleCopy) {
     Number("A", 7);
     Holds("A 1.5 >");
-    EXPECT_EQ(Field("A")->DoubleValue, 7.0);
+    EXPECT_EQ(+Field("A")->DoubleValue, 7.0);
 }
 
 TEST_F(Comparison, TextsFollowEachOperator) {
@@ -94,12 +94,12 @@ TEST_F(Comparison, DatesCompareByTheirEightDigits) {
 TEST_F(Comparison, OldFormOfADateEqualsTheNewFormAndIsExpandedInPlace) {
     Date("D", 971231);
     EXPECT_TRUE(Holds("D {19971231} ="));
-    EXPECT_EQ(Field("D")->LongValue, 19971231);
+    EXPECT_EQ(+Field("D")->LongValue, 19971231);
     Date("E", 999999);
     Date("F", 1000000);
     EXPECT_TRUE(Holds("E F >"));
-    EXPECT_EQ(Field("E")->LongValue, 19999999);
-    EXPECT_EQ(Field("F")->LongValue, 1000000);
+    EXPECT_EQ(+Field("E")->LongValue, 19999999);
+    EXPECT_EQ(+Field("F")->LongValue, 1000000);
 }
 
 TEST_F(Comparison, LogicOperatorsFollowTheirTables) {

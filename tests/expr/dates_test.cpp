@@ -17,11 +17,7 @@ TEST(Dates, OldFormReachesUpToSixDigits) {
         int32_t given, expanded;
     } cases[] = {{971231, 19971231},   {999999, 19999999}, {1000000, 1000000},
                  {19970101, 19970101}, {101, 19000101},    {0, 19000000}};
-    for (const auto &row : cases) {
-        int32_t date = row.given;
-        ExpandOldDate(&date);
-        EXPECT_EQ(date, row.expanded);
-    }
+    for (const auto &row : cases) EXPECT_EQ(ExpandedDate(row.given), row.expanded);
 }
 
 TEST(Dates, WeekdaysFollowTheCalendarFromMarch1900To2100) {
@@ -99,7 +95,7 @@ TEST_F(DateFunctions, DtosIsSortableAndPutsTheOperandsFormatBack) {
     FieldRecord *date = Date("D", 19971231);
     date->DateFormat = 4;
     EXPECT_EQ(TextOf("_ D DTOS"), "1997 12/31");
-    EXPECT_EQ(date->DateFormat, 4);
+    EXPECT_EQ(+date->DateFormat, 4);
 }
 
 TEST_F(DateFunctions, CtodReadsATextWithinTwoDelimiters) {

@@ -26,9 +26,9 @@ TEST_F(Evaluator, EmptyListSucceedsAndLeavesTheResultAsItWas) {
     result.LongValue = 42;
     result.TextValue = text;
     for (int run : {0, 1}) EXPECT_EQ(EvaluateExpression(session, empty, &result, run), CELL_END);
-    EXPECT_EQ(result.ValueType, TYPE_LOGICAL);
-    EXPECT_EQ(result.LongValue, 42);
-    EXPECT_EQ(result.TextValue, text);
+    EXPECT_EQ(+result.ValueType, TYPE_LOGICAL);
+    EXPECT_EQ(+result.LongValue, 42);
+    EXPECT_EQ(+result.TextValue, text);
 }
 
 TEST_F(Evaluator, SingleOperandGivesItsValueWithoutAnyOperator) {
@@ -212,9 +212,9 @@ TEST_F(Evaluator, OneOperatorStartsFromADefaultRecordInARun) {
     result.Decimals = 3;
     result.FieldFlags = FIELD_BRANCH;
     EXPECT_EQ(ApplyOperator(session, row, row, 503, &result, 1), 1);
-    EXPECT_EQ(result.LongValue, 10);
-    EXPECT_EQ(result.Decimals, 0);
-    EXPECT_EQ(result.FieldFlags, 0);
+    EXPECT_EQ(+result.LongValue, 10);
+    EXPECT_EQ(+result.Decimals, 0);
+    EXPECT_EQ(+result.FieldFlags, 0);
     EXPECT_STREQ(result.NegativePrefix, "-");
     EXPECT_TRUE(boxes.Log().empty());
 }
@@ -248,7 +248,7 @@ TEST_F(Evaluator, CompiledExpressionsGiveTheirValues) {
         ASSERT_EQ(InfixToPostfix(session, infix, postfix), CELL_END) << row.text;
         FieldRecord result{};
         EXPECT_EQ(EvaluateExpression(session, postfix, &result, 1), CELL_END) << row.text;
-        EXPECT_EQ(result.ValueType, row.type) << row.text;
+        EXPECT_EQ(+result.ValueType, row.type) << row.text;
         EXPECT_DOUBLE_EQ(row.type == TYPE_DOUBLE ? result.DoubleValue : result.LongValue, row.value)
             << row.text;
     }

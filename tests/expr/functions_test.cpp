@@ -101,7 +101,7 @@ TEST_F(Functions, MinAndMaxOfDifferentTypesAreDouble) {
     EXPECT_EQ(Real("1 2.5 MIN"), 1.0);
     Number("A", 7);
     Real("A 2.5 MIN");
-    EXPECT_EQ(Field("A")->DoubleValue, 7.0);
+    EXPECT_EQ(+Field("A")->DoubleValue, 7.0);
 }
 
 TEST_F(Functions, MinAndMaxCompareTheTwoSidesEachByItself) {

@@ -277,9 +277,9 @@ TEST_F(FormatFieldRules, SummaryIsConsumedAsItPrints) {
         record.DoubleSummary = 70.0;
         record.SummaryCount = 4;
         EXPECT_EQ(Printed(record), row.first) << row.type;
-        EXPECT_EQ(record.LongSummary, row.sum_left);
-        EXPECT_EQ(record.DoubleSummary, row.sum_left);
-        EXPECT_EQ(record.SummaryCount, row.count_left);
+        EXPECT_EQ(+record.LongSummary, row.sum_left);
+        EXPECT_EQ(+record.DoubleSummary, row.sum_left);
+        EXPECT_EQ(+record.SummaryCount, row.count_left);
         EXPECT_EQ(Printed(record), row.second) << row.type;
     }
 }
@@ -330,7 +330,7 @@ TEST_F(FormatFieldRules, DatePrintsInItsFormat) {
     FieldRecord record = Field(TYPE_DATE);
     record.LongValue = 101;
     EXPECT_EQ(Printed(record), "01/01/00");
-    EXPECT_EQ(record.LongValue, 101); // expanded on a copy
+    EXPECT_EQ(+record.LongValue, 101); // expanded on a copy
     record.LongValue = 0;
     EXPECT_EQ(Printed(record), "");
 }
@@ -360,7 +360,7 @@ TEST_F(FormatFieldRules, NullTextIsLeftAlone) {
     FieldRecord record = Field(TYPE_TEXT);
     record.FieldFlags = FIELD_UPPER | FIELD_TRIM;
     EXPECT_EQ(Printed(record), "as it was");
-    EXPECT_EQ(record.TextValue, nullptr);
+    EXPECT_EQ(+record.TextValue, nullptr);
 }
 
 // ---- damaged records
