@@ -187,8 +187,10 @@ int AddNewDataField(Session *session, const char *name, int section, int x, int 
         x = bar.x + WRAP_INDENT;
         y += height;
     }
-    if (y + height > bar.y + bar.height && !GrowSection(session, section, y, 2 * height)) {
-        FreeFieldSlot(session, slot);
+    const bool fits = InRange(x + width) && InRange(y + height);
+    const bool too_low = y + height > bar.y + bar.height;
+    if (!fits || (too_low && !GrowSection(session, section, y, 2 * height))) {
+        ReleaseField(session, slot);
         return NO_ITEM;
     }
     return PlaceFieldAt(session, slot, section, x, y);
