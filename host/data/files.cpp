@@ -1,0 +1,69 @@
+#include "host/data/files.h"
+
+#include <windows.h>
+
+#include "host/cli/failure.h"
+
+namespace {
+
+struct File {
+    HANDLE handle;
+    ~File() {
+        if (handle != INVALID_HANDLE_VALUE) CloseHandle(handle);
+    }
+};
+
+} // namespace
+
+std::string SystemMessage(unsigned long error) {
+    char text[300] = "";
+    FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
+                   text, sizeof text, nullptr);
+    std::string message = text;
+    while (!message.empty() && (message.back() == '\n' || message.back() == '\r' ||
+                                message.back() == '.' || message.back() == ' '))
+        message.pop_back();
+    return message;
+}
+
+std::string ReadFileBytes(const std::string &path) {
+    const File file{CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)};
+    if (file.handle == INVALID_HANDLE_VALUE)
+        throw Failure(path + ": can't be opened: " + SystemMessage(GetLastError()));
+    LARGE_INTEGER size{};
+    GetFileSizeEx(file.handle, &size);
+    if (size.QuadPart > 1 << 30) throw Failure(path + ": is too large to be read");
+    std::string bytes(static_cast<size_t>(size.QuadPart), '\0');
+    DWORD moved = 0;
+    if (!ReadFile(file.handle, bytes.data(), static_cast<DWORD>(bytes.size()), &moved, nullptr) ||
+        moved != bytes.size())
+        throw Failure(path + ": can't be read: " + SystemMessage(GetLastError()));
+    return bytes;
+}
+
+void ReplaceFile(const std::string &from, const std::string &to) {
+    if (MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_COPY_ALLOWED))
+        return;
+    const unsigned long error = GetLastError();
+    DeleteFileA(from.c_str());
+    throw Failure(to + ": can't be written: " + SystemMessage(error));
+}
+
+void WriteFileBytes(const std::string &path, const std::string &bytes) {
+    const std::string beside = path + ".new";
+    {
+        const File file{CreateFileA(beside.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr)};
+        DWORD moved = 0;
+        if (file.handle == INVALID_HANDLE_VALUE ||
+            !WriteFile(file.handle, bytes.data(), static_cast<DWORD>(bytes.size()), &moved,
+                       nullptr) ||
+            moved != bytes.size()) {
+            const std::string message = SystemMessage(GetLastError());
+            if (file.handle != INVALID_HANDLE_VALUE) DeleteFileA(beside.c_str());
+            throw Failure(path + ": can't be written: " + message);
+        }
+    }
+    ReplaceFile(beside, path);
+}
