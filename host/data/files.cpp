@@ -42,7 +42,7 @@ std::string ReadFileBytes(const std::string &path) {
     return bytes;
 }
 
-void ReplaceFile(const std::string &from, const std::string &to) {
+void PutInPlace(const std::string &from, const std::string &to) {
     if (MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_COPY_ALLOWED))
         return;
     const unsigned long error = GetLastError();
@@ -65,5 +65,5 @@ void WriteFileBytes(const std::string &path, const std::string &bytes) {
             throw Failure(path + ": can't be written: " + message);
         }
     }
-    ReplaceFile(beside, path);
+    PutInPlace(beside, path);
 }

@@ -7,5 +7,5 @@ std::string ReadFileBytes(const std::string &path);
 // Writes beside the file first, so that an earlier file is replaced only by a whole one.
 void WriteFileBytes(const std::string &path, const std::string &bytes);
 // Puts a finished file in the place of another. Throws Failure.
-void ReplaceFile(const std::string &from, const std::string &to);
+void PutInPlace(const std::string &from, const std::string &to);
 std::string SystemMessage(unsigned long error);

@@ -1,0 +1,27 @@
+// The commands of the command line. Each returns an exit code or throws Failure.
+#pragma once
+
+#include <string>
+#include <vector>
+
+struct RunOptions {
+    std::string form;
+    std::string data;
+    std::string output;
+    std::vector<std::string> answers; // NAME=VALUE
+    bool silent = false;
+};
+
+struct PagesOptions {
+    std::string report;
+    std::string folder; // of the pictures
+    std::string pages;
+    int dpi = 96;
+    bool text = false;
+};
+
+int RunCommand(const RunOptions &options);
+int PagesCommand(const PagesOptions &options);
+int InfoCommand(const std::string &path);
+int FormBuildCommand(const std::string &json, const std::string &form);
+int FormDumpCommand(const std::string &form, const std::string &json);

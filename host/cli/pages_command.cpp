@@ -1,0 +1,47 @@
+#include <cstdio>
+
+#include "host/cli/commands.h"
+#include "host/cli/failure.h"
+#include "host/export/page_png.h"
+#include "host/export/page_text.h"
+
+namespace {
+
+std::vector<int> Wanted(const PagesOptions &options, const ReportPages &report) {
+    const int count = static_cast<int>(report.pages.size());
+    if (!options.pages.empty()) return PageRange(options.pages, count);
+    std::vector<int> pages;
+    for (int page = 1; page <= count; ++page) pages.push_back(page);
+    return pages;
+}
+
+void PrintTexts(const ReportPages &report, const std::vector<int> &pages) {
+    for (const int page : pages) {
+        std::printf("page %d\n", page);
+        const std::string text = PageText(report.pages[static_cast<size_t>(page - 1)]);
+        std::fwrite(text.data(), 1, text.size(), stdout);
+    }
+}
+
+void DrawPages(const PagesOptions &options, const ReportPages &report,
+               const std::vector<int> &pages) {
+    CreateDirectoryA(options.folder.c_str(), nullptr);
+    for (const int page : pages) {
+        char name[32];
+        std::snprintf(name, sizeof name, "\\page-%03d.png", page);
+        WritePagePng(report, page, options.dpi, options.folder + name);
+        std::printf("%s%s\n", options.folder.c_str(), name);
+    }
+}
+
+} // namespace
+
+int PagesCommand(const PagesOptions &options) {
+    const ReportPages report = ReadReport(options.report);
+    const std::vector<int> pages = Wanted(options, report);
+    if (options.text)
+        PrintTexts(report, pages);
+    else
+        DrawPages(options, report, pages);
+    return EXIT_DONE;
+}

@@ -1,0 +1,329 @@
+#include "host/forms/expression_text.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <iterator>
+
+#include "host/data/csv_source.h"
+
+namespace {
+
+constexpr size_t MOST_CELLS = 99;
+
+// By code, from 501 on.
+constexpr const char *operators[] = {
+    "(",          ")",         "+",         "-",         "*",           "/",     "=",
+    "<>",         ".",         ">",         "<",         ">=",          "<=",    ".OR.",
+    ".AND.",      ".NOT.",     "$",         ",",         ".TOTAL-OF.",  ".AVE-OF.",
+    ".MAX-OF.",   ".MIN-OF.",  ".COUNT-OF.", ".IF.",     ".THEN.",      ".ELSE.", "LEN",
+    "UPPER",      "LOWER",     "TRIM",      "WORD",      "CHAR",        "MIN",   "MAX",
+    "VAL",        "ROUND",     "ABS",       "WEEKDAY",   "DAY",         "MONTH", "YEAR",
+    "LEFT",       "RIGHT",     "STR",       "DTOC",      "DTOS",        "CTOD",  "MONTHTOS",
+};
+static_assert(std::size(operators) == CELL_LAST_OPERATOR - CELL_FIRST_OPERATOR + 1);
+
+constexpr const char *NAME_STOPS = "()*/+#<=\"' .$,";
+
+struct SystemField {
+    const char *name;
+    int16_t type;
+};
+constexpr SystemField system_fields[] = {
+    {"PAGE", TYPE_NUMERIC},      {"DATE", TYPE_DATE},       {"TIME", TYPE_TEXT},
+    {"REC_COUNT", TYPE_NUMERIC}, {"PARA_BREAK", TYPE_TEXT}, {"REPORT_NAME", TYPE_TEXT},
+};
+
+bool IsSummary(int cell) { return cell >= 519 && cell <= 523; }
+bool IsDigit(char c) { return std::isdigit(static_cast<unsigned char>(c)); }
+
+std::string Upper(std::string text) {
+    for (char &c : text) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return text;
+}
+
+template <size_t Size> void Put(char (&field)[Size], const std::string &text) {
+    const size_t length = std::min(text.size(), Size - 1);
+    std::memcpy(field, text.data(), length);
+    field[length] = 0;
+}
+
+// ---- dates -------------------------------------------------------------------------------------
+
+// A literal that has the shape of a date: month and day in the form's order, then the year.
+bool DateOf(const FormImage &form, const std::string &literal, int32_t *date) {
+    if (literal.size() < 8 || literal.size() > 12) return false;
+    int first = 0;
+    int second = 0;
+    int year = 0;
+    int used = 0;
+    char a = 0;
+    char b = 0;
+    const std::string inner = literal.substr(1, literal.size() - 2);
+    const int found = std::sscanf(inner.c_str(), "%2d%c%2d%c%4d%n", &first, &a, &second, &b, &year,
+                                  &used);
+    if (found != 5 || used != static_cast<int>(inner.size()) || a != b || !std::strchr("-/,", a))
+        return false;
+    if (form.header.DateEntryFormat) std::swap(first, second);
+    if (first < 1 || first > 12 || second < 1 || second > 31) return false;
+    *date = (year <= 99 ? year + 1900 : year) * 10000 + first * 100 + second;
+    return true;
+}
+
+// ---- tokens ------------------------------------------------------------------------------------
+
+class Compiler {
+public:
+    Compiler(FormImage *form, const JsonPlace &place)
+        : form_(form), place_(place), text_(ToCodePage(place.Text())) {}
+
+    void Compile(uint16_t *cells) {
+        size_t count = 0;
+        for (Blanks(); at_ < text_.size(); Blanks()) {
+            if (count == MOST_CELLS)
+                place_.Fail("the expression is too long: 99 names, operators and functions fit");
+            cells[count] = static_cast<uint16_t>(Cell(count ? cells[count - 1] : 0));
+            ++count;
+        }
+        cells[count] = CELL_END;
+    }
+
+private:
+    void Blanks() { at_ = std::min(text_.find_first_not_of(' ', at_), text_.size()); }
+    char Next(size_t ahead = 0) const {
+        return at_ + ahead < text_.size() ? text_[at_ + ahead] : '\0';
+    }
+
+    int Cell(int before) {
+        const char c = Next();
+        if (c == '"' || c == '{') return Literal(c == '"' ? '"' : '}', before);
+        if (IsDigit(c) || (c == '.' && IsDigit(Next(1)))) return Number(before);
+        if (c == '.') return DotWord(before);
+        if (const int code = LongestOperator()) return code;
+        return Name(before);
+    }
+
+    int Literal(char closing, int before) {
+        const size_t end = text_.find(closing, at_ + 1);
+        if (end == std::string::npos)
+            place_.Fail(std::string("a ") + closing + " is missing in the expression");
+        const std::string literal = text_.substr(at_, end + 1 - at_);
+        if (literal.size() > 101) place_.Fail("a literal has at most 99 characters");
+        at_ = end + 1;
+        FieldRecord field = Constant(literal, TYPE_TEXT);
+        if (DateOf(*form_, literal, &field.LongValue))
+            field.ValueType = TYPE_DATE;
+        else
+            field.FieldWidth = static_cast<int16_t>(literal.size() + 1);
+        return Operand(field, before);
+    }
+
+    int Number(int before) {
+        const size_t start = at_;
+        while (IsDigit(Next())) ++at_;
+        if (Next() == '-' && Next(1) == '>') {
+            at_ = start;
+            return Name(before);
+        }
+        const bool decimal = Next() == '.' && IsDigit(Next(1));
+        if (decimal) ++at_;
+        while (decimal && IsDigit(Next())) ++at_;
+        const std::string digits = text_.substr(start, at_ - start);
+        FieldRecord field = Constant(digits, decimal ? TYPE_DOUBLE : TYPE_NUMERIC);
+        if (decimal)
+            field.DoubleValue = std::strtod(digits.c_str(), nullptr);
+        else
+            field.LongValue = static_cast<int32_t>(std::strtol(digits.c_str(), nullptr, 10));
+        return Operand(field, before);
+    }
+
+    int DotWord(int before) {
+        const size_t end = text_.find('.', at_ + 1);
+        if (end == std::string::npos) place_.Fail("a point is missing behind a dot operator");
+        const std::string word = Upper(text_.substr(at_, end + 1 - at_));
+        at_ = end + 1;
+        if (word == ".T." || word == ".F.") {
+            FieldRecord field = Constant(word, TYPE_LOGICAL);
+            field.LongValue = word == ".T.";
+            return Operand(field, before);
+        }
+        return CodeOf(word, "is no dot operator");
+    }
+
+    int CodeOf(const std::string &word, const char *refusal) const {
+        for (size_t index = 0; index < std::size(operators); ++index)
+            if (word == operators[index]) return CELL_FIRST_OPERATOR + static_cast<int>(index);
+        place_.Fail("\"" + word + "\" " + refusal);
+    }
+
+    int LongestOperator() {
+        size_t longest = 0;
+        int code = 0;
+        for (size_t index = 0; index < 26; ++index) {
+            const size_t length = std::strlen(operators[index]);
+            if (length > longest && !text_.compare(at_, length, operators[index])) {
+                longest = length;
+                code = CELL_FIRST_OPERATOR + static_cast<int>(index);
+            }
+        }
+        at_ += longest;
+        return code;
+    }
+
+    bool NameStops(size_t start) const {
+        const char c = Next();
+        if (!c || std::strchr(NAME_STOPS, c)) return true;
+        if (c == '-') return Next(1) != '>';
+        return c == '>' && (at_ == start || text_[at_ - 1] != '-');
+    }
+
+    int Name(int before) {
+        const size_t start = at_++;
+        while (!NameStops(start)) ++at_;
+        const std::string name = Upper(text_.substr(start, at_ - start));
+        if (Next() == '(') return CodeOf(name, "is no function");
+        return NamedOperand(name, before);
+    }
+
+    int NamedOperand(const std::string &name, int before) {
+        if (const size_t mark = name.find('@'); mark != std::string::npos)
+            return OwnRow(name.substr(0, mark), std::atoi(name.c_str() + mark + 1));
+        FieldRecord field = DefaultField();
+        Put(field.FieldName, name);
+        if (!name.compare(0, 5, "SYS->"))
+            MakeSystem(name.substr(5), &field);
+        else if (!name.compare(0, 5, "DLG->"))
+            MakeUser(name.substr(5), &field);
+        else
+            MakeData(name, &field);
+        return Operand(field, before);
+    }
+
+    int OwnRow(const std::string &name, int row) const {
+        if (row < 1 || row >= static_cast<int>(form_->fields.size()) ||
+            name != form_->fields[static_cast<size_t>(row)].FieldName)
+            place_.Fail("the form has no field " + name + " in row " + std::to_string(row));
+        return row;
+    }
+
+    void MakeSystem(const std::string &name, FieldRecord *field) const {
+        for (size_t row = 0; row < std::size(system_fields); ++row) {
+            if (name != system_fields[row].name) continue;
+            field->FieldKind = FIELD_SYSTEM;
+            field->ValueType = system_fields[row].type;
+            field->TableIndex = static_cast<int16_t>(row);
+            if (row == SYSTEM_REC_COUNT) field->SummaryType = SUMMARY_COUNT;
+            return;
+        }
+        place_.Fail("there is no system field " + name);
+    }
+
+    void MakeUser(const std::string &name, FieldRecord *field) const {
+        for (int row = 0; row < MAX_USER_FIELDS; ++row) {
+            if (!form_->users[row].InUse || name != form_->users[row].UserName) continue;
+            field->FieldKind = FIELD_USER;
+            field->ValueType = form_->users[row].ValueType;
+            field->TableIndex = static_cast<int16_t>(row);
+            return;
+        }
+        place_.Fail("the form has no user field " + name);
+    }
+
+    void MakeData(const std::string &name, FieldRecord *field) const {
+        for (const FieldRecord &known : form_->fields) {
+            if (known.FieldKind != FIELD_DATA || !known.InUse || name != known.FieldName) continue;
+            if (known.ValueType == TYPE_PICTURE) place_.Fail(name + " is a picture");
+            field->ValueType = known.ValueType;
+            field->FieldWidth = known.FieldWidth;
+            field->Decimals = known.Decimals;
+            return;
+        }
+        place_.Fail("the form has no field " + name + "; add it to \"fields\"");
+    }
+
+    static FieldRecord Constant(const std::string &literal, int type) {
+        FieldRecord field = DefaultField();
+        field.FieldKind = FIELD_CONSTANT;
+        field.ValueType = static_cast<int16_t>(type);
+        Put(field.FieldName, literal);
+        return field;
+    }
+
+    // An operand of a summary has a row of its own, in which the summary accumulates; all others
+    // are shared.
+    int Operand(FieldRecord field, int before) {
+        if (!IsSummary(before)) {
+            field.FieldFlags |= FIELD_SHARED;
+            for (size_t row = 1; row < form_->fields.size(); ++row)
+                if (Same(form_->fields[row], field)) return static_cast<int>(row);
+        }
+        return AppendField(form_, field, place_);
+    }
+
+    static bool Same(const FieldRecord &row, const FieldRecord &field) {
+        return row.InUse && (row.FieldFlags & FIELD_SHARED) && row.FieldKind == field.FieldKind &&
+               row.ValueType == field.ValueType && !std::strcmp(row.FieldName, field.FieldName);
+    }
+
+    FormImage *form_;
+    const JsonPlace &place_;
+    std::string text_;
+    size_t at_ = 0;
+};
+
+} // namespace
+
+FieldRecord DefaultField() {
+    FieldRecord field{};
+    field.HostTable = field.HostField = -1;
+    field.ValueType = TYPE_TEXT;
+    field.FieldWidth = 15;
+    field.Modifiable = field.InUse = 1;
+    field.TableIndex = -1;
+    Put(field.DateDelimiter, "/");
+    Put(field.ThousandsChar, ",");
+    Put(field.DecimalChar, ".");
+    Put(field.TrueText, "Y");
+    Put(field.FalseText, "N");
+    Put(field.NegativePrefix, "-");
+    Put(field.ZeroText, "0");
+    field.FieldTokens[0] = CELL_END;
+    Put(field.LineBreakChar, "\r");
+    return field;
+}
+
+int AppendField(FormImage *form, const FieldRecord &field, const JsonPlace &place) {
+    while (form->fields.empty() || form->fields.size() == 32) {
+        FieldRecord free_row = DefaultField();
+        free_row.FieldKind = FIELD_FREE;
+        free_row.InUse = 0;
+        form->fields.push_back(free_row);
+    }
+    if (form->fields.size() >= MAX_FIELDS) place.Fail("the form has more than 498 fields");
+    form->fields.push_back(field);
+    return static_cast<int>(form->fields.size()) - 1;
+}
+
+std::string ExpressionOf(const FormImage &form, const uint16_t *cells) {
+    std::string text;
+    for (int place = 0; place < MAX_CELLS && cells[place] != CELL_END; ++place) {
+        const size_t cell = cells[place];
+        if (cell >= CELL_FIRST_OPERATOR && cell <= CELL_LAST_OPERATOR) {
+            const std::string word = operators[cell - CELL_FIRST_OPERATOR];
+            const bool spaced = word.size() > 1 && word.front() == '.';
+            text += spaced ? (text.empty() ? "" : " ") + word + " " : word;
+        } else if (cell < form.fields.size()) {
+            const FieldRecord &field = form.fields[cell];
+            text += field.FieldName;
+            if (!(field.FieldFlags & FIELD_SHARED)) text += "@" + std::to_string(cell);
+        }
+    }
+    while (!text.empty() && text.back() == ' ') text.pop_back();
+    return ToUtf8(text);
+}
+
+void CompileExpression(FormImage *form, const JsonPlace &place, uint16_t *cells) {
+    Compiler(form, place).Compile(cells);
+}

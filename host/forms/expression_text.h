@@ -1,0 +1,20 @@
+// Expressions of a form as text and back.
+#pragma once
+
+#include <string>
+
+#include "host/forms/form_image.h"
+#include "host/forms/record_json.h"
+
+// A default field record, as a designer makes it.
+FieldRecord DefaultField();
+// Appends a field row, past the rows that are always free, and returns its number. A full table
+// is a mistake at the place.
+int AppendField(FormImage *form, const FieldRecord &field, const JsonPlace &place);
+
+// The text of a list of cells. A row that belongs to this expression alone is written NAME@ROW.
+std::string ExpressionOf(const FormImage &form, const uint16_t *cells);
+
+// Compiles the text at a place into cells; constants and operands get rows of their own. A data
+// field must be among the form's fields.
+void CompileExpression(FormImage *form, const JsonPlace &place, uint16_t *cells);

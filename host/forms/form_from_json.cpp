@@ -1,0 +1,403 @@
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+
+#include "host/cli/failure.h"
+#include "host/data/csv_source.h"
+#include "host/data/files.h"
+#include "host/forms/expression_text.h"
+#include "host/forms/form_json.h"
+#include "host/forms/form_members.h"
+#include "host/forms/form_names.h"
+#include "host/forms/json_place.h"
+
+namespace {
+
+template <size_t Count>
+void Take(const Member (&members)[Count], const JsonPlace &object, void *record) {
+    TakeMembers(members, Count, object, record);
+}
+
+template <size_t Count>
+int TakeSet(const FlagWord (&words)[Count], const JsonPlace &object, const char *name, int usual) {
+    return object.Has(name) ? TakeFlags(words, Count, object.At(name)) : usual;
+}
+
+template <size_t Count>
+int TakeName(const char *const (&names)[Count], const JsonPlace &object, const char *name,
+             int usual) {
+    if (!object.Has(name)) return usual;
+    const JsonPlace place = object.At(name);
+    const std::string text = place.Text();
+    std::string known;
+    for (size_t value = 0; value < Count; ++value) {
+        if (text == names[value]) return static_cast<int>(value);
+        if (*names[value]) known += std::string(known.empty() ? "" : ", ") + names[value];
+    }
+    place.Fail("\"" + text + "\" is none of " + known);
+}
+
+class FormBuilder {
+public:
+    FormBuilder(const Json &root, std::string folder)
+        : root_(root, ""), folder_(std::move(folder)) {}
+
+    // Rows first, expressions last: an expression may name any row.
+    FormImage Build() {
+        form_.header = DefaultHeader();
+        for (SectionRecord &section : form_.sections) section = DefaultSection();
+        for (UserFieldRecord &user : form_.users) user.UserTokens[0] = CELL_END;
+        TakeHeader();
+        ForEach("fonts", [&](const JsonPlace &place) { TakeFont(place); });
+        ForEach("fields", [&](const JsonPlace &place) { TakeField(place); });
+        ForEach("user fields", [&](const JsonPlace &place) { TakeUser(place); });
+        ForEach("breaks", [&](const JsonPlace &place) { TakeBreak(place); });
+        ForEach("sections", [&](const JsonPlace &place) { TakeSection(place); });
+        AddGroupItem();
+        TakeExpressions();
+        SettleHeader();
+        return form_;
+    }
+
+private:
+    template <typename Body> void ForEach(const char *name, Body body) {
+        if (!root_.Has(name)) return;
+        const JsonPlace list = root_.At(name);
+        for (size_t index = 0; index < list.Size(); ++index) body(list.At(index));
+    }
+
+    void TakeHeader() {
+        const JsonPlace object = root_.At("form");
+        Take(header_members, object, &form_.header);
+        if (object.Has("label"))
+            Take(label_members, object.At("label"), &form_.header.LabelGeometry);
+        if (object.Has("printer mode"))
+            Take(paper_members, object.At("printer mode"), &form_.header.PrinterMode);
+    }
+
+    void SettleHeader() {
+        const PrinterModeRecord &mode = form_.header.PrinterMode;
+        const int16_t again[5] = {mode.Orientation, mode.PaperSize, mode.PaperLength,
+                                  mode.PaperWidth, mode.PrintQuality};
+        std::memcpy(form_.header.PrinterModeAgain, again, sizeof again);
+        if (form_.header.ReportFilter[0] != CELL_END)
+            form_.header.FormFlags |= FORM_HAS_FILTER;
+    }
+
+    // ---- fonts and pictures --------------------------------------------------------------------
+
+    static std::string Unhex(const JsonPlace &place) {
+        const std::string text = place.Text();
+        std::string bytes;
+        for (size_t index = 0; index + 1 < text.size(); index += 2)
+            bytes += static_cast<char>(std::stoi(text.substr(index, 2), nullptr, 16));
+        return bytes;
+    }
+
+    // A bitmap file: behind its 14 bytes of file header stand the information block and the bits.
+    void TakePictureFile(const JsonPlace &place, FontImage *font) const {
+        const std::string name = place.Text();
+        const std::string bytes = ReadFileBytes(folder_ + ToCodePage(name));
+        BITMAPFILEHEADER file{};
+        BITMAPINFOHEADER info{};
+        if (bytes.size() < sizeof file + sizeof info) place.Fail(name + " is no bitmap file");
+        std::memcpy(&file, bytes.data(), sizeof file);
+        std::memcpy(&info, bytes.data() + sizeof file, sizeof info);
+        if (file.bfType != 0x4D42 || info.biSize != sizeof info || info.biCompression != BI_RGB ||
+            file.bfOffBits < sizeof file + sizeof info || file.bfOffBits > bytes.size())
+            place.Fail(name + " is no plain bitmap file (BMP without compression)");
+        font->info = bytes.substr(sizeof file, file.bfOffBits - sizeof file);
+        font->bits = bytes.substr(file.bfOffBits);
+    }
+
+    void TakeFont(const JsonPlace &place) {
+        FontImage font;
+        font.picture = place.Has("picture") || place.Has("picture info");
+        if (font.picture) {
+            font.point_height = static_cast<uint16_t>(place.At("point height").Whole(1, UINT16_MAX));
+            font.point_width = static_cast<uint16_t>(place.At("point width").Whole(1, UINT16_MAX));
+            if (place.Has("picture")) {
+                TakePictureFile(place.At("picture"), &font);
+            } else {
+                font.info = Unhex(place.At("picture info"));
+                font.bits = Unhex(place.At("picture bits"));
+            }
+        } else {
+            TakeTextFont(place, &font.font);
+        }
+        if (form_.fonts.size() == MAX_FONTS) place.Fail("a form has at most 32 fonts and pictures");
+        font_names_.push_back(place.Has("name") ? place.At("name").Text() : "");
+        form_.fonts.push_back(font);
+    }
+
+    static void TakeTextFont(const JsonPlace &place, PortableFont *font) {
+        *font = DefaultFont();
+        Take(font_members, place, font);
+        if (place.Has("points"))
+            font->Height =
+                static_cast<int16_t>(-std::lround(place.At("points").Number() * 250.0 / 72.0));
+        if (place.Has("bold") && place.At("bold").Value() == true) font->Weight = FW_BOLD;
+        const int style = TakeSet(font_flags, place, "style", 0);
+        font->Italic = style & 1 ? 1 : 0;
+        font->Underline = style & 2 ? 1 : 0;
+        font->StrikeOut = style & 4 ? 1 : 0;
+    }
+
+    int16_t FontRow(const JsonPlace &place) const {
+        if (place.Value().is_number())
+            return static_cast<int16_t>(
+                place.Whole(0, static_cast<int>(form_.fonts.size()) - 1));
+        const std::string name = place.Text();
+        const auto found = std::find(font_names_.begin(), font_names_.end(), name);
+        if (found == font_names_.end()) place.Fail("no font of the form has the name \"" + name + "\"");
+        return static_cast<int16_t>(found - font_names_.begin());
+    }
+
+    // ---- fields --------------------------------------------------------------------------------
+
+    void TakeField(const JsonPlace &place) {
+        place.Object();
+        FieldRecord field = DefaultField();
+        field.FieldKind =
+            static_cast<uint16_t>(TakeName(kind_names, place, "kind", FIELD_DATA));
+        if (field.FieldKind == FIELD_FREE) field.InUse = 0;
+        field.ValueType = static_cast<int16_t>(TakeName(type_names, place, "type", TYPE_TEXT));
+        Take(field_members, place, &field);
+        if (place.Has("name")) {
+            const std::string name = ToCodePage(place.At("name").Text());
+            if (name.size() >= sizeof field.FieldName) place.At("name").Fail("the name is too long");
+            std::memcpy(field.FieldName, name.data(), name.size());
+            SettleSystemRow(place, &field);
+        }
+        field.SummaryType =
+            static_cast<int16_t>(TakeName(summary_names, place, "summary", SUMMARY_VALUE));
+        field.SymbolKind =
+            static_cast<uint16_t>(TakeName(symbol_names, place, "symbol", SYMBOL_NONE));
+        field.SymbolWhen = static_cast<uint16_t>(TakeSet(symbol_flags, place, "symbol when", 0));
+        field.FieldFlags = static_cast<uint16_t>(TakeSet(field_flags, place, "flags", 0));
+        AppendField(&form_, field, place);
+    }
+
+    // A system field is found by its name, and has the type of that field.
+    static void SettleSystemRow(const JsonPlace &place, FieldRecord *field) {
+        constexpr struct {
+            const char *name;
+            int16_t type;
+            int16_t width;
+        } rows[] = {{"SYS->PAGE", TYPE_NUMERIC, 4},      {"SYS->DATE", TYPE_DATE, 10},
+                    {"SYS->TIME", TYPE_TEXT, 10},        {"SYS->REC_COUNT", TYPE_NUMERIC, 6},
+                    {"SYS->PARA_BREAK", TYPE_TEXT, 2}, {"SYS->REPORT_NAME", TYPE_TEXT, 52}};
+        if (field->FieldKind != FIELD_SYSTEM) return;
+        for (size_t row = 0; row < std::size(rows); ++row) {
+            if (std::strcmp(field->FieldName, rows[row].name)) continue;
+            field->TableIndex = static_cast<int16_t>(row);
+            if (!place.Has("type")) field->ValueType = rows[row].type;
+            if (!place.Has("width")) field->FieldWidth = rows[row].width;
+            return;
+        }
+        place.At("name").Fail(std::string("there is no system field ") + field->FieldName);
+    }
+
+    void TakeUser(const JsonPlace &place) {
+        const int row = place.Has("row") ? place.At("row").Whole(0, MAX_USER_FIELDS - 1)
+                                         : FreeUserRow(place);
+        UserFieldRecord *user = &form_.users[row];
+        user->InUse = 1;
+        user->UserWidth = 20;
+        user->ValueType = static_cast<int16_t>(TakeName(type_names, place, "type", TYPE_TEXT));
+        Take(user_members, place, user);
+        if (!*user->UserName) place.Fail("\"name\" is missing");
+        if (!*user->UserPrompt) CopyName(user);
+    }
+
+    static void CopyName(UserFieldRecord *user) {
+        std::memcpy(user->UserPrompt, user->UserName, sizeof user->UserPrompt - 1);
+    }
+
+    int FreeUserRow(const JsonPlace &place) const {
+        for (int row = 0; row < MAX_USER_FIELDS; ++row)
+            if (!form_.users[row].InUse) return row;
+        place.Fail("a form has at most 12 user fields");
+    }
+
+    // A field by its name, or by NAME@ROW where several bear it.
+    int16_t FieldRow(const JsonPlace &place) const {
+        const std::string text = ToCodePage(place.Text());
+        const size_t mark = text.rfind('@');
+        const std::string name = text.substr(0, mark);
+        const int wanted = mark == std::string::npos ? 0 : std::atoi(text.c_str() + mark + 1);
+        for (size_t row = 1; row < form_.fields.size(); ++row)
+            if (name == form_.fields[row].FieldName && form_.fields[row].InUse &&
+                (!wanted || wanted == static_cast<int>(row)))
+                return static_cast<int16_t>(row);
+        place.Fail("the form has no field \"" + place.Text() + "\"; add it to \"fields\"");
+    }
+
+    void TakeBreak(const JsonPlace &place) {
+        if (form_.breaks.size() == MAX_BREAKS) place.Fail("a form has at most 9 breaks");
+        BreakFieldRecord row{};
+        row.SectionIndex = static_cast<int16_t>(SectionRow(place.At("section")));
+        if (row.SectionIndex < SECTION_SORT_HEADER_1 || row.SectionIndex > SECTION_SORT_HEADER_9)
+            place.At("section").Fail("a break belongs to a sort header");
+        row.SortField = FieldRow(place.At("sort"));
+        row.BreakField = place.Has("break") ? FieldRow(place.At("break")) : row.SortField;
+        form_.breaks.push_back(row);
+    }
+
+    // ---- sections and items --------------------------------------------------------------------
+
+    static int SectionRow(const JsonPlace &place) {
+        const int section = SectionNumber(place.Text());
+        if (section < 0)
+            place.Fail("\"" + place.Text() +
+                       "\" is no section; they are Page Header, Report Header, Sort Header 1 to 9, "
+                       "Detail Section 1 to 9, Sort Footer 9 to 1, Report Footer, Page Footer");
+        return section;
+    }
+
+    void AddItem(const JsonPlace &place, const ItemRecord &item) {
+        if (form_.items.size() == MAX_ITEMS) place.Fail("a form has at most 320 items");
+        form_.items.push_back(item);
+    }
+
+    void TakeSection(const JsonPlace &place) {
+        const int number = SectionRow(place.At("section"));
+        SectionRecord *section = &form_.sections[number];
+        if (section->InUse) place.At("section").Fail("the section stands twice in the form");
+        if (number < last_section_) place.At("section").Fail("the sections stand out of their order");
+        last_section_ = number;
+        section->InUse = 1;
+        section->SectionFlags =
+            static_cast<uint16_t>(TakeSet(section_flags, place, "flags", 0));
+        Take(section_members, place, section);
+        section->BarItem = static_cast<int16_t>(form_.items.size());
+        const ItemRecord bar = TakeBar(place, number);
+        AddItem(place, bar);
+        y_ = bar.y + form_.header.BarHeight;
+        if (place.Has("items")) {
+            const JsonPlace list = place.At("items");
+            for (size_t index = 0; index < list.Size(); ++index) TakeItem(list.At(index), number);
+        }
+        y_ = bar.y + bar.height;
+    }
+
+    ItemRecord TakeBar(const JsonPlace &place, int number) const {
+        const double paper_width = form_.header.LabelType ? 0.0 : 8.5;
+        ItemRecord bar = DefaultItem(ITEM_BAR);
+        bar.x = static_cast<int16_t>(
+            std::max(static_cast<int>(form_.header.LeftMargin * 250.0), 62));
+        bar.width = static_cast<int16_t>(
+            form_.header.LabelType
+                ? form_.header.LabelGeometry.LabelWidth * 250.0
+                : (paper_width - form_.header.LeftMargin - form_.header.RightMargin) * 250.0 /
+                      form_.sections[number].Across);
+        bar.y = static_cast<int16_t>(y_);
+        if (place.Has("bar")) TakeItemMembers(place.At("bar"), &bar, y_);
+        bar.height = static_cast<int16_t>(place.At("height").Measure() + form_.header.BarHeight);
+        bar.SectionIndex = static_cast<int16_t>(number);
+        return bar;
+    }
+
+    void TakeItem(const JsonPlace &place, int section) {
+        const JsonPlace kind = place.At("item");
+        const int type = ItemTypeNumber(kind.Text());
+        if (type < 0 || type == ITEM_BAR)
+            kind.Fail("\"" + kind.Text() + "\" is no item; they are label, field, line, picture");
+        ItemRecord item = DefaultItem(type);
+        item.SectionIndex = static_cast<int16_t>(section);
+        TakeItemMembers(place, &item, y_);
+        if (type == ITEM_FIELD) item.FieldIndex = FieldRow(place.At("field"));
+        if (type == ITEM_GROUP) has_group_ = true;
+        AddItem(place, item);
+    }
+
+    void TakeItemMembers(const JsonPlace &place, ItemRecord *item, int top) const {
+        if (place.Has("at")) {
+            item->x = Coordinate(place.At("at"), 0, 0);
+            item->y = Coordinate(place.At("at"), 1, top);
+        }
+        if (place.Has("size")) {
+            item->width = Coordinate(place.At("size"), 0, 0);
+            item->height = Coordinate(place.At("size"), 1, 0);
+        }
+        if (place.Has("font")) item->FontIndex = FontRow(place.At("font"));
+        Take(item_members, place, item);
+        item->ItemFlags =
+            static_cast<uint16_t>(TakeSet(item_flags, place, "flags", item->ItemFlags));
+        item->OutlineSides = static_cast<uint16_t>(TakeSet(side_flags, place, "outline", 0));
+        if (place.Has("brush")) Take(brush_members, place.At("brush"), &item->Background);
+    }
+
+    static int16_t Coordinate(const JsonPlace &pair, size_t index, int offset) {
+        if (pair.Size() != 2) pair.Fail("two measures are expected here");
+        const int value = pair.At(index).Measure() + offset;
+        if (value < INT16_MIN || value > INT16_MAX) pair.Fail("the place lies outside of the form");
+        return static_cast<int16_t>(value);
+    }
+
+    // Every form holds exactly one group item; it stands behind its section's bar.
+    void AddGroupItem() {
+        if (has_group_ || form_.items.empty()) return;
+        ItemRecord group = DefaultItem(ITEM_GROUP);
+        group.SectionIndex = form_.items[0].SectionIndex;
+        group.x = form_.items[0].x;
+        group.y = form_.items[0].y;
+        form_.items.insert(form_.items.begin() + 1, group);
+        for (SectionRecord &section : form_.sections)
+            if (section.BarItem > 0) ++section.BarItem;
+    }
+
+    // ---- expressions ---------------------------------------------------------------------------
+
+    void TakeExpressions() {
+        const JsonPlace form = root_.At("form");
+        if (form.Has("filter"))
+            CompileExpression(&form_, form.At("filter"), form_.header.ReportFilter);
+        int row = 0;
+        ForEach("fields", [&](const JsonPlace &place) {
+            row += row + 1 == 32 ? 2 : 1;
+            if (!place.Has("expression")) return;
+            uint16_t cells[MAX_CELLS];
+            CompileExpression(&form_, place.At("expression"), cells);
+            FieldRecord &field = form_.fields[static_cast<size_t>(row)];
+            std::copy_n(cells, CellCount(cells), field.FieldTokens);
+        });
+        ForEach("sections", [&](const JsonPlace &place) {
+            if (place.Has("filter"))
+                CompileExpression(&form_, place.At("filter"),
+                                  form_.sections[SectionRow(place.At("section"))].SectionFilter);
+        });
+    }
+
+    static size_t CellCount(const uint16_t *cells) {
+        size_t count = 1;
+        while (cells[count - 1] != CELL_END) ++count;
+        return count;
+    }
+
+    JsonPlace root_;
+    std::string folder_;
+    FormImage form_;
+    std::vector<std::string> font_names_;
+    int y_ = 0; // where the next section or the items of this one begin
+    int last_section_ = -1;
+    bool has_group_ = false;
+};
+
+} // namespace
+
+FormImage FormFromJson(const std::string &path, const std::string &text,
+                       const std::string &folder) {
+    try {
+        const Json root = Json::parse(text);
+        return FormBuilder(root, folder).Build();
+    } catch (const Json::parse_error &error) {
+        const auto end = static_cast<std::ptrdiff_t>(std::min(error.byte, text.size()));
+        const auto line = 1 + std::count(text.begin(), text.begin() + end, '\n');
+        throw Failure(path + ":" + std::to_string(line) + ": is no sound JSON: " + error.what());
+    } catch (const JsonMistake &mistake) {
+        throw Failure(path + ":" + std::to_string(LineOfPointer(text, mistake.pointer)) + ": " +
+                      (mistake.pointer.empty() ? "/" : mistake.pointer) + ": " + mistake.text);
+    }
+}
