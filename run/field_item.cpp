@@ -20,12 +20,19 @@ constexpr int POSTNET_LIMIT = 300;
 
 // A field's text on its way to the page.
 struct FieldText {
+    FieldText() = default;
+    FieldText(const FieldText &) = delete;
+    FieldText &operator=(const FieldText &) = delete;
+
     char text[TEXT_SIZE] = "";
+    const char *shown = text; // or a text field's own value, which has no limit here
     int font = 0;
     int extra = 0;         // room kept on the right for the longer suffix
     int percent_width = 0; // room kept on the right for a percent sign painted apart
     bool percent_apart = false;
 };
+
+int Length(const char *text) { return static_cast<int>(std::strlen(text)); }
 
 void PaintHostPicture(const Session *session, HDC device, const ItemRecord &item,
                       const FieldRecord &field) {
@@ -72,7 +79,7 @@ void Fill(const Session *session, const ItemRecord &item, const FieldRecord &fie
     const int pad_width = GetLabelLen(session, field.PadChar, item.FontIndex);
     if (!*field.PadChar || pad_width < 1) return;
     const int room = item.width - out->extra - out->percent_width - TEXT_INSET;
-    const int length = static_cast<int>(std::strlen(out->text));
+    const int length = Length(out->text);
     int count = (room - GetLabelLen(session, out->text, item.FontIndex)) / pad_width;
     count = std::min(count, static_cast<int>(TEXT_SIZE) - 1 - length);
     if (count <= 0) return;
@@ -87,7 +94,7 @@ void MakeText(Session *session, ItemRecord *item, FieldRecord *field, FieldText 
     out->font = item->FontIndex;
     if (field->ValueType == TYPE_TEXT) {
         TruncateText(session, field->TextValue, item->width - TEXT_INSET, item->FontIndex);
-        if (field->TextValue) CopyText(field->TextValue, out->text, sizeof out->text);
+        if (field->TextValue) out->shown = field->TextValue;
         return;
     }
     CopyText(item->LabelText, out->text, sizeof out->text);
@@ -97,16 +104,24 @@ void MakeText(Session *session, ItemRecord *item, FieldRecord *field, FieldText 
     Fill(session, *item, *field, out);
 }
 
-// A field is measured by the printer's own text metrics, and drawn with the device's.
+// What isn't a zip code prints as it is, in the first font.
+void MakeBarcode(FieldText *out) {
+    if (out->shown != out->text) CopyText(out->shown, out->text, sizeof out->text);
+    if (PostnetText(out->text, Length(out->text), POSTNET_LIMIT))
+        out->shown = out->text;
+    else
+        out->font = 0;
+}
+
+// A field is measured by the printer's own text metrics, and drawn with the device's. The measure
+// is that of the item's font, also where the text falls back to the first font.
 SIZE Measure(const Session *session, const FieldRecord &field, FieldText *out) {
     const HDC device = session->printer.InfoDevice;
-    if (field.FieldFlags & FIELD_POSTNET)
-        if (!PostnetText(out->text, static_cast<int>(std::strlen(out->text)), POSTNET_LIMIT))
-            out->font = 0;
     const HFONT font = session->form.Fonts[out->font].Font;
     SelectObject(device, font ? font : GetStockObject(SYSTEM_FONT));
+    if (field.FieldFlags & FIELD_POSTNET) MakeBarcode(out);
     SIZE size{};
-    GetTextExtentPoint32A(device, out->text, static_cast<int>(std::strlen(out->text)), &size);
+    GetTextExtentPoint32A(device, out->shown, Length(out->shown), &size);
     SelectObject(device, GetStockObject(SYSTEM_FONT));
     return size;
 }
@@ -124,9 +139,9 @@ void Draw(const Session *session, HDC device, const ItemRecord &item, const Fiel
     const int x = PlaceAcross(item, place, text, size.cx + text.extra);
     const int y = TextTop(item, place, size.cy);
     SelectTextStyle(session, device, item, text.font);
-    if (*text.text)
-        ExtTextOutA(device, x, y, ETO_CLIPPED, &place, text.text,
-                    static_cast<UINT>(std::strlen(text.text)), nullptr);
+    if (*text.shown)
+        ExtTextOutA(device, x, y, ETO_CLIPPED, &place, text.shown,
+                    static_cast<UINT>(Length(text.shown)), nullptr);
     if (text.percent_apart)
         ExtTextOutA(device, place.left + item.width - TEXT_INSET - text.percent_width, y,
                     ETO_CLIPPED, &place, "%", 1, nullptr);

@@ -22,26 +22,26 @@ void DrawFrame(HDC device, const Frame &frame) {
 
 // A frame that is wanted shows, as the pen in force stays.
 void FillFrame(HDC device, const Frame &frame, const RepLogbrush &background, uint32_t outline) {
-    const OwnedDrawingObject pen(CreatePen(PS_NULL, 1, WHITE));
+    OwnedDrawingObject pen(CreatePen(PS_NULL, 1, WHITE));
     if (!outline) SelectObject(device, pen.Get());
     LOGBRUSH brush{};
     ReadRepLogbrush(&background, &brush);
-    const OwnedDrawingObject fill(CreateBrushIndirect(&brush));
+    OwnedDrawingObject fill(CreateBrushIndirect(&brush));
     SetBkMode(device, TRANSPARENT);
     SelectObject(device, fill.Get());
     DrawFrame(device, frame);
     SelectObject(device, GetStockObject(WHITE_BRUSH));
+    fill.Reset();
     SelectObject(device, GetStockObject(BLACK_PEN));
 }
 
 Frame FrameOf(const Session *session, const ItemRecord &bar) {
     const FormHeader &header = session->form.Header;
     Frame frame{};
-    frame.place.left =
-        bar.x + session->run.CurrentX - InchesToUnits(header.LeftMargin);
+    frame.place.left = bar.x + session->run.CurrentX - InchesToUnits(header.LeftMargin);
     frame.place.right = frame.place.left + bar.width;
-    frame.place.top = session->run.CurrentY + bar.y + bar.RunOffset -
-                      InchesToUnits(header.TopMargin);
+    frame.place.top =
+        session->run.CurrentY + bar.y + bar.RunOffset - InchesToUnits(header.TopMargin);
     frame.place.bottom = frame.place.top + bar.height;
     frame.radius = bar.height / 4;
     return frame;

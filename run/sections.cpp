@@ -102,8 +102,7 @@ int PrintSection(Session *session, int section, uint32_t outline) {
     RunState &run = session->run;
     EndRowAcross(session, section);
     StartRow(session, section);
-    run.CurrentX =
-        session->form.Items[record.BarItem].width * run.AcrossIndex + run.LeftOrigin;
+    run.CurrentX = session->form.Items[record.BarItem].width * run.AcrossIndex + run.LeftOrigin;
     PaintItems(session, section, outline);
     if (IsDetail(section))
         AdvanceDetail(session, record);

@@ -49,8 +49,7 @@ Segment LineOf(const Session *session, const ItemRecord &item) {
     case 0: return {{place.left, middle_y}, {place.right, middle_y}};
     case 1: return {{middle_x, place.top}, {middle_x, place.bottom}};
     case 2: return {{place.left, place.top}, {place.right, place.bottom}};
-    default:
-        return {{place.left, place.bottom}, {place.right, item.y + session->run.CurrentY}};
+    default: return {{place.left, place.bottom}, {place.right, item.y + session->run.CurrentY}};
     }
 }
 
@@ -100,8 +99,8 @@ void PrintPicture(Session *session, HDC device, int row) {
     const auto *info = static_cast<const BITMAPINFO *>(LockHandle(picture.InfoBlock));
     if (bits && info)
         StretchDIBits(device, place.left, place.top, item.width, item.height, 0, 0,
-                      info->bmiHeader.biWidth, info->bmiHeader.biHeight, bits, info,
-                      DIB_RGB_COLORS, SRCCOPY);
+                      info->bmiHeader.biWidth, info->bmiHeader.biHeight, bits, info, DIB_RGB_COLORS,
+                      SRCCOPY);
     if (bits) UnlockHandle(picture.BitsBlock);
     if (info) UnlockHandle(picture.InfoBlock);
     RaiseRowBottom(session, item);

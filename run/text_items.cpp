@@ -11,7 +11,7 @@ namespace tessarine {
 
 namespace {
 
-constexpr int TEXT_INSET = 10;      // form units on either side
+constexpr int TEXT_INSET = 10;        // form units on either side
 constexpr int ADVANCES_AT_HAND = 320; // a label's line needs no memory of its own
 
 // Room for advance widths: on the stack, or for longer texts in a block.
@@ -60,8 +60,7 @@ void PrintText(Session *session, HDC device, int x, int y, const char *text, int
     for (int place = 0; place < length; ++place)
         advances.Get()[place] = row.CharWidth[static_cast<unsigned char>(text[place])];
     advances.Get()[length] = 0;
-    ExtTextOutA(device, x, y, ETO_CLIPPED, &clip, text, static_cast<UINT>(length),
-                advances.Get());
+    ExtTextOutA(device, x, y, ETO_CLIPPED, &clip, text, static_cast<UINT>(length), advances.Get());
 }
 
 // Each line is aligned by itself; an empty one takes its height all the same.

@@ -39,7 +39,7 @@ struct LineWalk {
     }
     // Blanks of a tab; one that doesn't fit is taken back with the place in the text.
     void PutTab() {
-        for (int blank = 0; blank < TAB_BLANKS && count < LINE_LIMIT; ++blank) {
+        for (int blank = 0; blank < TAB_BLANKS; ++blank) {
             Put(' ');
             if (!Full()) continue;
             --count;
@@ -68,7 +68,6 @@ WalkEnd Walk(LineWalk *walk, char break_char) {
             walk->PutTab();
             c = ' ';
         }
-        if (walk->count >= LINE_LIMIT) return WalkEnd::Full;
         walk->Put(c);
         if (walk->Full()) return WalkEnd::Full;
         ++walk->place;
@@ -128,9 +127,8 @@ namespace {
 
 // A wrapped text on its way down the page.
 struct TextColumn {
-    RECT place;
+    RECT place; // on the page that the text has reached
     int y;
-    int first_top; // of the text on this page
     bool spilled = false;
 };
 
@@ -139,15 +137,15 @@ void BeginOnNextPage(Session *session, HDC *device, const ItemRecord &item, Text
     run.PageFresh = 0;
     PageBreak(session, SECTION_DETAIL_1);
     run.RowBottom = run.CurrentY;
-    column->first_top = column->y = column->place.top = run.RowBottom;
+    column->y = column->place.top = run.RowBottom;
     column->place.bottom = column->place.top + run.BodyBottom;
     column->spilled = true;
     *device = PageDevice(session);
     SelectTextStyle(session, *device, item, item.FontIndex);
 }
 
-void DrawLine(const Session *session, HDC device, const ItemRecord &item,
-              const TextColumn &column, char *line) {
+void DrawLine(const Session *session, HDC device, const ItemRecord &item, const TextColumn &column,
+              char *line) {
     RepStrTrim(line);
     if (!*line) return;
     const int width = GetLabelLen(session, line, item.FontIndex);
@@ -170,16 +168,15 @@ bool MakeRoom(Session *session, HDC *device, const ItemRecord &item, TextColumn 
 void PushItemsBelow(Session *session, int row, const TextColumn &column) {
     const ItemRecord &item = session->form.Items[row];
     const SectionRecord &section = session->form.Sections[item.SectionIndex];
-    const int grown = column.y - column.first_top;
+    const int grown = column.y - column.place.top;
     if (grown == item.height) return;
     for (int below = row + 1; below < section.FirstItem + section.ItemTotal; ++below) {
         ItemRecord *other = &session->form.Items[below];
         if (other->ItemType == ITEM_BAR || other->ItemType == ITEM_GROUP ||
             other->SectionIndex != item.SectionIndex || other->y <= item.y + item.height)
             continue;
-        const int offset = column.spilled
-                               ? grown - other->y + (other->y - (item.y + item.height))
-                               : other->RunOffset + grown - item.height;
+        const int offset = column.spilled ? grown - other->y + (other->y - (item.y + item.height))
+                                          : other->RunOffset + grown - item.height;
         other->RunOffset = static_cast<int16_t>(offset);
     }
 }
@@ -194,7 +191,7 @@ void PrintWrappedField(Session *session, HDC device, int row) {
     FormatField(session, field, item->LabelText);
     SelectTextStyle(session, device, *item, item->FontIndex);
     const RECT place = ItemRectangle(session, *item);
-    TextColumn column{place, place.top, place.top};
+    TextColumn column{place, place.top};
     char line[LINE_LIMIT + 2];
     int end = NextTextLine(session, row, line, 0);
     while (end != NO_LINE) {

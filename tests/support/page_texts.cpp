@@ -1,66 +1,18 @@
 #include "tests/support/page_texts.h"
 
-#include <algorithm>
 #include <cstring>
 
-namespace {
-
-constexpr size_t HEADER_WORDS = 9;
-constexpr uint16_t RECORD_EXT_TEXT_OUT = 0x0A32;
-constexpr uint16_t RECORD_TEXT_OUT = 0x0521;
-constexpr uint16_t RECORD_SELECT_OBJECT = 0x012D;
-constexpr uint16_t RECORD_DELETE_OBJECT = 0x01F0;
-
-uint16_t WordAt(const std::string &bytes, size_t word) {
-    uint16_t value = 0;
-    if (word * 2 + 2 <= bytes.size()) std::memcpy(&value, bytes.data() + word * 2, 2);
-    return value;
-}
-
-uint32_t DoubleWordAt(const std::string &bytes, size_t word) {
-    return WordAt(bytes, word) | static_cast<uint32_t>(WordAt(bytes, word + 1)) << 16;
-}
-
-int Signed(uint16_t value) { return static_cast<int16_t>(value); }
-
-PageText ExtendedText(const std::string &bytes, size_t word) {
-    const size_t length = WordAt(bytes, word + 5);
-    const bool has_rectangle = WordAt(bytes, word + 6) & (ETO_CLIPPED | ETO_OPAQUE);
-    const size_t start = (word + 7 + (has_rectangle ? 4 : 0)) * 2;
-    return {Signed(WordAt(bytes, word + 4)), Signed(WordAt(bytes, word + 3)),
-            bytes.substr(start, length)};
-}
-
-PageText PlainText(const std::string &bytes, size_t word) {
-    const size_t length = WordAt(bytes, word + 3);
-    const size_t behind = word + 4 + (length + 1) / 2;
-    return {Signed(WordAt(bytes, behind + 1)), Signed(WordAt(bytes, behind)),
-            bytes.substr((word + 4) * 2, length)};
-}
-
-} // namespace
+#include "tests/support/metafile_records.h"
 
 std::vector<PageText> TextsOf(const std::string &bytes, bool *sound) {
+    const Metafile metafile = ReadMetafile(bytes);
+    *sound = metafile.Sound();
     std::vector<PageText> texts;
-    const uint16_t objects = WordAt(bytes, 5);
-    *sound = WordAt(bytes, 1) == HEADER_WORDS && DoubleWordAt(bytes, 3) * 2 == bytes.size();
-    uint32_t largest = 0;
-    size_t word = HEADER_WORDS;
-    bool ended = false;
-    while (*sound && !ended && (word + 3) * 2 <= bytes.size()) {
-        const uint32_t size = DoubleWordAt(bytes, word);
-        const uint16_t function = WordAt(bytes, word + 2);
-        if (size < 3 || (word + size) * 2 > bytes.size()) *sound = false;
-        largest = std::max(largest, size);
-        if ((function == RECORD_SELECT_OBJECT || function == RECORD_DELETE_OBJECT) &&
-            WordAt(bytes, word + 3) >= objects)
-            *sound = false;
-        if (function == RECORD_EXT_TEXT_OUT) texts.push_back(ExtendedText(bytes, word));
-        if (function == RECORD_TEXT_OUT) texts.push_back(PlainText(bytes, word));
-        ended = function == 0;
-        word += size;
+    for (const MetafileRecord &record : metafile.records) {
+        if (!IsText(record)) continue;
+        const MetafileText text = TextOf(record);
+        texts.push_back({text.x, text.y, text.text});
     }
-    *sound = *sound && ended && word * 2 == bytes.size() && largest == DoubleWordAt(bytes, 6);
     return texts;
 }
 
