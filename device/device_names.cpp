@@ -67,7 +67,8 @@ HGLOBAL GetDevNames(Session *session) {
 HGLOBAL GetDevMode(Session *session) {
     const PrinterState &printer = session->printer;
     if (!printer.DevMode) return nullptr;
-    const size_t size = std::min<size_t>(DevModeSize(*printer.DevMode), GlobalSize(printer.DevModeMemory));
+    const size_t size =
+        std::min<size_t>(DevModeSize(*printer.DevMode), GlobalSize(printer.DevModeMemory));
     const HGLOBAL handle = GlobalAlloc(GHND, size);
     void *copy = LockHandle(handle);
     if (!copy) return nullptr;

@@ -146,8 +146,7 @@ template <typename Handle> void DropObject(Handle *handle) {
 
 // In pixels: the window's client area, or in fitted mode a page of one pixel a unit.
 SIZE BitmapSize(const Session *session, const RECT &client) {
-    if (session->view.FitPage)
-        return {session->run.PageWidthUnits, session->run.PageBottomUnits};
+    if (session->view.FitPage) return {session->run.PageWidthUnits, session->run.PageBottomUnits};
     return {client.right, client.bottom};
 }
 
@@ -163,8 +162,7 @@ void RemakeBitmap(Session *session, const RECT &client) {
     device.OffscreenBitmap = CreateCompatibleBitmap(device.ScreenDC, width, height);
     if (!device.OffscreenBitmap)
         FatalError(session, "Unable to create compatible DC", CODE_DISPLAY);
-    device.OldBitmap =
-        static_cast<HBITMAP>(SelectObject(device.MemoryDC, device.OffscreenBitmap));
+    device.OldBitmap = static_cast<HBITMAP>(SelectObject(device.MemoryDC, device.OffscreenBitmap));
 }
 
 } // namespace

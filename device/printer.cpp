@@ -52,8 +52,7 @@ void AllocDevMode(Session *session, size_t size) {
     PrinterState &printer = session->printer;
     printer.DevModeMemory = sAlloc(size);
     printer.DevMode = static_cast<DEVMODEA *>(LockHandle(printer.DevModeMemory));
-    if (!printer.DevMode)
-        FatalError(session, "Ran Out of Memory (InitPrinter)", CODE_PRINTER);
+    if (!printer.DevMode) FatalError(session, "Ran Out of Memory (InitPrinter)", CODE_PRINTER);
     ZeroMemory(printer.DevMode, size);
 }
 
@@ -139,8 +138,7 @@ void InitPrinter(Session *session) {
     const HWND parent = session->ParentWindow;
     const LONG size =
         DocumentPropertiesA(parent, device.Get(), printer.DeviceName, nullptr, nullptr, 0);
-    if (size <= 0)
-        FatalError(session, "Error Initializing the printer(InitPrinter)", CODE_PRINTER);
+    if (size <= 0) FatalError(session, "Error Initializing the printer(InitPrinter)", CODE_PRINTER);
     AllocDevMode(session, static_cast<size_t>(size));
     if (DocumentPropertiesA(parent, device.Get(), printer.DeviceName, printer.DevMode, nullptr,
                             DM_OUT_BUFFER) <= 0)

@@ -11,26 +11,26 @@ struct PrinterState {
     char DriverName[60]; // ends in ".drv" or ".DRV"
     char PortName[60];
     HGLOBAL DevModeMemory;
-    DEVMODEA *DevMode;   // locked for the life of the session
-    HDC InfoDevice;      // a context of the printer, for measuring
-    float PaperWidth;    // inches, as the next three
+    DEVMODEA *DevMode; // locked for the life of the session
+    HDC InfoDevice;    // a context of the printer, for measuring
+    float PaperWidth;  // inches, as the next three
     float PaperHeight;
     float UsableWidth;
     float UsableHeight;
-    int32_t ReportWidth; // form units: PaperWidth
+    int32_t ReportWidth;  // form units: PaperWidth
     int32_t PrintOffsetX; // form units: unprintable margin, as the next
     int32_t PrintOffsetY;
 };
 
 struct DeviceState {
-    HWND Window;    // the session's window; the parent's in a session without one
-    HDC ScreenDC;   // the window's context; in a run to the printer the printer's
-    HDC MemoryDC;   // offscreen
-    HDC MemoryDC2;  // offscreen, for pictures
+    HWND Window;   // the session's window; the parent's in a session without one
+    HDC ScreenDC;  // the window's context; in a run to the printer the printer's
+    HDC MemoryDC;  // offscreen
+    HDC MemoryDC2; // offscreen, for pictures
     HBITMAP OffscreenBitmap;
     HBITMAP OldBitmap; // what MemoryDC held before OffscreenBitmap
     HMENU Menu;
-    HACCEL AccelTable; // always null: commands 600 to 605 have no keys of their own here
+    HACCEL AccelTable;  // always null: commands 600 to 605 have no keys of their own here
     int32_t LogPixelsX; // pixels per inch of the device being drawn on
     int32_t LogPixelsY;
     COLORREF ForeColor;

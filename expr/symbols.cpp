@@ -172,8 +172,7 @@ int CellOf(Session *session, char token_class, const char *token, int cell_befor
     case 'R': return 502;
     case 'C': return 518;
     case 'O':
-    case 'G':
-        return NamedOperator(session, token, mode, "Invalid function or dot operator: %s");
+    case 'G': return NamedOperator(session, token, mode, "Invalid function or dot operator: %s");
     case 'P': return NamedOperator(session, token, 1, "Invalid operator: %s");
     default: return OperandCell(session, token_class, token, cell_before);
     }

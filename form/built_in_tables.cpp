@@ -24,7 +24,7 @@ constexpr const char *section_names[MAX_SECTIONS] = {
 };
 
 constexpr SystemFieldRow system_fields[] = {
-    {"PAGE", TYPE_NUMERIC, 4},      {"DATE", TYPE_DATE, 10},       {"TIME", TYPE_TEXT, 10},
+    {"PAGE", TYPE_NUMERIC, 4},      {"DATE", TYPE_DATE, 10},      {"TIME", TYPE_TEXT, 10},
     {"REC_COUNT", TYPE_NUMERIC, 6}, {"PARA_BREAK", TYPE_TEXT, 2}, {"REPORT_NAME", TYPE_TEXT, 52},
 };
 

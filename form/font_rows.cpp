@@ -15,7 +15,7 @@ constexpr uint16_t KIND_FONT = 0;
 constexpr uint16_t KIND_PICTURE = 1;
 
 #pragma pack(push, 1)
-struct PictureRow {      // a picture row behind its kind
+struct PictureRow {       // a picture row behind its kind
     uint16_t PointHeight; //  0  1/72 inch
     uint16_t PointWidth;  //  2
     uint32_t BitsSize;    //  4  bytes
@@ -49,7 +49,7 @@ bool IsWholeBitmap(const FontEntry &font) {
                  info->biCompression == BI_RGB && info->biWidth > 0 && info->biHeight != 0 &&
                  info->biHeight != INT32_MIN;
     if (whole) {
-        const uint64_t colors = info->biClrUsed       ? info->biClrUsed
+        const uint64_t colors = info->biClrUsed         ? info->biClrUsed
                                 : info->biBitCount <= 8 ? uint64_t{1} << info->biBitCount
                                                         : 0;
         const uint64_t stride =

@@ -100,8 +100,7 @@ bool ChooseFontOf(Session *session, ItemRecord *item, LOGFONTA *font) {
     if (!ChooseFontA(&choice)) return false;
     item->TextColor = choice.rgbColors;
     font->lfHeight = -(choice.iPointSize * UNITS_PER_INCH / 720);
-    if (device.LogPixelsX)
-        font->lfWidth = MulDiv(font->lfWidth, UNITS_PER_INCH, device.LogPixelsX);
+    if (device.LogPixelsX) font->lfWidth = MulDiv(font->lfWidth, UNITS_PER_INCH, device.LogPixelsX);
     return true;
 }
 
@@ -109,8 +108,8 @@ void RefreshItem(Session *session, ItemRecord *item) {
     if (item->ItemType == ITEM_FIELD) {
         CreateFieldLabel(session, item->FieldIndex, item->LabelText, item->width, item->FontIndex);
     } else if (item->ItemType == ITEM_LABEL && !item->KeepSize) {
-        item->width = static_cast<int16_t>(
-            GetLabelLen(session, item->LabelText, item->FontIndex) + 20);
+        item->width =
+            static_cast<int16_t>(GetLabelLen(session, item->LabelText, item->FontIndex) + 20);
         item->height =
             static_cast<int16_t>(GetLabelHeight(session, item->LabelText, item->FontIndex));
     }

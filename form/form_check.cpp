@@ -34,8 +34,8 @@ bool ItemFits(const Session *session, const ItemRecord &item) {
     if (!Within(item.SectionIndex, MAX_SECTIONS) || !Ends(item.LabelText)) return false;
     if (item.ItemType == ITEM_FIELD && !Within(item.FieldIndex, session->form.FieldCount))
         return false;
-    const bool has_font = item.ItemType == ITEM_LABEL || item.ItemType == ITEM_FIELD ||
-                          item.ItemType == ITEM_PICTURE;
+    const bool has_font =
+        item.ItemType == ITEM_LABEL || item.ItemType == ITEM_FIELD || item.ItemType == ITEM_PICTURE;
     return !has_font || Within(item.FontIndex, MAX_FONTS);
 }
 
@@ -43,8 +43,8 @@ bool FieldTextsEnd(const FieldRecord &field) {
     return Ends(field.FieldName) && Ends(field.DateDelimiter) && Ends(field.ThousandsChar) &&
            Ends(field.DecimalChar) && Ends(field.PadChar) && Ends(field.CurrencySymbol) &&
            Ends(field.TrueText) && Ends(field.FalseText) && Ends(field.NegativePrefix) &&
-           Ends(field.NegativeSuffix) && Ends(field.PositivePrefix) &&
-           Ends(field.PositiveSuffix) && Ends(field.ZeroText) && Ends(field.Caption);
+           Ends(field.NegativeSuffix) && Ends(field.PositivePrefix) && Ends(field.PositiveSuffix) &&
+           Ends(field.ZeroText) && Ends(field.Caption);
 }
 
 bool FieldFits(const Session *session, const FieldRecord &field) {

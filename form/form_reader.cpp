@@ -27,8 +27,8 @@ bool IsFormSignature(uint16_t signature) {
 }
 
 HANDLE OpenForReading(const char *path) {
-    return CreateFileA(path, GENERIC_READ, SHARE_ALL, nullptr, OPEN_EXISTING,
-                       FILE_ATTRIBUTE_NORMAL, nullptr);
+    return CreateFileA(path, GENERIC_READ, SHARE_ALL, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
+                       nullptr);
 }
 
 HANDLE OpenForWriting(const char *path) {
@@ -58,7 +58,7 @@ void ReleaseLockOn(Session *session, const char *path) {
 
 struct OpenedForm {
     HANDLE file = INVALID_HANDLE_VALUE;
-    bool writable = false; // as the header and the host's right say
+    bool writable = false;  // as the header and the host's right say
     bool fell_back = false; // the open for writing failed
 };
 

@@ -7,8 +7,8 @@
 #include "frame/fatal_error.h"
 #include "frame/host_data.h"
 #include "frame/message_box.h"
-#include "frame/owned.h"
 #include "frame/modified.h"
+#include "frame/owned.h"
 #include "frame/text.h"
 
 namespace tessarine {
@@ -126,8 +126,7 @@ Save WriteForm(Session *session, const char *path) {
     if (const Save written = WriteTables(session, file); written != Save::Done) return written;
     switch (WriteFontRows(session, file)) {
     case FontWrite::Silent: return Save::Silent;
-    case FontWrite::NoMemory:
-        return Fail(session, "Ran Out of Memory", "File Save Incomplete!");
+    case FontWrite::NoMemory: return Fail(session, "Ran Out of Memory", "File Save Incomplete!");
     case FontWrite::Done: break;
     }
     SetModified(session, 0);

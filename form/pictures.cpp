@@ -69,8 +69,8 @@ bool MakeInfo(Session *session, FontEntry *row, HDC screen, HBITMAP picture, con
     auto *info = static_cast<BITMAPINFO *>(LockHandle(row->InfoBlock));
     if (!info) return Tell(session, "Ran out of memory for Bitmap Info!");
     FillInfo(info, size);
-    const bool read = GetDIBits(screen, picture, 0, static_cast<UINT>(size.bmHeight), nullptr,
-                                info, DIB_RGB_COLORS) != 0;
+    const bool read = GetDIBits(screen, picture, 0, static_cast<UINT>(size.bmHeight), nullptr, info,
+                                DIB_RGB_COLORS) != 0;
     row->BitsSize = info->bmiHeader.biSizeImage;
     UnlockHandle(row->InfoBlock);
     return read || Tell(session, "Error Creating Device Independent Bitmap Structure!");
@@ -115,12 +115,12 @@ int RestoreBitmap(Session *session, HDC device, int number) {
     if (row->Bitmap) DeleteObject(row->Bitmap);
     const BITMAPINFOHEADER &header = locked.Info()->bmiHeader;
     const int height = header.biHeight < 0 ? -header.biHeight : header.biHeight;
-    row->Bitmap = CreateBitmap(header.biWidth, height,
-                               static_cast<UINT>(GetDeviceCaps(device, PLANES)),
-                               static_cast<UINT>(GetDeviceCaps(device, BITSPIXEL)), nullptr);
+    row->Bitmap =
+        CreateBitmap(header.biWidth, height, static_cast<UINT>(GetDeviceCaps(device, PLANES)),
+                     static_cast<UINT>(GetDeviceCaps(device, BITSPIXEL)), nullptr);
     if (!row->Bitmap) return Tell(session, "Error Creating the Bitmap");
-    if (!SetDIBits(device, row->Bitmap, 0, static_cast<UINT>(height), locked.Bits(),
-                   locked.Info(), DIB_RGB_COLORS))
+    if (!SetDIBits(device, row->Bitmap, 0, static_cast<UINT>(height), locked.Bits(), locked.Info(),
+                   DIB_RGB_COLORS))
         return Tell(session, "Error Initializing the Bitmap");
     BITMAP size{};
     GetObjectA(row->Bitmap, sizeof size, &size);

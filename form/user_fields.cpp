@@ -34,6 +34,7 @@ int CountInUse(const Session *session) {
 
 void Tell(const Session *session, const char *format, const char *name = "") {
     char text[200];
+    // cppcheck-suppress wrongPrintfScanfArgNum ; some formats take no name
     std::snprintf(text, sizeof text, format, name);
     ShowBox(session->device.Window, text);
 }

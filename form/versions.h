@@ -5,7 +5,7 @@
 
 namespace tessarine {
 
-constexpr int VERSION_EXTRA_BYTES = 0;     // every field row is followed by 4 bytes to drop
+constexpr int VERSION_EXTRA_BYTES = 0;      // every field row is followed by 4 bytes to drop
 constexpr int LAST_VERSION_23_SECTIONS = 1; // up to here Detail Section 2 to 9 did not exist
 
 // Reads the sections as this form's version holds them and renumbers what refers to them.

@@ -25,7 +25,8 @@ Session *DialogSession(HWND dialog);
 // Calls the help with the dialog's number.
 void ShowHelp(Session *session, int helpNumber);
 
-// Reads an unsigned number. 1, or 0 after "Must Enter a Valid Number" with the focus on the control.
+// Reads an unsigned number. 1, or 0 after "Must Enter a Valid Number" with the focus on the
+// control.
 int ReadNumberItem(HWND dialog, int control, uint32_t *value);
 // Kind 'I' reads an unsigned integer, any other a double. 1 when low <= value <= high.
 int CheckRangeItem(HWND dialog, char kind, int control, double low, double high);

@@ -132,9 +132,8 @@ int32_t __stdcall AddNewCalcField(Session *session, const char *text, int32_t se
 
 int32_t __stdcall AddNewSysField(Session *session, int32_t index, int32_t section, int32_t x,
                                  int32_t y) {
-    return OnSession(session, -1, [&] {
-        return tessarine::AddNewSysField(session, index, section, x, y);
-    });
+    return OnSession(session, -1,
+                     [&] { return tessarine::AddNewSysField(session, index, section, x, y); });
 }
 
 int32_t __stdcall CreateFieldLabel(Session *session, int32_t field, char *buffer, int32_t width,
@@ -146,9 +145,8 @@ int32_t __stdcall CreateFieldLabel(Session *session, int32_t field, char *buffer
 
 int32_t __stdcall GetFieldSize(Session *session, int32_t field, int32_t font, int32_t *height,
                                int32_t *width) {
-    return OnSession(session, 0, [&] {
-        return tessarine::GetFieldSize(session, field, font, height, width);
-    });
+    return OnSession(session, 0,
+                     [&] { return tessarine::GetFieldSize(session, field, font, height, width); });
 }
 
 int32_t __stdcall CreateDefaultBoldFont(Session *session) {

@@ -5,8 +5,8 @@
 
 namespace tessarine {
 
-extern HostData host_data;         // the working copy that all code reads; all null at load
-extern NewFormData new_form_data;  // off while NewFormName is empty
+extern HostData host_data;        // the working copy that all code reads; all null at load
+extern NewFormData new_form_data; // off while NewFormName is empty
 
 int SetCRepData(HostData *block);
 int RemoveCRepData(HostData *block);

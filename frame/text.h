@@ -14,7 +14,7 @@ void PadRight(char *text, int width);
 char *UpperText(char *text);
 char *LowerText(char *text);
 int HasPrefix(const char *text, const char *other);
-const char *FindText(const char *text, const char *other); // the first occurrence or null
+const char *FindText(const char *text, const char *other);     // the first occurrence or null
 int FindCharAt(const char *memory, char character, int count); // count when it isn't there
 int FindTextAt(const char *text, const char *other);           // the text's length when absent
 void FillBytes(void *memory, int value, size_t count);

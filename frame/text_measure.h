@@ -5,8 +5,8 @@
 
 namespace tessarine {
 
-int GetLabelLen(const Session *session, const char *text, int font);    // the widest line
-int GetLabelHeight(const Session *session, const char *text, int font); // (line feeds + 1) lines
+int GetLabelLen(const Session *session, const char *text, int font);       // the widest line
+int GetLabelHeight(const Session *session, const char *text, int font);    // (line feeds + 1) lines
 int TruncateText(const Session *session, char *text, int width, int font); // always 1
 
 } // namespace tessarine

@@ -53,8 +53,8 @@ int32_t __stdcall AddNewDataField(struct Session *session, const char *name, int
                                   int32_t x, int32_t y, int32_t wrap);
 int32_t __stdcall AddNewCalcField(struct Session *session, const char *text, int32_t section,
                                   const char *description, int32_t x, int32_t y);
-int32_t __stdcall AddNewSysField(struct Session *session, int32_t index, int32_t section,
-                                 int32_t x, int32_t y);
+int32_t __stdcall AddNewSysField(struct Session *session, int32_t index, int32_t section, int32_t x,
+                                 int32_t y);
 /* Writes at most 300 characters of sample text; width in form units, 0 for no limit. */
 int32_t __stdcall CreateFieldLabel(struct Session *session, int32_t field, char *buffer,
                                    int32_t width, int32_t font);

@@ -54,9 +54,8 @@ INT_PTR CALLBACK DeviceParam(HWND dialog, UINT message, WPARAM wParam, LPARAM lP
         return Open(dialog, reinterpret_cast<DialogStart *>(lParam)->session);
     Session *session = DialogSession(dialog);
     if (message != WM_COMMAND || !session) return FALSE;
-    return Guarded(session, INT_PTR{FALSE}, [&] {
-        return OnCommand(dialog, session, LOWORD(wParam), HIWORD(wParam));
-    });
+    return Guarded(session, INT_PTR{FALSE},
+                   [&] { return OnCommand(dialog, session, LOWORD(wParam), HIWORD(wParam)); });
 }
 
 } // namespace tessarine

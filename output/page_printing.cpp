@@ -95,8 +95,7 @@ void PrintRange(Session *session, HDC device) {
         StartPage(device);
         RaisePending(session);
         ApplyMapping(session, device);
-        page.Reset(
-            ReadMetaFilePage(session, index, session->pages.PrintPagePath, page.Leave()));
+        page.Reset(ReadMetaFilePage(session, index, session->pages.PrintPagePath, page.Leave()));
         if (page) PlayMetaFile(device, page.Get());
         EndPage(device);
         RaisePending(session);

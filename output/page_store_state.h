@@ -33,7 +33,7 @@ struct ViewState {
     uint32_t VertScroll;
     uint32_t PaintEnabled; // the session has a window of its own to paint
     int32_t StripHeight;   // form units: the status strip's height, which the layout leaves at 0
-    RECT ClipRect; // pixels
+    RECT ClipRect;         // pixels
 };
 
 } // namespace tessarine

@@ -112,13 +112,12 @@ void MapPaperOnSheet(const Session *session, const RECT &sheet, int paperWidth, 
     SetWindowExtEx(device, paperWidth, paperHeight, nullptr);
     SetViewportExtEx(device, MulDiv(width, old.viewport_extent.cx, old.window_extent.cx),
                      MulDiv(height, old.viewport_extent.cy, old.window_extent.cy), nullptr);
-    SetViewportOrgEx(
-        device,
-        MulDiv(x - old.window_origin.x, old.viewport_extent.cx, old.window_extent.cx) +
-            old.viewport_origin.x,
-        MulDiv(y - old.window_origin.y, old.viewport_extent.cy, old.window_extent.cy) +
-            old.viewport_origin.y,
-        nullptr);
+    SetViewportOrgEx(device,
+                     MulDiv(x - old.window_origin.x, old.viewport_extent.cx, old.window_extent.cx) +
+                         old.viewport_origin.x,
+                     MulDiv(y - old.window_origin.y, old.viewport_extent.cy, old.window_extent.cy) +
+                         old.viewport_origin.y,
+                     nullptr);
 }
 
 void DrawSheetFrame(const Session *session, const RECT &sheet) {
@@ -164,8 +163,8 @@ void WriteStrip(const Session *session, const RECT &strip) {
     std::snprintf(text, sizeof text, finished ? "   Last Page: %d" : "   Processing Page# %d",
                   run.PageCount);
     StripText(session, strip, strip.left, 0, text);
-    std::snprintf(text, sizeof text,
-                  finished ? "   Record Count: %d" : "   Processing Record#: %d", run.RecordCount);
+    std::snprintf(text, sizeof text, finished ? "   Record Count: %d" : "   Processing Record#: %d",
+                  run.RecordCount);
     StripText(session, strip, strip.left, 1, text);
     if (!finished && run.PageCount < 2) return;
     std::snprintf(text, sizeof text, "Current Page: %d   ", session->pages.ShownPageIndex + 1);

@@ -21,9 +21,7 @@ void PageDown(Session *session) { ScrollDown(session, session->view.ViewHeight);
 void LineUp(Session *session) { ScrollUp(session, session->view.ViewHeight / LINE_PARTS); }
 void LineDown(Session *session) { ScrollDown(session, session->view.ViewHeight / LINE_PARTS); }
 void ColumnLeft(Session *session) { ScrollLeft(session, session->view.ViewWidth / COLUMN_PARTS); }
-void ColumnRight(Session *session) {
-    ScrollRight(session, session->view.ViewWidth / COLUMN_PARTS);
-}
+void ColumnRight(Session *session) { ScrollRight(session, session->view.ViewWidth / COLUMN_PARTS); }
 void ViewLeft(Session *session) { ScrollLeft(session, session->view.ViewWidth); }
 void ViewRight(Session *session) { ScrollRight(session, session->view.ViewWidth); }
 
@@ -79,18 +77,19 @@ struct ActionRow {
 };
 
 constexpr ActionRow commands[] = {
-    {COMMAND_PAGE_UP, PageUp},   {COMMAND_PAGE_DOWN, PageDown},  {COMMAND_LINE_UP, LineUp},
-    {COMMAND_LINE_DOWN, LineDown}, {COMMAND_LEFT, ColumnLeft},   {COMMAND_RIGHT, ColumnRight},
-    {COMMAND_SAVE, SaveReport},  {COMMAND_JUMP, Jump},           {COMMAND_PRINT, PrintWithDialog},
-    {COMMAND_FIT, ToggleFit},    {COMMAND_EXIT, StopOrEnd},
+    {COMMAND_PAGE_UP, PageUp},     {COMMAND_PAGE_DOWN, PageDown}, {COMMAND_LINE_UP, LineUp},
+    {COMMAND_LINE_DOWN, LineDown}, {COMMAND_LEFT, ColumnLeft},    {COMMAND_RIGHT, ColumnRight},
+    {COMMAND_SAVE, SaveReport},    {COMMAND_JUMP, Jump},          {COMMAND_PRINT, PrintWithDialog},
+    {COMMAND_FIT, ToggleFit},      {COMMAND_EXIT, StopOrEnd},
 };
 
 constexpr ActionRow vertical_codes[] = {
     {SB_LINEUP, LineUp}, {SB_LINEDOWN, LineDown}, {SB_PAGEUP, PageUp}, {SB_PAGEDOWN, PageDown}};
 
-constexpr ActionRow horizontal_codes[] = {
-    {SB_LINELEFT, ColumnLeft}, {SB_LINERIGHT, ColumnRight},
-    {SB_PAGELEFT, ViewLeft},   {SB_PAGERIGHT, ViewRight}};
+constexpr ActionRow horizontal_codes[] = {{SB_LINELEFT, ColumnLeft},
+                                          {SB_LINERIGHT, ColumnRight},
+                                          {SB_PAGELEFT, ViewLeft},
+                                          {SB_PAGERIGHT, ViewRight}};
 
 template <size_t Rows> bool Act(const ActionRow (&rows)[Rows], int number, Session *session) {
     for (const ActionRow &row : rows) {
@@ -139,8 +138,10 @@ struct MessageRow {
 };
 
 constexpr MessageRow messages[] = {
-    {WM_COMMAND, OnCommand},        {WM_VSCROLL, OnVerticalScroll},
-    {WM_HSCROLL, OnHorizontalScroll}, {WM_PAINT, OnPaint},
+    {WM_COMMAND, OnCommand},
+    {WM_VSCROLL, OnVerticalScroll},
+    {WM_HSCROLL, OnHorizontalScroll},
+    {WM_PAINT, OnPaint},
     {WM_CLOSE, OnClose},
 };
 

@@ -51,8 +51,7 @@ void StartPrinterRun(Session *session) {
     document.lpszDocName = session->form.Header.ReportName;
     const int started = StartDocA(session->device.ScreenDC, &document);
     RaisePending(session);
-    if (started <= 0)
-        FatalError(session, "Unable to Start the Print Job", CODE_PRINTER);
+    if (started <= 0) FatalError(session, "Unable to Start the Print Job", CODE_PRINTER);
     StartPrinterPage(session);
     if (!silent) ShowProgress(session);
     const RunState &run = session->run;

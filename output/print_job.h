@@ -11,7 +11,7 @@ void StartFileRun(Session *session);     // the dialog of a run to disk
 void EndPrinterPage(Session *session);   // EndPage and the abort procedure
 void StartPrinterPage(Session *session); // StartPage and the unit mapping
 void FilePrintPump(Session *session);
-void FinishOutput(Session *session);     // closing steps: dialog, document, report of the count
+void FinishOutput(Session *session); // closing steps: dialog, document, report of the count
 
 // Prints finished pages of a preview. 1, also when the user cancelled; 0 after a message.
 int PrintPages(Session *session, int askRange);

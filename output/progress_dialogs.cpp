@@ -45,8 +45,7 @@ INT_PTR CALLBACK FilePrintAbortParam(HWND dialog, UINT message, WPARAM, LPARAM) 
 
 void OpenProgress(Session *session, const char *templateName, DLGPROC procedure, HWND owner,
                   const char *device) {
-    const HWND dialog =
-        CreateDialogParamA(module_instance, templateName, owner, procedure, 0);
+    const HWND dialog = CreateDialogParamA(module_instance, templateName, owner, procedure, 0);
     session->run.AbortDialog = dialog;
     session->run.AbortDialogProc = procedure;
     if (!dialog) return;

@@ -70,8 +70,7 @@ ReportFileHeader MakeHeader(const Session *session) {
     const DEVMODEA &mode = *printer.DevMode;
     header.Magic = SIGNATURE_REPORT;
     header.PageCount = session->run.PageCount;
-    header.PageTableOffset =
-        static_cast<int32_t>(session->pages.PageTable[session->run.PageCount]);
+    header.PageTableOffset = static_cast<int32_t>(session->pages.PageTable[session->run.PageCount]);
     header.RecordCount = session->run.RecordCount;
     header.PageWidth = printer.UsableWidth;
     header.PageHeight = printer.UsableHeight;

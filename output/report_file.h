@@ -5,10 +5,10 @@
 
 namespace tessarine {
 
-int WriteEmptyHeader(Session *session, const char *path);    // non-zero for success
-void WriteOutputHdrFtr(Session *session, const char *path);  // fatal with code 1
-int ReadReportHeader(Session *session, const char *path);    // non-zero for success
-int ReadPageTable(Session *session, const char *path);       // non-zero for success
-int32_t FinishedPages(const Session *session); // PageCount at the end, one less before
+int WriteEmptyHeader(Session *session, const char *path);   // non-zero for success
+void WriteOutputHdrFtr(Session *session, const char *path); // fatal with code 1
+int ReadReportHeader(Session *session, const char *path);   // non-zero for success
+int ReadPageTable(Session *session, const char *path);      // non-zero for success
+int32_t FinishedPages(const Session *session);              // PageCount at the end, one less before
 
 } // namespace tessarine

@@ -5,6 +5,7 @@
 #include "form/file_dialog.h"
 #include "frame/clock.h"
 #include "frame/fatal_error.h"
+#include "frame/host_data.h"
 #include "frame/mapping.h"
 #include "frame/owned.h"
 #include "frame/session_table.h"
@@ -13,7 +14,6 @@
 #include "output/preview.h"
 #include "output/report_file.h"
 #include "session/session_life.h"
-#include "frame/host_data.h"
 
 namespace tessarine {
 

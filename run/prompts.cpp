@@ -125,9 +125,7 @@ INT_PTR OnCommand(HWND dialog, Session *session, int control) {
         SetModified(session, 1);
         return TRUE;
     case PROMPT_PREVIOUS:
-    case IDCANCEL:
-        ReadInput(dialog, session);
-        return EndDialog(dialog, 0);
+    case IDCANCEL: ReadInput(dialog, session); return EndDialog(dialog, 0);
     case DIALOG_HELP: ShowHelp(session, PROMPT_HELP); return TRUE;
     default: return FALSE;
     }

@@ -200,8 +200,7 @@ void PrepareValues(Session *session) {
     SetStartState(session);
 }
 
-int SetUpRun(Session *session, RepParams *params, int feedMode, HGLOBAL devNames,
-             HGLOBAL devMode) {
+int SetUpRun(Session *session, RepParams *params, int feedMode, HGLOBAL devNames, HGLOBAL devMode) {
     if (const int code = OpenRun(session, params, devNames, devMode)) return code;
     SettleFeedOffset(session);
     AllocRepMem(session);

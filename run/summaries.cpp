@@ -36,8 +36,7 @@ void ResetSummary(FieldRecord *field, int32_t longValue, double doubleValue) {
 }
 
 void AccumulateSummaries(Session *session) {
-    for (int row = 0; row < session->form.FieldCount; ++row)
-        Accumulate(&session->form.Fields[row]);
+    for (int row = 0; row < session->form.FieldCount; ++row) Accumulate(&session->form.Fields[row]);
 }
 
 } // namespace tessarine

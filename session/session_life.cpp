@@ -51,10 +51,9 @@ void MakeSessionWindow(Session *session, uint32_t style, const RECT &place) {
     const char *title = *session->CurrentFile ? session->CurrentFile : "(UNNAMED)";
     session->device.Menu = LoadSessionMenu(session);
     session->WindowInMaking = 1;
-    const HWND window =
-        CreateWindowExA(0, window_class, title, style, place.left, place.top, place.right,
-                        place.bottom, session->ParentWindow, session->device.Menu, module_instance,
-                        nullptr);
+    const HWND window = CreateWindowExA(0, window_class, title, style, place.left, place.top,
+                                        place.right, place.bottom, session->ParentWindow,
+                                        session->device.Menu, module_instance, nullptr);
     RaisePending(session);
     if (!window) FatalError(session, "Unable to allocate a Display Context.", CODE_DISPLAY);
     SetWindowLongA(window, 0, reinterpret_cast<LONG>(session));
@@ -106,8 +105,8 @@ bool SettleModifiedForm(Session *session) {
         *session->form.Header.ReportName ? session->form.Header.ReportName : "<Untitled>";
     std::snprintf(session->TextBuffer, sizeof session->TextBuffer,
                   "Do you wish to save the modifications to \"%s\"?", name);
-    const int answer = ShowBox(session->device.Window, session->TextBuffer, "File Modified",
-                               MB_YESNOCANCEL);
+    const int answer =
+        ShowBox(session->device.Window, session->TextBuffer, "File Modified", MB_YESNOCANCEL);
     if (answer == IDNO) return true;
     if (answer == IDYES && FrSave(session, session->CurrentFile)) return true;
     SendMessageA(session->ParentWindow, MESSAGE_NO_RESULT, 0, 0);

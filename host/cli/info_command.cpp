@@ -69,7 +69,8 @@ void PrintForm(const std::string &path) {
     for (const UserFieldRecord &user : form.users)
         if (user.InUse)
             std::printf("  asked        %-8s %s\n",
-                        user.ValueType >= 1 && user.ValueType <= 6 ? type_names[user.ValueType] : "",
+                        user.ValueType >= 1 && user.ValueType <= 6 ? type_names[user.ValueType]
+                                                                   : "",
                         Text(user.UserName, sizeof user.UserName).c_str());
 }
 

@@ -39,8 +39,8 @@ std::map<std::string, std::string> Answers(const RunOptions &options, const Form
             known = true;
         }
         if (!known)
-            throw Failure("--set " + answer + ": the form " + options.form +
-                          " has no user field " + name);
+            throw Failure("--set " + answer + ": the form " + options.form + " has no user field " +
+                          name);
     }
     return answers;
 }

@@ -56,7 +56,8 @@ Value ConvertLogical(const std::string &text, const FieldRecord &) {
     if (std::any_of(std::begin(yes), std::end(yes), is_text))
         value.whole = 1;
     else if (!std::any_of(std::begin(no), std::end(no), is_text))
-        throw Failure("\"" + text + "\" is no logical value; write true or false, yes or no, 1 or 0");
+        throw Failure("\"" + text +
+                      "\" is no logical value; write true or false, yes or no, 1 or 0");
     return value;
 }
 
@@ -103,8 +104,9 @@ void WriteText(FieldRecord *row, const std::string &text) {
     if (static_cast<int>(text.size()) > row->FieldWidth) {
         const size_t size = std::min<size_t>(text.size(), INT16_MAX - 2);
         auto *longer = static_cast<char *>(OurAlloc(static_cast<uint32_t>(size + 2)));
-        if (!longer) throw Failure("there is no memory for a text of " +
-                                   std::to_string(text.size()) + " characters");
+        if (!longer)
+            throw Failure("there is no memory for a text of " + std::to_string(text.size()) +
+                          " characters");
         OurFree(row->TextValue);
         row->TextValue = longer;
         row->FieldWidth = static_cast<int16_t>(size);

@@ -63,7 +63,8 @@ public:
         std::vector<unsigned char> picture;
         picture.reserve(static_cast<size_t>(width) * static_cast<size_t>(height) * 3);
         for (int y = 0; y < height; ++y)
-            for (int x = 0; x < width; ++x) AppendAverage(x * samples, y * samples, samples, &picture);
+            for (int x = 0; x < width; ++x)
+                AppendAverage(x * samples, y * samples, samples, &picture);
         return picture;
     }
 

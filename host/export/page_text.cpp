@@ -10,8 +10,8 @@ constexpr WORD TEXT_OUT = 0x0521;
 constexpr size_t HEADER_WORDS = 3; // of a record: size and function
 
 std::string Line(int x, int y, const char *text, size_t length) {
-    return std::to_string(x) + "\t" + std::to_string(y) + "\t" +
-           ToUtf8(std::string(text, length)) + "\n";
+    return std::to_string(x) + "\t" + std::to_string(y) + "\t" + ToUtf8(std::string(text, length)) +
+           "\n";
 }
 
 int CALLBACK Collect(HDC, HANDLETABLE *, METARECORD *record, int, LPARAM lines) {
@@ -22,7 +22,8 @@ int CALLBACK Collect(HDC, HANDLETABLE *, METARECORD *record, int, LPARAM lines) 
         const size_t length = static_cast<uint16_t>(words[2]);
         const size_t start = words[3] & (ETO_CLIPPED | ETO_OPAQUE) ? 8 : 4;
         if (start + (length + 1) / 2 <= size)
-            *text += Line(words[1], words[0], reinterpret_cast<const char *>(words + start), length);
+            *text +=
+                Line(words[1], words[0], reinterpret_cast<const char *>(words + start), length);
     } else if (record->rdFunction == TEXT_OUT && size >= 3) {
         const size_t length = static_cast<uint16_t>(words[0]);
         const size_t behind = 1 + (length + 1) / 2;

@@ -15,13 +15,12 @@ constexpr size_t MOST_CELLS = 99;
 
 // By code, from 501 on.
 constexpr const char *operators[] = {
-    "(",          ")",         "+",         "-",         "*",           "/",     "=",
-    "<>",         ".",         ">",         "<",         ">=",          "<=",    ".OR.",
-    ".AND.",      ".NOT.",     "$",         ",",         ".TOTAL-OF.",  ".AVE-OF.",
-    ".MAX-OF.",   ".MIN-OF.",  ".COUNT-OF.", ".IF.",     ".THEN.",      ".ELSE.", "LEN",
-    "UPPER",      "LOWER",     "TRIM",      "WORD",      "CHAR",        "MIN",   "MAX",
-    "VAL",        "ROUND",     "ABS",       "WEEKDAY",   "DAY",         "MONTH", "YEAR",
-    "LEFT",       "RIGHT",     "STR",       "DTOC",      "DTOS",        "CTOD",  "MONTHTOS",
+    "(",      ")",      "+",          "-",        "*",        "/",        "=",          "<>",
+    ".",      ">",      "<",          ">=",       "<=",       ".OR.",     ".AND.",      ".NOT.",
+    "$",      ",",      ".TOTAL-OF.", ".AVE-OF.", ".MAX-OF.", ".MIN-OF.", ".COUNT-OF.", ".IF.",
+    ".THEN.", ".ELSE.", "LEN",        "UPPER",    "LOWER",    "TRIM",     "WORD",       "CHAR",
+    "MIN",    "MAX",    "VAL",        "ROUND",    "ABS",      "WEEKDAY",  "DAY",        "MONTH",
+    "YEAR",   "LEFT",   "RIGHT",      "STR",      "DTOC",     "DTOS",     "CTOD",       "MONTHTOS",
 };
 static_assert(std::size(operators) == CELL_LAST_OPERATOR - CELL_FIRST_OPERATOR + 1);
 
@@ -62,8 +61,8 @@ bool DateOf(const FormImage &form, const std::string &literal, int32_t *date) {
     char a = 0;
     char b = 0;
     const std::string inner = literal.substr(1, literal.size() - 2);
-    const int found = std::sscanf(inner.c_str(), "%2d%c%2d%c%4d%n", &first, &a, &second, &b, &year,
-                                  &used);
+    const int found =
+        std::sscanf(inner.c_str(), "%2d%c%2d%c%4d%n", &first, &a, &second, &b, &year, &used);
     if (found != 5 || used != static_cast<int>(inner.size()) || a != b || !std::strchr("-/,", a))
         return false;
     if (form.header.DateEntryFormat) std::swap(first, second);

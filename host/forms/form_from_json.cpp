@@ -81,8 +81,7 @@ private:
         const int16_t again[5] = {mode.Orientation, mode.PaperSize, mode.PaperLength,
                                   mode.PaperWidth, mode.PrintQuality};
         std::memcpy(form_.header.PrinterModeAgain, again, sizeof again);
-        if (form_.header.ReportFilter[0] != CELL_END)
-            form_.header.FormFlags |= FORM_HAS_FILTER;
+        if (form_.header.ReportFilter[0] != CELL_END) form_.header.FormFlags |= FORM_HAS_FILTER;
     }
 
     // ---- fonts and pictures --------------------------------------------------------------------
@@ -115,7 +114,8 @@ private:
         FontImage font;
         font.picture = place.Has("picture") || place.Has("picture info");
         if (font.picture) {
-            font.point_height = static_cast<uint16_t>(place.At("point height").Whole(1, UINT16_MAX));
+            font.point_height =
+                static_cast<uint16_t>(place.At("point height").Whole(1, UINT16_MAX));
             font.point_width = static_cast<uint16_t>(place.At("point width").Whole(1, UINT16_MAX));
             if (place.Has("picture")) {
                 TakePictureFile(place.At("picture"), &font);
@@ -146,11 +146,11 @@ private:
 
     int16_t FontRow(const JsonPlace &place) const {
         if (place.Value().is_number())
-            return static_cast<int16_t>(
-                place.Whole(0, static_cast<int>(form_.fonts.size()) - 1));
+            return static_cast<int16_t>(place.Whole(0, static_cast<int>(form_.fonts.size()) - 1));
         const std::string name = place.Text();
         const auto found = std::find(font_names_.begin(), font_names_.end(), name);
-        if (found == font_names_.end()) place.Fail("no font of the form has the name \"" + name + "\"");
+        if (found == font_names_.end())
+            place.Fail("no font of the form has the name \"" + name + "\"");
         return static_cast<int16_t>(found - font_names_.begin());
     }
 
@@ -159,14 +159,14 @@ private:
     void TakeField(const JsonPlace &place) {
         place.Object();
         FieldRecord field = DefaultField();
-        field.FieldKind =
-            static_cast<uint16_t>(TakeName(kind_names, place, "kind", FIELD_DATA));
+        field.FieldKind = static_cast<uint16_t>(TakeName(kind_names, place, "kind", FIELD_DATA));
         if (field.FieldKind == FIELD_FREE) field.InUse = 0;
         field.ValueType = static_cast<int16_t>(TakeName(type_names, place, "type", TYPE_TEXT));
         Take(field_members, place, &field);
         if (place.Has("name")) {
             const std::string name = ToCodePage(place.At("name").Text());
-            if (name.size() >= sizeof field.FieldName) place.At("name").Fail("the name is too long");
+            if (name.size() >= sizeof field.FieldName)
+                place.At("name").Fail("the name is too long");
             std::memcpy(field.FieldName, name.data(), name.size());
             SettleSystemRow(place, &field);
         }
@@ -185,8 +185,8 @@ private:
             const char *name;
             int16_t type;
             int16_t width;
-        } rows[] = {{"SYS->PAGE", TYPE_NUMERIC, 4},      {"SYS->DATE", TYPE_DATE, 10},
-                    {"SYS->TIME", TYPE_TEXT, 10},        {"SYS->REC_COUNT", TYPE_NUMERIC, 6},
+        } rows[] = {{"SYS->PAGE", TYPE_NUMERIC, 4},    {"SYS->DATE", TYPE_DATE, 10},
+                    {"SYS->TIME", TYPE_TEXT, 10},      {"SYS->REC_COUNT", TYPE_NUMERIC, 6},
                     {"SYS->PARA_BREAK", TYPE_TEXT, 2}, {"SYS->REPORT_NAME", TYPE_TEXT, 52}};
         if (field->FieldKind != FIELD_SYSTEM) return;
         for (size_t row = 0; row < std::size(rows); ++row) {
@@ -200,8 +200,8 @@ private:
     }
 
     void TakeUser(const JsonPlace &place) {
-        const int row = place.Has("row") ? place.At("row").Whole(0, MAX_USER_FIELDS - 1)
-                                         : FreeUserRow(place);
+        const int row =
+            place.Has("row") ? place.At("row").Whole(0, MAX_USER_FIELDS - 1) : FreeUserRow(place);
         UserFieldRecord *user = &form_.users[row];
         user->InUse = 1;
         user->UserWidth = 20;
@@ -265,11 +265,11 @@ private:
         const int number = SectionRow(place.At("section"));
         SectionRecord *section = &form_.sections[number];
         if (section->InUse) place.At("section").Fail("the section stands twice in the form");
-        if (number < last_section_) place.At("section").Fail("the sections stand out of their order");
+        if (number < last_section_)
+            place.At("section").Fail("the sections stand out of their order");
         last_section_ = number;
         section->InUse = 1;
-        section->SectionFlags =
-            static_cast<uint16_t>(TakeSet(section_flags, place, "flags", 0));
+        section->SectionFlags = static_cast<uint16_t>(TakeSet(section_flags, place, "flags", 0));
         Take(section_members, place, section);
         section->BarItem = static_cast<int16_t>(form_.items.size());
         const ItemRecord bar = TakeBar(place, number);
@@ -285,8 +285,8 @@ private:
     ItemRecord TakeBar(const JsonPlace &place, int number) const {
         const double paper_width = form_.header.LabelType ? 0.0 : 8.5;
         ItemRecord bar = DefaultItem(ITEM_BAR);
-        bar.x = static_cast<int16_t>(
-            std::max(static_cast<int>(form_.header.LeftMargin * 250.0), 62));
+        bar.x =
+            static_cast<int16_t>(std::max(static_cast<int>(form_.header.LeftMargin * 250.0), 62));
         bar.width = static_cast<int16_t>(
             form_.header.LabelType
                 ? form_.header.LabelGeometry.LabelWidth * 250.0

@@ -146,33 +146,47 @@ inline constexpr Member font_members[] = {
 };
 
 inline constexpr FlagWord item_flags[] = {
-    {"background", FLAG_BACKGROUND}, {"left", FLAG_LEFT},     {"right", FLAG_RIGHT},
-    {"center", FLAG_CENTER},         {"top", FLAG_TOP},       {"middle", FLAG_MIDDLE},
-    {"bottom", FLAG_BOTTOM},         {"group", FLAG_GROUP_TOGGLE},
+    {"background", FLAG_BACKGROUND},
+    {"left", FLAG_LEFT},
+    {"right", FLAG_RIGHT},
+    {"center", FLAG_CENTER},
+    {"top", FLAG_TOP},
+    {"middle", FLAG_MIDDLE},
+    {"bottom", FLAG_BOTTOM},
+    {"group", FLAG_GROUP_TOGGLE},
 };
 inline constexpr FlagWord side_flags[] = {
     {"left", SIDE_LEFT}, {"right", SIDE_RIGHT}, {"top", SIDE_TOP}, {"bottom", SIDE_BOTTOM}};
 inline constexpr FlagWord field_flags[] = {
-    {"trim", FIELD_TRIM},           {"upper case", FIELD_UPPER},
-    {"capitalize", FIELD_CAPITALIZE}, {"lower case", FIELD_LOWER},
-    {"wrap", FIELD_WRAP},           {"word wrap", FIELD_WORD_WRAP},
-    {"retain", FIELD_RETAIN},       {"variable lines", FIELD_VARIABLE_LINES},
-    {"in footer", FIELD_IN_FOOTER}, {"shared", FIELD_SHARED},
-    {"branch", FIELD_BRANCH},       {"postnet", FIELD_POSTNET},
+    {"trim", FIELD_TRIM},
+    {"upper case", FIELD_UPPER},
+    {"capitalize", FIELD_CAPITALIZE},
+    {"lower case", FIELD_LOWER},
+    {"wrap", FIELD_WRAP},
+    {"word wrap", FIELD_WORD_WRAP},
+    {"retain", FIELD_RETAIN},
+    {"variable lines", FIELD_VARIABLE_LINES},
+    {"in footer", FIELD_IN_FOOTER},
+    {"shared", FIELD_SHARED},
+    {"branch", FIELD_BRANCH},
+    {"postnet", FIELD_POSTNET},
 };
 inline constexpr FlagWord section_flags[] = {
-    {"page before", SECTION_ADVANCE_BEFORE},     {"page after", SECTION_ADVANCE_AFTER},
-    {"reprint", SECTION_REPRINT},                {"compress before", SECTION_COMPRESS_BEFORE},
-    {"compress after", SECTION_COMPRESS_AFTER}, {"reset page", SECTION_RESET_PAGE},
+    {"page before", SECTION_ADVANCE_BEFORE},
+    {"page after", SECTION_ADVANCE_AFTER},
+    {"reprint", SECTION_REPRINT},
+    {"compress before", SECTION_COMPRESS_BEFORE},
+    {"compress after", SECTION_COMPRESS_AFTER},
+    {"reset page", SECTION_RESET_PAGE},
 };
-inline constexpr FlagWord symbol_flags[] = {
-    {"always", WHEN_ALWAYS}, {"first on page", WHEN_FIRST_ON_PAGE},
-    {"first in group", WHEN_FIRST_IN_GROUP}};
+inline constexpr FlagWord symbol_flags[] = {{"always", WHEN_ALWAYS},
+                                            {"first on page", WHEN_FIRST_ON_PAGE},
+                                            {"first in group", WHEN_FIRST_IN_GROUP}};
 inline constexpr FlagWord font_flags[] = {{"italic", 1}, {"underline", 2}, {"strike out", 4}};
 
-inline constexpr const char *kind_names[] = {"data", "calculation", "system",
-                                             "constant", "free", "user"};
-inline constexpr const char *type_names[] = {"", "numeric", "double", "text",
-                                             "logical", "date", "picture"};
+inline constexpr const char *kind_names[] = {"data",     "calculation", "system",
+                                             "constant", "free",        "user"};
+inline constexpr const char *type_names[] = {"",        "numeric", "double", "text",
+                                             "logical", "date",    "picture"};
 inline constexpr const char *summary_names[] = {"value", "total", "average", "count", "max", "min"};
 inline constexpr const char *symbol_names[] = {"none", "currency", "percent"};

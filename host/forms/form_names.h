@@ -5,7 +5,7 @@
 
 #include "tessarine.h"
 
-std::string SectionName(int section); // "Page Header", "Sort Header 1"...
+std::string SectionName(int section);       // "Page Header", "Sort Header 1"...
 int SectionNumber(const std::string &name); // -1 when there is none
 const char *ItemTypeName(int item_type);
 int ItemTypeNumber(const std::string &name); // -1 when there is none

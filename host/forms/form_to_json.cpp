@@ -13,8 +13,7 @@ void Dump(const Member (&members)[Count], const void *record, const void *defaul
 }
 
 template <size_t Count>
-void DumpSet(const FlagWord (&words)[Count], int flags, int usual, const char *name,
-             Json *object) {
+void DumpSet(const FlagWord (&words)[Count], int flags, int usual, const char *name, Json *object) {
     if (flags != usual) (*object)[name] = DumpFlags(words, Count, flags);
 }
 
@@ -64,8 +63,8 @@ Json DumpFont(const FontImage &font) {
     }
     const PortableFont usual = DefaultFont();
     Dump(font_members, &font.font, &usual, &object);
-    const int style = (font.font.Italic ? 1 : 0) | (font.font.Underline ? 2 : 0) |
-                      (font.font.StrikeOut ? 4 : 0);
+    const int style =
+        (font.font.Italic ? 1 : 0) | (font.font.Underline ? 2 : 0) | (font.font.StrikeOut ? 4 : 0);
     DumpSet(font_flags, style, 0, "style", &object);
     return object;
 }
@@ -97,8 +96,7 @@ Json DumpUser(const FormImage &form, const UserFieldRecord &user, int row) {
 }
 
 std::string FieldReference(const FormImage &form, int row) {
-    return std::string(form.fields[static_cast<size_t>(row)].FieldName) + "@" +
-           std::to_string(row);
+    return std::string(form.fields[static_cast<size_t>(row)].FieldName) + "@" + std::to_string(row);
 }
 
 void DumpOutline(const ItemRecord &item, Json *object) {
@@ -138,8 +136,8 @@ Json DumpSection(const FormImage &form, int number, size_t bar_row) {
     bar_object.erase("item");
     object["bar"] = bar_object;
     Json items = Json::array();
-    for (size_t row = bar_row + 1;
-         row < form.items.size() && form.items[row].ItemType != ITEM_BAR; ++row)
+    for (size_t row = bar_row + 1; row < form.items.size() && form.items[row].ItemType != ITEM_BAR;
+         ++row)
         items.push_back(DumpItem(form, form.items[row], bar.y + form.header.BarHeight));
     object["items"] = items;
     return object;
@@ -152,10 +150,10 @@ std::string JsonFromForm(const FormImage &form) {
     root["form"] = DumpHeader(form);
     for (const FontImage &font : form.fonts) root["fonts"].push_back(DumpFont(font));
     for (size_t row = 0; row < form.fields.size(); ++row)
-        if (row != 0 && row != 32)
-            root["fields"].push_back(DumpField(form, form.fields[row]));
+        if (row != 0 && row != 32) root["fields"].push_back(DumpField(form, form.fields[row]));
     for (int row = 0; row < MAX_USER_FIELDS; ++row)
-        if (form.users[row].InUse) root["user fields"].push_back(DumpUser(form, form.users[row], row));
+        if (form.users[row].InUse)
+            root["user fields"].push_back(DumpUser(form, form.users[row], row));
     for (const BreakFieldRecord &row : form.breaks)
         root["breaks"].push_back({{"section", SectionName(row.SectionIndex)},
                                   {"sort", ToUtf8(FieldReference(form, row.SortField))},

@@ -32,7 +32,8 @@ private:
 
     std::string String() {
         const size_t start = ++place_;
-        while (place_ < text_.size() && text_[place_] != '"') place_ += text_[place_] == '\\' ? 2 : 1;
+        while (place_ < text_.size() && text_[place_] != '"')
+            place_ += text_[place_] == '\\' ? 2 : 1;
         return text_.substr(start, place_++ - start);
     }
 
@@ -82,6 +83,6 @@ private:
 int LineOfPointer(const std::string &text, const std::string &pointer) {
     const std::vector<std::string> steps = Steps(pointer);
     const size_t place = Walk(text, steps).Find();
-    return 1 + static_cast<int>(
-                   std::count(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(place), '\n'));
+    return 1 + static_cast<int>(std::count(
+                   text.begin(), text.begin() + static_cast<std::ptrdiff_t>(place), '\n'));
 }

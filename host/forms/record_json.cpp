@@ -136,7 +136,8 @@ int JsonPlace::Measure() const {
     char *end = nullptr;
     const double inches = std::strtod(text.c_str(), &end);
     if (end == text.c_str() || std::strcmp(end, "in") || std::fabs(inches) > 130.0)
-        Fail("\"" + text + "\" is no measure; write form units as a number, or inches as \"1.5in\"");
+        Fail("\"" + text +
+             "\" is no measure; write form units as a number, or inches as \"1.5in\"");
     return static_cast<int>(inches * UNITS_IN_INCH);
 }
 

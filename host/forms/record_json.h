@@ -51,7 +51,7 @@ struct Member {
     MemberKind kind;
 };
 
-#define MEMBER(record, field, kind, name) \
+#define MEMBER(record, field, kind, name)                                                          \
     Member { name, offsetof(record, field), sizeof(record::field), MemberKind::kind }
 
 // Writes the members that differ from the defaults' into object.

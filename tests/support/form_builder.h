@@ -32,7 +32,7 @@ public:
     std::vector<BreakFieldRecord> breaks;
     SectionRecord sections[MAX_SECTIONS]{};
     UserFieldRecord users[MAX_USER_FIELDS]{};
-    std::vector<PortableFont> fonts; // row 0 is Courier New, 11 points
+    std::vector<PortableFont> fonts;             // row 0 is Courier New, 11 points
     std::vector<ItemRecord> items[MAX_SECTIONS]; // by section, the bar first
 
 private:

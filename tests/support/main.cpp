@@ -7,8 +7,7 @@
 namespace {
 
 LONG WINAPI EndOnCrash(EXCEPTION_POINTERS *pointers) {
-    std::fprintf(stderr, "crash: exception %08lx at %p\n",
-                 pointers->ExceptionRecord->ExceptionCode,
+    std::fprintf(stderr, "crash: exception %08lx at %p\n", pointers->ExceptionRecord->ExceptionCode,
                  pointers->ExceptionRecord->ExceptionAddress);
     std::fflush(stderr);
     TerminateProcess(GetCurrentProcess(), 99);

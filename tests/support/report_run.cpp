@@ -38,9 +38,7 @@ int ReportRun::Feed(const Record &record) {
     return tessarine::RepRec(params.SessionId, 0);
 }
 
-int ReportRun::Finish(int fill) {
-    return tessarine::RepExit(params.SessionId, fill, &page_count);
-}
+int ReportRun::Finish(int fill) { return tessarine::RepExit(params.SessionId, fill, &page_count); }
 
 int ReportRun::Run(const std::vector<Record> &records) {
     if (const int code = Start()) return code;
