@@ -32,11 +32,13 @@ int CountInUse(const Session *session) {
                       [](const UserFieldRecord &user) { return user.InUse != 0; }));
 }
 
-void Tell(const Session *session, const char *format, const char *name = "") {
+void Tell(const Session *session, const char *text) { ShowBox(session->device.Window, text); }
+
+void TellUse(const Session *session, const char *format, const char *name) {
     char text[200];
     // cppcheck-suppress wrongPrintfScanfArgNum ; some formats take no name
     std::snprintf(text, sizeof text, format, name);
-    ShowBox(session->device.Window, text);
+    Tell(session, text);
 }
 
 bool IsNameCharacter(char c) { return c == '_' || std::isalnum(static_cast<unsigned char>(c)); }
@@ -61,8 +63,8 @@ bool InSectionFilter(Session *session, int row) {
     for (int section = 0; section < MAX_SECTIONS; ++section) {
         const SectionRecord &record = session->form.Sections[section];
         if (!record.InUse || !UsesUserField(session, record.SectionFilter, row)) continue;
-        Tell(session, "Field in Use by Criteria for Section: %s !",
-             session->form.SectionNames[section]);
+        TellUse(session, "Field in Use by Criteria for Section: %s !",
+                session->form.SectionNames[section]);
         return true;
     }
     return false;
@@ -72,7 +74,7 @@ bool InUserField(Session *session, int row) {
     for (int other = 0; other < MAX_USER_FIELDS; ++other) {
         const UserFieldRecord &user = session->form.UserFields[other];
         if (other == row || !user.InUse || !UsesUserField(session, user.UserTokens, row)) continue;
-        Tell(session, "Field in Use by User Field: %s !", user.UserName);
+        TellUse(session, "Field in Use by User Field: %s !", user.UserName);
         return true;
     }
     return false;
@@ -99,7 +101,7 @@ bool InFieldTable(Session *session, int row) {
             ReleaseField(session, field);
         } else if (record.FieldKind == FIELD_CALC &&
                    UsesUserField(session, record.FieldTokens, row)) {
-            Tell(session, "Field in Use by %s !", record.FieldName);
+            TellUse(session, "Field in Use by %s !", record.FieldName);
             return true;
         }
     }
