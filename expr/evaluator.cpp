@@ -59,7 +59,7 @@ private:
 };
 
 // The cells that a list may hold; rows and temporaries that it can't refer to count as consumed.
-void TakeCells(const Session *session, const uint16_t *postfix, int *cells) {
+void TakeCells(const Session *session, const Cell *postfix, int *cells) {
     int place = 0;
     for (; place < MAX_CELLS && postfix[place] != CELL_END; ++place) {
         const int cell = postfix[place];
@@ -248,7 +248,7 @@ int ApplyOperator(Session *session, int leftCell, int rightCell, int op, FieldRe
     return 1;
 }
 
-int EvaluateExpression(Session *session, const uint16_t *postfix, FieldRecord *result, int run) {
+int EvaluateExpression(Session *session, const Cell *postfix, FieldRecord *result, int run) {
     if (postfix[0] == CELL_END) return CELL_END;
     Temporaries temporaries(session);
     int cells[MAX_CELLS + 1];

@@ -24,7 +24,7 @@ struct Conversion {
     Session *session;
     uint16_t stack[STACK_SIZE];
     int depth = 0;
-    uint16_t *output;
+    Cell *output;
     int count = 0;
     bool failed = false;
 
@@ -59,7 +59,7 @@ bool IsBinaryFunction(const Session *session, int cell) {
 }
 
 // A function of two arguments becomes an operator between them, in its comma's place.
-int MoveFunctionsToCommas(Conversion *conversion, const uint16_t *infix, uint16_t *work) {
+int MoveFunctionsToCommas(Conversion *conversion, const Cell *infix, uint16_t *work) {
     int count = 0;
     for (int place = 0; place < MAX_CELLS && infix[place] != CELL_END; ++place) {
         const int cell = infix[place];
@@ -141,7 +141,7 @@ int CheckBalance(Conversion *conversion) {
 
 } // namespace
 
-int InfixToPostfix(Session *session, const uint16_t *infix, uint16_t *postfix) {
+int InfixToPostfix(Session *session, const Cell *infix, Cell *postfix) {
     uint16_t work[MAX_CELLS + 1];
     Conversion conversion{};
     conversion.session = session;

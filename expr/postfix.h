@@ -7,6 +7,6 @@ namespace tessarine {
 
 // 1002 on success; any other value after a message: the cell at which it stopped. postfix has
 // MAX_CELLS places; a list whose postfix would pass them is refused.
-int InfixToPostfix(Session *session, const uint16_t *infix, uint16_t *postfix);
+int InfixToPostfix(Session *session, const Cell *infix, Cell *postfix);
 
 } // namespace tessarine

@@ -90,12 +90,14 @@ bool MakeNamedField(const Session *session, FieldRecord *record) {
 
 bool MakeText(const Session *session, FieldRecord *record) {
     record->FieldKind = FIELD_CONSTANT;
-    switch (ParseDateText(session, record->FieldName, &record->LongValue)) {
-    case DateShape::Invalid: return Refuse(session, "Invalid date: %s", record->FieldName);
-    case DateShape::Valid: record->ValueType = TYPE_DATE; return true;
-    case DateShape::NotADate: break;
+    int32_t date = 0;
+    const DateShape shape = ParseDateText(session, record->FieldName, &date);
+    if (shape == DateShape::Invalid) return Refuse(session, "Invalid date: %s", record->FieldName);
+    if (shape == DateShape::Valid) {
+        record->ValueType = TYPE_DATE;
+        record->LongValue = date;
+        return true;
     }
-    record->LongValue = 0;
     record->ValueType = TYPE_TEXT;
     record->FieldWidth = static_cast<int16_t>(std::strlen(record->FieldName) + 1);
     return true;
@@ -180,7 +182,7 @@ int CellOf(Session *session, char token_class, const char *token, int cell_befor
 
 } // namespace
 
-int GenerateSymbols(Session *session, const char *text, uint16_t *cells, int32_t *errorPosition,
+int GenerateSymbols(Session *session, const char *text, Cell *cells, int32_t *errorPosition,
                     int mode) {
     int count = 0;
     int position = 0;

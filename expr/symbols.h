@@ -7,7 +7,7 @@ namespace tessarine {
 
 // 1, or 0 after a message: errorPosition is then where reading stopped, and cells holds what was
 // made so far, terminated. cells has room for MAX_CELLS.
-int GenerateSymbols(Session *session, const char *text, uint16_t *cells, int32_t *errorPosition,
+int GenerateSymbols(Session *session, const char *text, Cell *cells, int32_t *errorPosition,
                     int mode);
 
 } // namespace tessarine

@@ -24,7 +24,7 @@ const char *CellText(const Session *session, int cell) {
 
 } // namespace
 
-int ValidateExp(Session *session, const uint16_t *cells, int mode) {
+int ValidateExp(Session *session, const Cell *cells, int mode) {
     uint16_t postfix[MAX_CELLS];
     if (InfixToPostfix(session, cells, postfix) != CELL_END) return 0;
     FieldRecord result;
@@ -37,7 +37,7 @@ int ValidateExp(Session *session, const uint16_t *cells, int mode) {
     return result.ValueType;
 }
 
-int CopyCreateExp(Session *session, const uint16_t *source, uint16_t *target) {
+int CopyCreateExp(Session *session, const Cell *source, Cell *target) {
     int place = 0;
     for (; place < MAX_CELLS - 1 && source[place] != CELL_END; ++place) {
         const int cell = source[place];
@@ -61,7 +61,7 @@ int CopyCreateExp(Session *session, const uint16_t *source, uint16_t *target) {
     return 1;
 }
 
-void ExpressionText(const Session *session, const uint16_t *cells, char *text, int size) {
+void ExpressionText(const Session *session, const Cell *cells, char *text, int size) {
     size_t length = 0;
     text[0] = 0;
     for (int place = 0; place < MAX_CELLS && cells[place] != CELL_END; ++place) {

@@ -5,10 +5,10 @@
 
 namespace tessarine {
 
-int ValidateExp(Session *session, const uint16_t *cells, int mode); // the type, 0 after a message
+int ValidateExp(Session *session, const Cell *cells, int mode); // the type, 0 after a message
 // Copies a list for a copied field or item; 0 after a message.
-int CopyCreateExp(Session *session, const uint16_t *source, uint16_t *target);
+int CopyCreateExp(Session *session, const Cell *source, Cell *target);
 // The text of a list as a user writes it, at most size - 1 characters.
-void ExpressionText(const Session *session, const uint16_t *cells, char *text, int size);
+void ExpressionText(const Session *session, const Cell *cells, char *text, int size);
 
 } // namespace tessarine

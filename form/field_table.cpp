@@ -62,13 +62,13 @@ void ReleaseField(Session *session, int row) {
     SetModified(session, 1);
 }
 
-int ReleaseSymbols(Session *session, const uint16_t *cells) {
+int ReleaseSymbols(Session *session, const Cell *cells) {
     for (int place = 0; place < MAX_CELLS && cells[place] != CELL_END; ++place)
         if (cells[place] < MAX_FIELDS) ReleaseField(session, cells[place]);
     return 1;
 }
 
-void CountReferences(Session *session, const uint16_t *cells) {
+void CountReferences(Session *session, const Cell *cells) {
     for (int place = 0; place < MAX_CELLS && cells[place] != CELL_END; ++place) {
         if (cells[place] >= session->form.FieldCount) continue;
         FieldRecord *field = &session->form.Fields[cells[place]];

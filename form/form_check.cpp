@@ -14,8 +14,9 @@ template <size_t Size> bool Ends(const char (&text)[Size]) {
 }
 
 // An expression ends inside its cells, and each cell names a field row or an operator.
-bool CellsFit(const Session *session, const uint16_t (&cells)[MAX_CELLS]) {
-    for (const uint16_t cell : cells) {
+bool CellsFit(const Session *session, const Cell *cells) {
+    for (int place = 0; place < MAX_CELLS; ++place) {
+        const int cell = cells[place];
         if (cell == CELL_END) return true;
         const bool operation = cell >= CELL_FIRST_OPERATOR && cell <= CELL_LAST_OPERATOR;
         if (!operation && cell >= session->form.FieldCount) return false;

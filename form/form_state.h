@@ -23,6 +23,9 @@ struct OperatorRow {
 
 constexpr int OPERATOR_ROWS = 48;
 
+// A cell of an expression where it stands: records are packed, so at any address.
+using Cell [[gnu::aligned(1)]] = uint16_t;
+
 struct FormState {
     FormHeader Header;
 

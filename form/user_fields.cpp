@@ -163,7 +163,7 @@ void SettleUserField(Session *session, int row) {
     session->form.UserFieldCount = CountInUse(session);
 }
 
-bool UsesUserField(const Session *session, const uint16_t *cells, int row) {
+bool UsesUserField(const Session *session, const Cell *cells, int row) {
     for (int place = 0; place < MAX_CELLS && cells[place] != CELL_END; ++place) {
         if (cells[place] >= session->form.FieldCount) continue;
         const FieldRecord &field = session->form.Fields[cells[place]];

@@ -18,7 +18,7 @@ bool NameUserField(Session *session, HWND owner, int row, const char *typed);
 // Puts a row with its name and type to use: prompt from the name, width by type.
 void SettleUserField(Session *session, int row);
 
-bool UsesUserField(const Session *session, const uint16_t *cells, int row);
+bool UsesUserField(const Session *session, const Cell *cells, int row);
 // 1 when the field was released; 0 after telling where it is in use.
 int DeleteUserField(Session *session, int row);
 

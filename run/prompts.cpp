@@ -55,7 +55,10 @@ bool TakeDate(Session *session, UserFieldRecord *user) {
     char quoted[sizeof user->UserText + 3];
     const bool own_quotes = user->UserText[0] == '"';
     std::snprintf(quoted, sizeof quoted, own_quotes ? "%s" : "\"%s\"", user->UserText);
-    if (ParseDateText(session, quoted, &user->LongValue) == DateShape::Valid) return true;
+    int32_t date = 0;
+    const DateShape shape = ParseDateText(session, quoted, &date);
+    user->LongValue = date;
+    if (shape == DateShape::Valid) return true;
     ShowBox(session->device.Window, "Invalid Date Format/Value!");
     return false;
 }

@@ -36,7 +36,7 @@ private:
 };
 
 Selection SelectRecord(Session *session) {
-    const uint16_t *filter = session->form.Header.ReportFilter;
+    const Cell *filter = session->form.Header.ReportFilter;
     if (filter[0] == CELL_END) return Selection::Accepted;
     FieldRecord result{};
     int outcome;

@@ -86,7 +86,7 @@ int ChooseOutput(Session *session, RepParams *params) {
     return CODE_DONE;
 }
 
-void CompileCells(Session *session, uint16_t *cells, const char *failure) {
+void CompileCells(Session *session, Cell *cells, const char *failure) {
     uint16_t postfix[MAX_CELLS];
     if (InfixToPostfix(session, cells, postfix) != CELL_END)
         FatalError(session, failure, CODE_EXPRESSION);

@@ -192,8 +192,8 @@ TEST_F(Symbols, ConstantsHoldTheirValues) {
     EXPECT_STREQ(number.FieldName, "042");
     const FieldRecord real = Operand("2.75");
     EXPECT_EQ(+real.ValueType, TYPE_DOUBLE);
-    EXPECT_EQ(real.DoubleValue, 2.75);
-    EXPECT_EQ(Operand(".5").DoubleValue, 0.5);
+    EXPECT_EQ(+real.DoubleValue, 2.75);
+    EXPECT_EQ(+Operand(".5").DoubleValue, 0.5);
     const FieldRecord yes = Operand(".t.");
     EXPECT_EQ(+yes.ValueType, TYPE_LOGICAL);
     EXPECT_EQ(+yes.LongValue, 1);

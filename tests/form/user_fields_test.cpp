@@ -30,7 +30,7 @@ protected:
         session->form.Fields[row].RefCount = shared;
         return row;
     }
-    static void Mention(uint16_t *cells, int field) {
+    static void Mention(Cell *cells, int field) {
         cells[0] = static_cast<uint16_t>(field);
         cells[1] = CELL_END;
     }
@@ -60,7 +60,7 @@ TEST_F(UserFields, NewRowHasItsDefaultsAndIsNotInUse) {
     EXPECT_EQ(+User(1).UserWidth, 20);
     EXPECT_EQ(+User(1).UserTokens[0], CELL_END);
     EXPECT_EQ(+User(1).LongValue, 0);
-    EXPECT_EQ(User(1).DoubleValue, 0.0);
+    EXPECT_EQ(+User(1).DoubleValue, 0.0);
     EXPECT_STREQ(User(1).UserName, "");
 }
 
