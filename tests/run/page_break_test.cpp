@@ -158,8 +158,8 @@ TEST_F(PageBreaks, ReportHeaderOnItsOwnPageHasNoHeaderOrFooterAndTheNextPageHasB
     PrintSection(session, SECTION_DETAIL_1, 0);
     PageBreak(session, SECTION_DETAIL_1);
     EXPECT_EQ(PageMarks(0), (Lines{"100 report head"}));
-    EXPECT_EQ(PageMarks(1), (Lines{"100 page head", "150 title 1", "200 title 3", "250 row",
-                                   "1000 page foot"}));
+    EXPECT_EQ(PageMarks(1),
+              (Lines{"100 page head", "150 title 1", "200 title 3", "250 row", "1000 page foot"}));
 }
 
 TEST_F(PageBreaks, OwnPageOfTheReportHeaderNeedsBothFlags) {
