@@ -1,0 +1,490 @@
+// Wrapped text: its lines, what it pushes down, and how it runs over the page's end.
+#include "run/wrapped_text.h"
+
+#include <cstring>
+
+#include "frame/memory.h"
+#include "run/sections.h"
+#include "tests/support/composition.h"
+
+using tessarine::NextTextLine;
+using tessarine::PrintSection;
+
+namespace {
+
+using Lines = std::vector<std::string>;
+using tessarine::CANCEL_STOP;
+
+constexpr int FIVE_CHARACTERS = 61; // a width that the sixth character reaches
+
+// The lines of a text in an item, one item a test.
+class TextLines : public Composition {
+protected:
+    TextLines() { Section(SECTION_DETAIL_1, 300); }
+
+    void Text(const std::string &text, int width, int flags) {
+        FieldItem(0, 0, width, 100, TextField(text, flags));
+    }
+    // A line as "text|end"; "none" when there is none.
+    std::string LineAt(int start) {
+        char line[MAX_LABEL_TEXT + 1];
+        const int end = NextTextLine(session, session->form.TotalItems - 1, line, start);
+        return end < 0 ? "none" : std::string(line) + "|" + std::to_string(end);
+    }
+    Lines All() {
+        Lines lines;
+        char line[MAX_LABEL_TEXT + 1];
+        const int row = session->form.TotalItems - 1;
+        for (int end = NextTextLine(session, row, line, 0); end >= 0 && lines.size() < 5000;
+             end = NextTextLine(session, row, line, end + 1))
+            lines.emplace_back(line);
+        return lines;
+    }
+    FieldRecord &Own() {
+        return Field(session->form.Items[session->form.TotalItems - 1].FieldIndex);
+    }
+};
+
+struct LineRow {
+    const char *text;
+    int width;
+    int flags;
+    int start;
+    const char *line;
+};
+
+} // namespace
+
+TEST_F(TextLines, LineIsCutWhereItIsFull) {
+    const LineRow rows[] = {
+        // The character that reaches the width doesn't fit.
+        {"abcdefghij", 61, FIELD_WRAP, 0, "abcde|4"},
+        {"abcdefghij", 60, FIELD_WRAP, 0, "abcd|3"},
+        {"abcdefghij", 61, FIELD_WRAP, 5, "fghij|10"},
+        {"ab cdefghij", 61, FIELD_WRAP, 0, "ab cd|4"},
+        // With word wrap the last word stays whole.
+        {"ab cdefghij", 61, FIELD_WORD_WRAP, 0, "ab|2"},
+        {"a b cdefghij", 61, FIELD_WORD_WRAP, 0, "a b|3"},
+        {"ab cdefghij", 61, FIELD_WRAP | FIELD_WORD_WRAP, 0, "ab|2"},
+        // A word longer than the line is cut.
+        {"abcdefghij", 61, FIELD_WORD_WRAP, 0, "abcde|4"},
+        // The blank at the text's beginning is no place to break at; a later one is.
+        {" abcdefghij", 61, FIELD_WORD_WRAP, 0, " abcd|4"},
+        {"ab cdefghij", 61, FIELD_WORD_WRAP, 2, "|2"},
+        // A text that ends in time needs no break.
+        {"ab cd", 61, FIELD_WORD_WRAP, 0, "ab cd|5"},
+    };
+    for (const LineRow &row : rows) {
+        Text(row.text, row.width, row.flags);
+        EXPECT_EQ(LineAt(row.start), row.line) << row.text;
+    }
+}
+
+TEST_F(TextLines, LastSingleCharacterNeverOpensALine) {
+    const LineRow rows[] = {
+        {"", 600, FIELD_WRAP, 0, "none"},       {"a", 600, FIELD_WRAP, 0, "none"},
+        {"ab", 600, FIELD_WRAP, 0, "ab|2"},     {"ab", 600, FIELD_WRAP, 1, "none"},
+        {"ab", 600, FIELD_WRAP, 90, "none"},    {"abcdef", 61, FIELD_WRAP, 5, "none"},
+        {"abcdefg", 61, FIELD_WRAP, 5, "fg|7"},
+    };
+    for (const LineRow &row : rows) {
+        Text(row.text, row.width, row.flags);
+        EXPECT_EQ(LineAt(row.start), row.line) << row.text << " from " << row.start;
+    }
+}
+
+TEST_F(TextLines, FieldWithoutATextHasNoLine) {
+    Text("ab", 600, FIELD_WRAP);
+    tessarine::OurFree(Own().TextValue);
+    Own().TextValue = nullptr;
+    EXPECT_EQ(LineAt(0), "none");
+}
+
+TEST_F(TextLines, BreakCharacterEndsALine) {
+    Text("ab\rcd\r\ref", 600, FIELD_WORD_WRAP);
+    EXPECT_EQ(LineAt(0), "ab|2");
+    EXPECT_EQ(LineAt(3), "cd|5");
+    EXPECT_EQ(LineAt(6), "|6");
+    EXPECT_EQ(All(), (Lines{"ab", "cd", "", "ef"}));
+}
+
+TEST_F(TextLines, OtherBreakCharacterLeavesLineEndsAsBlanks) {
+    const LineRow rows[] = {
+        {"ab;cd", 600, FIELD_WRAP, 0, "ab|2"},
+        {"a\nb", 600, FIELD_WRAP, 0, "a b|3"},
+        // Two line ends in a row give one blank.
+        {"a\n\nb", 600, FIELD_WRAP, 0, "a b|4"},
+        {"a\r\nb", 600, FIELD_WRAP, 0, "a b|4"},
+        {"a \n\r\n b", 600, FIELD_WRAP, 0, "a  b|7"},
+        {"\n\nab", 600, FIELD_WRAP, 0, " ab|4"},
+        {"a\n\n", 600, FIELD_WRAP, 0, "a |3"},
+        // The blank of a line end is a place to break at.
+        {"ab\ncdefgh", 61, FIELD_WORD_WRAP, 0, "ab|2"},
+    };
+    for (const LineRow &row : rows) {
+        Text(row.text, row.width, row.flags);
+        Own().LineBreakChar[0] = ';';
+        EXPECT_EQ(LineAt(row.start), row.line) << row.text;
+    }
+}
+
+TEST_F(TextLines, TabIsFourBlanks) {
+    Text("a\tb", 600, FIELD_WRAP);
+    EXPECT_EQ(LineAt(0), "a    b|3");
+}
+
+TEST_F(TextLines, TabNearTheRightEdgeDoesNotOverrunTheWidth) {
+    const LineRow rows[] = {
+        // The fourth blank reaches the width.
+        {"abc\tef", 84, FIELD_WRAP, 0, "abc   |2"},
+        // One of the three does: a place of the text is taken back for it, and another for the
+        // fourth.
+        {"abc\tef", 72, FIELD_WRAP, 0, "abc  |1"},
+        {"abc\tef", 48, FIELD_WRAP, 0, "abc|1"},
+        {"abc\tef", 72, FIELD_WORD_WRAP, 0, "abc  |1"},
+        {"a bc\tef", 72, FIELD_WORD_WRAP, 0, "a|1"},
+    };
+    for (const LineRow &row : rows) {
+        Text(row.text, row.width, row.flags);
+        EXPECT_EQ(LineAt(row.start), row.line) << row.width;
+    }
+}
+
+TEST_F(TextLines, LineHasAtMostThreeHundredCharacters) {
+    Text(std::string(700, 'a'), 32767, FIELD_WRAP);
+    EXPECT_EQ(LineAt(0), std::string(299, 'a') + "|298");
+    Text(std::string(298, 'a') + "\tb", 32767, FIELD_WRAP);
+    EXPECT_EQ(LineAt(0), std::string(298, 'a') + " |296");
+}
+
+TEST_F(TextLines, WidthsAreThoseOfTheTable) {
+    session->form.Fonts[0].CharWidth[0xE4] = 30;
+    session->form.Fonts[0].CharWidth['i'] = 4;
+    Text("\xE4iiii\xE4x", FIVE_CHARACTERS, FIELD_WRAP);
+    EXPECT_EQ(LineAt(0), "\xE4iiii|4");
+}
+
+TEST_F(TextLines, ItemNarrowerThanACharacterTakesOneALine) {
+    for (const int width : {11, 1, 0, -1, -32768}) {
+        Text("abcd", width, FIELD_WORD_WRAP);
+        EXPECT_EQ(All(), (Lines{"a", "b", "c"})) << width;
+        Text("\t\t\tb", width, FIELD_WRAP);
+        EXPECT_EQ(All(), (Lines{" ", " ", " "})) << width;
+    }
+}
+
+TEST_F(TextLines, EveryLineGoesOnInTheText) {
+    const char letters[] = {'a', ' ', '\t', '\r', '\n', 'b'};
+    uint32_t seed = 1;
+    const auto next = [&seed](uint32_t limit) {
+        seed = seed * 1664525U + 1013904223U;
+        return (seed >> 16) % limit;
+    };
+    Text("", 1, FIELD_WRAP);
+    ItemRecord &item = session->form.Items[session->form.TotalItems - 1];
+    for (int round = 0; round < 3000; ++round) {
+        std::string text;
+        for (uint32_t length = next(40); length > 0; --length) text += letters[next(6)];
+        std::strcpy(Own().TextValue, text.c_str());
+        item.width = static_cast<int16_t>(next(130));
+        Own().FieldFlags = next(2) ? FIELD_WRAP : FIELD_WORD_WRAP;
+        Own().LineBreakChar[0] = next(2) ? '\r' : ';';
+        char line[MAX_LABEL_TEXT + 1];
+        int start = 0;
+        for (int end = 0; end >= 0; start = end + 1) {
+            end = NextTextLine(session, session->form.TotalItems - 1, line, start);
+            if (end < 0) break;
+            ASSERT_GE(end, start) << text << " in " << item.width;
+            ASSERT_LE(end, static_cast<int>(text.size()));
+        }
+    }
+}
+
+// ---- on the page ----
+
+namespace {
+
+class WrappedText : public Composition {
+protected:
+    WrappedText() { StartFile(); }
+
+    // A section with a wrapped text of five characters a line at its top.
+    ItemRecord &Wrapped(int section, const std::string &text, int height, int flags = 0) {
+        Section(section, 100);
+        return FieldItem(0, 0, FIVE_CHARACTERS, height, TextField(text, FIELD_WORD_WRAP | flags));
+    }
+    ItemRecord &Below(int y) {
+        ItemRecord &item = Marker("below");
+        item.y = static_cast<int16_t>(y);
+        return item;
+    }
+};
+
+const std::string four_lines = "aaaa bbbb cccc dddd";
+constexpr int GROWS = FIELD_VARIABLE_LINES;
+
+} // namespace
+
+TEST_F(WrappedText, LinesStandOneBelowTheOtherFromTheTop) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 160).ItemFlags = FLAG_LEFT | FLAG_BOTTOM;
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(Marks(), (Lines{"100 aaaa", "140 bbbb", "180 cccc", "220 dddd"}));
+    EXPECT_EQ(run.RowBottom, 260);
+    EXPECT_EQ(run.CurrentY, 260);
+}
+
+TEST_F(WrappedText, EachLineIsTrimmedAndAlignedByItself) {
+    const struct {
+        int flags;
+        Lines lines;
+    } rows[] = {
+        {FLAG_LEFT, {"text 60,100 aaa", "text 60,140 b"}},
+        {FLAG_RIGHT, {"text 65,100 aaa", "text 89,140 b"}},
+        {FLAG_CENTER, {"text 62,100 aaa", "text 74,140 b"}},
+    };
+    ItemRecord &item = Wrapped(SECTION_DETAIL_1, "", 160);
+    for (const auto &row : rows) {
+        std::strcpy(Field(item.FieldIndex).TextValue, " aaa\r b \r\r");
+        item.ItemFlags = static_cast<uint16_t>(row.flags);
+        run.CurrentY = 100;
+        PrintSection(session, SECTION_DETAIL_1, 0);
+        EXPECT_EQ(LinesWith(Drawing(), {"text"}), row.lines) << row.flags;
+    }
+}
+
+TEST_F(WrappedText, TextHasItsColourAndFont) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 160).TextColor = 0x00FF00;
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    const Lines drawn = Drawing();
+    ASSERT_GE(drawn.size(), 4U);
+    EXPECT_EQ(drawn[0].rfind("select font", 0), 0U);
+    EXPECT_EQ(drawn[1], "color 00FF00");
+    EXPECT_EQ(drawn[2], "mode 1");
+    EXPECT_EQ(drawn[3], "text 60,100 aaaa");
+}
+
+TEST_F(WrappedText, CaseRulesComeFirst) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 160, FIELD_UPPER);
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(Marks().front(), "100 AAAA");
+}
+
+TEST_F(WrappedText, FullRectangleEndsTheText) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 119);
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(Marks(), (Lines{"100 aaaa", "140 bbbb"}));
+}
+
+TEST_F(WrappedText, LineThatEndsExactlyAtTheBottomFits) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 120);
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(Marks(), (Lines{"100 aaaa", "140 bbbb", "180 cccc"}));
+}
+
+TEST_F(WrappedText, FirstLinePrintsInARectangleOfNoHeight) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 0);
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(Marks(), (Lines{"100 aaaa"}));
+}
+
+TEST_F(WrappedText, TextOfOneCharacterPrintsNothingAndOfTwoBoth) {
+    ItemRecord &item = Wrapped(SECTION_DETAIL_1, "a", 40);
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_TRUE(Marks().empty());
+    std::strcpy(Field(item.FieldIndex).TextValue, "ab");
+    run.CurrentY = 100;
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(Marks(), (Lines{"100 ab"}));
+}
+
+TEST_F(WrappedText, EmptyTextPrintsNothingAndRaisesNothing) {
+    Wrapped(SECTION_DETAIL_1, "", 90);
+    Below(95);
+    session->form.Sections[SECTION_DETAIL_1].SectionFlags = SECTION_COMPRESS_AFTER;
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(Marks(), (Lines{"195 below"}));
+}
+
+// ---- what stands below ----
+
+TEST_F(WrappedText, GrownTextPushesWhatStandsBelow) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 40, GROWS);
+    Below(50);
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(Marks(), (Lines{"100 aaaa", "140 bbbb", "180 cccc", "220 dddd", "270 below"}));
+    EXPECT_EQ(run.CurrentY, 310);
+}
+
+TEST_F(WrappedText, EmptyTextThatMayShrinkLetsItemsBelowMoveUpByItsHeight) {
+    Wrapped(SECTION_DETAIL_1, "", 80, GROWS);
+    Below(90);
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(Marks(), (Lines{"110 below"}));
+}
+
+TEST_F(WrappedText, TextThatFillsItsItemPushesNothing) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 160, GROWS);
+    Below(170);
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(Marks().back(), "270 below");
+}
+
+TEST_F(WrappedText, TextOfFixedLinesPushesNothing) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 40);
+    Below(50);
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(Marks(), (Lines{"100 aaaa", "150 below"}));
+}
+
+TEST_F(WrappedText, ItemsThatStartAtOrAboveTheBottomStay) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 40, GROWS);
+    Below(40);
+    Below(0);
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    const Lines marks = Marks();
+    EXPECT_EQ(Lines(marks.end() - 2, marks.end()), (Lines{"140 below", "100 below"}));
+}
+
+TEST_F(WrappedText, ItemsOfTheTableBeforeTheTextStay) {
+    Section(SECTION_DETAIL_1, 100);
+    Below(50);
+    FieldItem(0, 0, FIVE_CHARACTERS, 40, TextField(four_lines, FIELD_WORD_WRAP | GROWS));
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(Marks().front(), "150 below");
+}
+
+TEST_F(WrappedText, GroupItemAndForeignItemsAreNotPushed) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 40, GROWS);
+    ItemRecord &group = Below(50);
+    group.ItemType = ITEM_GROUP;
+    ItemRecord &foreign = Below(50);
+    foreign.SectionIndex = SECTION_DETAIL_1 + 1;
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(group.RunOffset, 0);
+    EXPECT_EQ(foreign.RunOffset, 0);
+}
+
+TEST_F(WrappedText, PushesOfSeveralTextsAddUp) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 40, GROWS);
+    FieldItem(0, 50, FIVE_CHARACTERS, 40, TextField("eeee ffff", FIELD_WORD_WRAP | GROWS));
+    Below(100);
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(Marks(), (Lines{"100 aaaa", "140 bbbb", "180 cccc", "220 dddd", "270 eeee",
+                              "310 ffff", "360 below"}));
+}
+
+// ---- over the page's end ----
+
+namespace {
+
+class SpilledText : public WrappedText {
+protected:
+    SpilledText() {
+        Band(SECTION_PAGE_HEADER, 50, "page head");
+        Band(SECTION_SORT_HEADER_1, 50, "title", SECTION_REPRINT);
+        Break(NumberField(1), SECTION_SORT_HEADER_1);
+        run.CurrentY = 900;
+    }
+};
+
+} // namespace
+
+TEST_F(SpilledText, FirstDetailGoesOnUnderHeaderAndTitlesOfTheNextPage) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 100, GROWS);
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(PageMarks(0), (Lines{"900 aaaa", "940 bbbb"}));
+    EXPECT_EQ(Marks(), (Lines{"100 page head", "150 title", "200 cccc", "240 dddd"}));
+    EXPECT_EQ(run.CurrentY, 280);
+    EXPECT_EQ(run.PageCount, 2);
+    EXPECT_EQ(run.PageFresh, 0);
+}
+
+TEST_F(SpilledText, ColourIsSelectedAnewOnTheNextPage) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 100, GROWS).TextColor = 0x0000FF;
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    const Lines drawn = LinesWith(Drawing(), {"color", "text"});
+    ASSERT_EQ(drawn.size(), 7U);
+    EXPECT_EQ(drawn[4], "color 0000FF");
+    EXPECT_EQ(drawn[5], "text 60,200 cccc");
+}
+
+TEST_F(SpilledText, OtherDetailSectionsAreCutAtThePagesEnd) {
+    Wrapped(SECTION_DETAIL_1 + 1, four_lines, 100, GROWS);
+    PrintSection(session, SECTION_DETAIL_1 + 1, 0);
+    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(Marks(), (Lines{"900 aaaa", "940 bbbb"}));
+}
+
+TEST_F(SpilledText, RectangleEndsATextBeforeThePageDoes) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 80);
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(Marks(), (Lines{"900 aaaa", "940 bbbb"}));
+}
+
+TEST_F(SpilledText, ContinuedTextNeverStopsByItsRectangle) {
+    Wrapped(SECTION_DETAIL_1, four_lines + " eeee ffff gggg", 120);
+    session->form.Sections[SECTION_DETAIL_1].SectionHeight = 100;
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(PageMarks(0), (Lines{"900 aaaa", "940 bbbb"}));
+    EXPECT_EQ(Marks(), (Lines{"100 page head", "150 title", "200 cccc", "240 dddd", "280 eeee",
+                              "320 ffff", "360 gggg"}));
+}
+
+TEST_F(SpilledText, LongTextRunsOverSeveralPages) {
+    std::string text;
+    for (int line = 0; line < 50; ++line) text += "word ";
+    Wrapped(SECTION_DETAIL_1, text + "last", 100, GROWS);
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(run.PageCount, 4);
+    EXPECT_EQ(PageMarks(0).size(), 2U);
+    EXPECT_EQ(PageMarks(1).size(), 2U + 20U);
+    EXPECT_EQ(PageMarks(2).size(), 2U + 20U);
+    EXPECT_EQ(Marks().size(), 2U + 9U);
+}
+
+// Set-up paints the wrapped item last, so that none is painted behind it.
+TEST_F(SpilledText, ItemPaintedAfterASpilledTextLandsASectionsHeightTooHigh) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 80, GROWS);
+    ItemRecord &below = Below(90);
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(below.RunOffset, 80 - 90 + 10);
+    EXPECT_EQ(Marks().back(), "190 below"); // 280 for the text's end, 10 below it, less 100
+}
+
+TEST_F(SpilledText, StoppedRunPrintsTheRestWithoutANewPage) {
+    Wrapped(SECTION_DETAIL_1, four_lines, 100, GROWS);
+    run.CancelState = CANCEL_STOP;
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(run.PageCount, 1);
+}
+
+TEST_F(SpilledText, BodyThatIsLowerThanALineTakesOneLineAPage) {
+    run.BodyBottom = 220;
+    run.CurrentY = 100;
+    session->form.Sections[SECTION_PAGE_HEADER].InUse = 0;
+    session->form.Sections[SECTION_SORT_HEADER_1].InUse = 0;
+    run.TopOrigin = 190;
+    Wrapped(SECTION_DETAIL_1, four_lines, 100, GROWS);
+    run.CurrentY = 190;
+    run.PageFresh = 1;
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(PageMarks(0), (Lines{"190 aaaa"}));
+    EXPECT_EQ(PageMarks(1), (Lines{"190 bbbb"}));
+    EXPECT_EQ(PageMarks(3), (Lines{"190 dddd"}));
+    EXPECT_EQ(run.PageCount, 5);
+}
+
+TEST_F(SpilledText, TextThatIsComputedAnewOnTheWayIsReadAnew) {
+    const int source = TextField(four_lines);
+    const int calculated = CalcField({source});
+    Field(calculated).ValueType = TYPE_TEXT;
+    Field(calculated).FieldFlags = FIELD_WORD_WRAP | GROWS;
+    Field(calculated).TextValue = static_cast<char *>(tessarine::OurAlloc(50));
+    std::strcpy(Field(calculated).TextValue, four_lines.c_str());
+    Section(SECTION_DETAIL_1, 100);
+    FieldItem(0, 0, FIVE_CHARACTERS, 100, calculated);
+    std::strcpy(Field(source).TextValue, "aaaa bbbb");
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(Marks(), (Lines{"100 page head", "150 title"}));
+}
