@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <vector>
 
+#include <windows.h>
+
+#include <winspool.h>
+
 #include "host/cli/failure.h"
 #include "host/data/files.h"
 
@@ -22,7 +26,7 @@ namespace {
 
 constexpr int MOST_SAMPLES = 3; // by which text is smoothed, across and down
 constexpr int MOST_PIXELS = 60'000'000;
-constexpr double UNSEEN_MARGIN = 0.25; // inches: pages begin at the printable area
+constexpr double USUAL_OFFSET = 0.25; // inches that most printers can't reach
 
 // A bitmap of 32 bits a pixel with a context on it.
 class Canvas {
@@ -93,15 +97,31 @@ private:
     const uint32_t *pixels_;
 };
 
+// Pages begin where the printer's reach begins: the offset of the default printer, in pixels.
+POINT PageOffset(int dpi) {
+    char name[200] = "";
+    DWORD size = sizeof name;
+    const HDC printer =
+        GetDefaultPrinterA(name, &size) ? CreateDCA("WINSPOOL", name, nullptr, nullptr) : nullptr;
+    if (!printer) {
+        const LONG offset = static_cast<LONG>(USUAL_OFFSET * dpi);
+        return {offset, offset};
+    }
+    const POINT offset{
+        MulDiv(GetDeviceCaps(printer, PHYSICALOFFSETX), dpi, GetDeviceCaps(printer, LOGPIXELSX)),
+        MulDiv(GetDeviceCaps(printer, PHYSICALOFFSETY), dpi, GetDeviceCaps(printer, LOGPIXELSY))};
+    DeleteDC(printer);
+    return offset;
+}
+
 void PlayPage(HDC device, const ReportPages &report, int page, int dpi) {
     const HMETAFILE metafile = MetafileOf(report.pages[static_cast<size_t>(page - 1)]);
     if (!metafile) throw Failure("page " + std::to_string(page) + " is no metafile");
-    const int margin = static_cast<int>(UNSEEN_MARGIN * dpi);
+    const POINT offset = PageOffset(dpi);
     SetMapMode(device, MM_ANISOTROPIC);
     SetWindowExtEx(device, UNITS_PER_INCH, UNITS_PER_INCH, nullptr);
     SetViewportExtEx(device, dpi, dpi, nullptr);
-    SetViewportOrgEx(device, report.header.LabelType ? 0 : margin,
-                     report.header.LabelType ? 0 : margin, nullptr);
+    SetViewportOrgEx(device, offset.x, offset.y, nullptr);
     PlayMetaFile(device, metafile);
     DeleteMetaFile(metafile);
 }
