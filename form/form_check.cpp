@@ -1,43 +1,32 @@
 #include "form/form_check.h"
 
 #include <algorithm>
-#include <iterator>
+#include <cmath>
+#include <initializer_list>
 
 namespace tessarine {
 
 namespace {
 
+// What 16-bit form units can hold.
+constexpr float MOST_INCHES = static_cast<float>(INT16_MAX / int{UNITS_PER_INCH});
+
 bool Within(int value, int count) { return value >= 0 && value < count; }
+
+// No number at all fails here too.
+bool AreMeasures(std::initializer_list<float> inches) {
+    return std::all_of(inches.begin(), inches.end(),
+                       [](float measure) { return std::fabs(measure) <= MOST_INCHES; });
+}
 
 template <size_t Size> bool Ends(const char (&text)[Size]) {
     return std::find(text, text + Size, '\0') != text + Size;
 }
 
-// An expression ends inside its cells, and each cell names a field row or an operator.
-bool CellsFit(const Session *session, const Cell *cells) {
-    for (int place = 0; place < MAX_CELLS; ++place) {
-        const int cell = cells[place];
-        if (cell == CELL_END) return true;
-        const bool operation = cell >= CELL_FIRST_OPERATOR && cell <= CELL_LAST_OPERATOR;
-        if (!operation && cell >= session->form.FieldCount) return false;
-    }
-    return false;
-}
-
-bool HeaderFits(const Session *session) {
-    const FormHeader &header = session->form.Header;
-    return Ends(header.ReportName) && Ends(header.CallerTag) && Ends(header.PrinterDevice) &&
-           Ends(header.PrinterDriver) && Ends(header.PrinterPort) &&
-           CellsFit(session, header.ReportFilter);
-}
-
-bool ItemFits(const Session *session, const ItemRecord &item) {
-    if (!Within(item.SectionIndex, MAX_SECTIONS) || !Ends(item.LabelText)) return false;
-    if (item.ItemType == ITEM_FIELD && !Within(item.FieldIndex, session->form.FieldCount))
-        return false;
-    const bool has_font =
-        item.ItemType == ITEM_LABEL || item.ItemType == ITEM_FIELD || item.ItemType == ITEM_PICTURE;
-    return !has_font || Within(item.FontIndex, MAX_FONTS);
+bool GeometryFits(const LabelGeometry &label) {
+    return AreMeasures({label.PageWidth, label.PageHeight, label.TopOffset, label.LeftOffset,
+                        label.LabelHeight, label.LabelWidth, label.VerticalPitch,
+                        label.HorizontalPitch});
 }
 
 bool FieldTextsEnd(const FieldRecord &field) {
@@ -48,31 +37,82 @@ bool FieldTextsEnd(const FieldRecord &field) {
            Ends(field.ZeroText) && Ends(field.Caption);
 }
 
-bool FieldFits(const Session *session, const FieldRecord &field) {
+// A free row is carried as it stands, so it may hold anything until something names it.
+bool IsUsableField(const Session *session, int row) {
+    if (!Within(row, session->form.FieldCount)) return false;
+    const FieldRecord &field = session->form.Fields[row];
+    return FieldTextsEnd(field) && field.FieldWidth >= 0;
+}
+
+// An expression ends inside its cells, and each cell names a usable field row or an operator.
+bool CellsFit(const Session *session, const Cell *cells) {
+    for (int place = 0; place < MAX_CELLS; ++place) {
+        const int cell = cells[place];
+        if (cell == CELL_END) return true;
+        const bool operation = cell >= CELL_FIRST_OPERATOR && cell <= CELL_LAST_OPERATOR;
+        if (!operation && !IsUsableField(session, cell)) return false;
+    }
+    return false;
+}
+
+bool HeaderFits(const Session *session) {
+    const FormHeader &header = session->form.Header;
+    if (header.LabelType != 0 && !GeometryFits(header.LabelGeometry)) return false;
+    return AreMeasures(
+               {header.LeftMargin, header.RightMargin, header.TopMargin, header.BottomMargin}) &&
+           Ends(header.ReportName) && Ends(header.CallerTag) && Ends(header.PrinterDevice) &&
+           Ends(header.PrinterDriver) && Ends(header.PrinterPort) &&
+           CellsFit(session, header.ReportFilter);
+}
+
+bool NamesFontRow(const ItemRecord &item) {
+    return item.ItemType != ITEM_BAR && item.ItemType != ITEM_LINE;
+}
+
+bool ItemFits(const Session *session, const ItemRecord &item) {
+    if (!Within(item.SectionIndex, MAX_SECTIONS) || !Ends(item.LabelText)) return false;
+    if (item.ItemType == ITEM_FIELD && !IsUsableField(session, item.FieldIndex)) return false;
+    return !NamesFontRow(item) || Within(item.FontIndex, MAX_FONTS);
+}
+
+bool FieldFits(const Session *session, int row) {
+    const FieldRecord &field = session->form.Fields[row];
     if (field.FieldKind == FIELD_FREE) return true;
-    if (!FieldTextsEnd(field) || field.FieldWidth < 0) return false;
+    if (!IsUsableField(session, row)) return false;
     if (field.FieldKind == FIELD_USER && !Within(field.TableIndex, MAX_USER_FIELDS)) return false;
     return field.FieldKind != FIELD_CALC || CellsFit(session, field.FieldTokens);
 }
 
 bool BreakFits(const Session *session, const BreakFieldRecord &row) {
-    return Within(row.SortField, session->form.FieldCount) &&
-           Within(row.BreakField, session->form.FieldCount) &&
+    return IsUsableField(session, row.SortField) && IsUsableField(session, row.BreakField) &&
            row.SectionIndex >= SECTION_SORT_HEADER_1 && row.SectionIndex <= SECTION_SORT_HEADER_9;
 }
+
+bool IsDetail(int section) { return section >= SECTION_DETAIL_1 && section <= SECTION_DETAIL_9; }
 
 bool SectionFits(const Session *session, int number) {
     const SectionRecord &section = session->form.Sections[number];
     if (!section.InUse) return true;
-    if (!Within(section.BarItem, session->form.TotalItems) || section.Across < 1) return false;
+    if (!Within(section.BarItem, session->form.TotalItems)) return false;
+    if (IsDetail(number) && section.Across < 1) return false;
     const ItemRecord &bar = session->form.Items[section.BarItem];
     return bar.ItemType == ITEM_BAR && bar.SectionIndex == number &&
            CellsFit(session, section.SectionFilter);
 }
 
-bool UserFieldFits(const Session *session, const UserFieldRecord &user) {
-    return !user.InUse || (Ends(user.UserName) && Ends(user.UserPrompt) && Ends(user.UserText) &&
-                           user.UserWidth >= 0 && CellsFit(session, user.UserTokens));
+bool IsNamed(const Session *session, int user_row) {
+    const FormState &form = session->form;
+    return std::any_of(form.Fields, form.Fields + form.FieldCount,
+                       [user_row](const FieldRecord &field) {
+                           return field.FieldKind == FIELD_USER && field.TableIndex == user_row;
+                       });
+}
+
+bool UserFieldFits(const Session *session, int row) {
+    const UserFieldRecord &user = session->form.UserFields[row];
+    if (!user.InUse && !IsNamed(session, row)) return true;
+    return Ends(user.UserName) && Ends(user.UserPrompt) && Ends(user.UserText) &&
+           user.UserWidth >= 0 && (!user.InUse || CellsFit(session, user.UserTokens));
 }
 
 } // namespace
@@ -87,7 +127,7 @@ bool TablesAgree(const Session *session) {
     for (int row = 0; row < form.TotalItems; ++row)
         if (!ItemFits(session, form.Items[row])) return false;
     for (int row = 0; row < form.FieldCount; ++row)
-        if (!FieldFits(session, form.Fields[row])) return false;
+        if (!FieldFits(session, row)) return false;
     for (int row = 0; row < form.BreakCount; ++row)
         if (!BreakFits(session, form.Breaks[row])) return false;
     for (int row = 0; row < MAX_SECTIONS; ++row)
@@ -96,9 +136,9 @@ bool TablesAgree(const Session *session) {
 }
 
 bool UserFieldsFit(const Session *session) {
-    return std::all_of(
-        std::begin(session->form.UserFields), std::end(session->form.UserFields),
-        [session](const UserFieldRecord &user) { return UserFieldFits(session, user); });
+    for (int row = 0; row < MAX_USER_FIELDS; ++row)
+        if (!UserFieldFits(session, row)) return false;
+    return true;
 }
 
 } // namespace tessarine

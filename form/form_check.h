@@ -9,6 +9,7 @@ namespace tessarine {
 bool CountsFit(const FormHeader &header);
 // Items, fields, breaks and sections against each other.
 bool TablesAgree(const Session *session);
+// The user fields against the fields that were read before them.
 bool UserFieldsFit(const Session *session);
 
 } // namespace tessarine

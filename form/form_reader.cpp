@@ -119,8 +119,9 @@ void ReadItems(Session *session, HANDLE file) {
 
 void ReadUserFields(Session *session, HANDLE file) {
     FormState &form = session->form;
-    if (!ReadBlock(file, form.UserFields, sizeof form.UserFields) || !UserFieldsFit(session))
+    if (!ReadBlock(file, form.UserFields, sizeof form.UserFields))
         FatalError(session, "User fields missing!", CODE_USER_FIELDS);
+    if (!UserFieldsFit(session)) FatalError(session, NOT_A_FORM, CODE_NOT_A_FORM);
     form.UserFieldCount = static_cast<int32_t>(
         std::count_if(std::begin(form.UserFields), std::end(form.UserFields),
                       [](const UserFieldRecord &user) { return user.InUse != 0; }));

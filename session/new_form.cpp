@@ -6,6 +6,7 @@
 #include "form/form_writer.h"
 #include "frame/host_data.h"
 #include "frame/mapping.h"
+#include "frame/modified.h"
 #include "frame/text.h"
 #include "session/open_form.h"
 
@@ -18,9 +19,9 @@ constexpr int BAND_HEIGHT = 400;
 constexpr int GROUP_WIDTH = 600;
 constexpr int GROUP_HEIGHT = 100;
 
-// Copies as much of a host's text as the header's field holds.
+// As many bytes as the header's field holds: a text that fills it has no terminator there.
 template <size_t Size> void TakeHostText(char (&field)[Size], const char *text) {
-    if (text) CopyText(text, field, Size);
+    if (text) std::memcpy(field, text, strnlen(text, Size));
 }
 
 void FillHeader(Session *session) {
@@ -30,6 +31,10 @@ void FillHeader(Session *session) {
     header.Signature = SIGNATURE_FORM;
     header.FormVersion = FORM_VERSION;
     CopyText(session->CurrentFile, header.ReportName, sizeof header.ReportName);
+    header.ItemCount = static_cast<uint16_t>(form.TotalItems);
+    header.FieldCount = static_cast<uint16_t>(form.FieldCount);
+    header.BreakCount = static_cast<uint16_t>(form.BreakCount);
+    header.FontCount = static_cast<uint16_t>(form.FontCount);
     header.RulerFlags = RULER_INCHES | RULER_SHOWN;
     header.BarHeight = static_cast<int16_t>(session->device.FontHeight);
     header.Reserved742 = 1;
@@ -137,7 +142,7 @@ int InitNewForm(Session *session) {
                  sizeof session->FormBlock.FormFile);
         FrSave(session, session->CurrentFile);
     }
-    session->form.FormModified = 0;
+    SetModified(session, 0);
     return 1;
 }
 

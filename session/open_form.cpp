@@ -30,13 +30,13 @@ void TellHostOfLabel(const Session *session) {
         *host_data.LabelGeometryPtr = session->form.Header.LabelGeometry;
 }
 
-// Row 0 is always in use; an item of the form may have given up any other.
+// Row 0 is always in use; a row that no item names is given up with all that was read into it.
 void MakeFontRows(Session *session) {
     session->form.Fonts[0].InUse = 1;
     for (int row = 0; row < session->form.FontCount; ++row) {
         const FontEntry &font = session->form.Fonts[row];
         if (!font.InUse) {
-            ClearFontRow(session, row);
+            ReleaseFontRow(session, row);
         } else if (font.IsPicture) {
             if (font.InfoBlock) RestoreBitmap(session, session->device.ScreenDC, row);
         } else if (!MakeFont(session, session->device.ScreenDC, row, true)) {
