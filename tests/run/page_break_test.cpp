@@ -195,7 +195,7 @@ TEST_F(PageBreaks, PageFieldTakesTheNewNumberBeforeTheHeaderPrints) {
     PageBreak(session, SECTION_DETAIL_1);
     EXPECT_EQ(PageMarks(0), (Lines{"1000 1"}));
     EXPECT_EQ(Marks(), (Lines{"100 2"}));
-    EXPECT_EQ(run.InputTable[page].LongValue, 2);
+    EXPECT_EQ(+run.InputTable[page].LongValue, 2);
 }
 
 // ---- values ----
@@ -236,9 +236,9 @@ TEST_F(PageBreaks, SummariesOfThePageFooterAreThoseOfThePage) {
         run.InputTable[number].DoubleValue = 9.0;
         run.PageFresh = 0;
         PageBreak(session, SECTION_DETAIL_1);
-        EXPECT_EQ(field.LongSummary, row.expected) << row.type << " " << row.flags;
-        EXPECT_EQ(field.DoubleSummary, row.expected);
-        EXPECT_EQ(field.SummaryCount, row.expected == 70 ? 7 : 0);
+        EXPECT_EQ(+field.LongSummary, row.expected) << row.type << " " << row.flags;
+        EXPECT_EQ(+field.DoubleSummary, row.expected);
+        EXPECT_EQ(+field.SummaryCount, row.expected == 70 ? 7 : 0);
     }
 }
 
@@ -249,8 +249,8 @@ TEST_F(PageBreaks, CalculationsAreMadeAnewExceptThoseOfAFooter) {
     Field(deferred).SummarySection = SECTION_PAGE_FOOTER;
     Field(deferred).FieldFlags = FIELD_IN_FOOTER;
     PageBreak(session, SECTION_DETAIL_1);
-    EXPECT_EQ(Field(calculation).LongValue, 4);
-    EXPECT_EQ(Field(deferred).LongValue, 0);
+    EXPECT_EQ(+Field(calculation).LongValue, 4);
+    EXPECT_EQ(+Field(deferred).LongValue, 0);
 }
 
 TEST_F(PageBreaks, FooterSeesTheRecordThatStandsInTheFieldTable) {
@@ -273,7 +273,7 @@ TEST_F(PageBreaks, FileRunThatIsStoppedUnwindsWithFiveAndItsPagesStand) {
     EXPECT_EQ(CodeOf([&] { PageBreak(session, SECTION_DETAIL_1); }), CODE_CANCELLED);
     EXPECT_TRUE(boxes.Log().empty());
     const std::string report = ReadWholeFile(session->pages.ReportPath);
-    ASSERT_EQ(HeaderOf(report).PageCount, 2);
+    ASSERT_EQ(+HeaderOf(report).PageCount, 2);
     EXPECT_EQ(PageWords(report, 0), (Lines{"row"}));
     EXPECT_TRUE(PageWords(report, 1).empty());
 }
@@ -283,7 +283,7 @@ TEST_F(PageBreaks, StoppedRunThatIsFinishedReturnsWithoutANewPage) {
     run.RunPhase = tessarine::PHASE_FINISHED;
     EXPECT_EQ(CodeOf([&] { EXPECT_EQ(PageBreak(session, SECTION_REPORT_FOOTER), 0); }), 0);
     EXPECT_EQ(run.PageCount, 1);
-    EXPECT_EQ(HeaderOf(ReadWholeFile(session->pages.ReportPath)).Magic, SIGNATURE_REPORT);
+    EXPECT_EQ(+HeaderOf(ReadWholeFile(session->pages.ReportPath)).Magic, SIGNATURE_REPORT);
 }
 
 TEST_F(PageBreaks, StoppedPrinterRunUnwindsWithFive) {

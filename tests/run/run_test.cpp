@@ -78,7 +78,7 @@ TEST(Run, RecordThatTheFilterRefusesIsInvisible) {
     ReportRun run(form);
     ASSERT_EQ(run.Run({{{"N", "1"}}, {{"N", "2"}}, {{"N", "3"}}}), 0) << boxes.LastText();
     EXPECT_EQ(PageWords(run.Report(), 0), (Lines{" 1", " 3"}));
-    EXPECT_EQ(HeaderOf(run.Report()).RecordCount, 2);
+    EXPECT_EQ(+HeaderOf(run.Report()).RecordCount, 2);
 }
 
 TEST(Run, MissingFormFileIsToldAndGivesOne) {

@@ -360,8 +360,8 @@ TEST_F(WrappedText, GroupItemAndForeignItemsAreNotPushed) {
     ItemRecord &foreign = Below(50);
     foreign.SectionIndex = SECTION_DETAIL_1 + 1;
     PrintSection(session, SECTION_DETAIL_1, 0);
-    EXPECT_EQ(group.RunOffset, 0);
-    EXPECT_EQ(foreign.RunOffset, 0);
+    EXPECT_EQ(+group.RunOffset, 0);
+    EXPECT_EQ(+foreign.RunOffset, 0);
 }
 
 TEST_F(WrappedText, PushesOfSeveralTextsAddUp) {
@@ -448,7 +448,7 @@ TEST_F(SpilledText, ItemPaintedAfterASpilledTextLandsASectionsHeightTooHigh) {
     Wrapped(SECTION_DETAIL_1, four_lines, 80, GROWS);
     ItemRecord &below = Below(90);
     PrintSection(session, SECTION_DETAIL_1, 0);
-    EXPECT_EQ(below.RunOffset, 80 - 90 + 10);
+    EXPECT_EQ(+below.RunOffset, 80 - 90 + 10);
     EXPECT_EQ(Marks().back(), "190 below"); // 280 for the text's end, 10 below it, less 100
 }
 

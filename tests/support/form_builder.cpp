@@ -135,10 +135,10 @@ int FormBuilder::UserField(const std::string &name, int type, int order) {
     return row;
 }
 
-void FormBuilder::Store(const std::vector<int> &cells, uint16_t (&target)[MAX_CELLS]) {
-    size_t place = 0;
-    for (const int cell : cells) target[place++] = static_cast<uint16_t>(cell);
-    target[place] = CELL_END;
+void FormBuilder::Store(const std::vector<int> &cells, void *target) {
+    std::vector<uint16_t> list(cells.begin(), cells.end());
+    list.push_back(CELL_END);
+    std::memcpy(target, list.data(), list.size() * sizeof list[0]);
 }
 
 std::string FormBuilder::Bytes() const {

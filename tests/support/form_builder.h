@@ -22,7 +22,8 @@ public:
     void Break(int sort_field, int break_field, int header);
     int UserField(const std::string &name, int type, int order);
     void Filter(const std::vector<int> &cells) { Store(cells, header.ReportFilter); }
-    static void Store(const std::vector<int> &cells, uint16_t (&target)[MAX_CELLS]);
+    // Writes cells and terminator to an expression, which may lie at any address.
+    static void Store(const std::vector<int> &cells, void *target);
 
     std::string Bytes() const; // the form file
     void Write(const std::string &path) const;
