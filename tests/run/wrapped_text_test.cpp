@@ -443,6 +443,16 @@ TEST_F(SpilledText, LongTextRunsOverSeveralPages) {
     EXPECT_EQ(Marks().size(), 2U + 9U);
 }
 
+TEST_F(SpilledText, ContinuedTextOfFixedLinesRunsOnToFurtherPages) {
+    std::string text;
+    for (int line = 0; line < 30; ++line) text += "word ";
+    Wrapped(SECTION_DETAIL_1, text + "last", 120);
+    PrintSection(session, SECTION_DETAIL_1, 0);
+    EXPECT_EQ(run.PageCount, 3);
+    EXPECT_EQ(PageMarks(1).size(), 2U + 20U);
+    EXPECT_EQ(Marks().size(), 2U + 9U);
+}
+
 // Set-up paints the wrapped item last, so that none is painted behind it.
 TEST_F(SpilledText, ItemPaintedAfterASpilledTextLandsASectionsHeightTooHigh) {
     Wrapped(SECTION_DETAIL_1, four_lines, 80, GROWS);
