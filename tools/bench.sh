@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# Times runs of 10,000 and 100,000 records to a report file against a floor that issues the same
+# drawing calls with no layout, all in one go.
+set -euo pipefail
+cd "$(dirname "$(realpath "$0")")/.."
+tools/build.sh release >&2
+bin=build/win32/bin
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+run() { tools/runtime/run.sh "$@" | tr -d '\r'; }
+run $bin/tess.exe form build bench/list.json "$work/list.fp" >/dev/null
+read -r small_time small_pages small_peak <<<"$(run $bin/bench_report.exe "$work/list.fp" "$work/small.frc" 10000)"
+read -r time pages peak <<<"$(run $bin/bench_report.exe "$work/list.fp" "$work/list.frc" 100000)"
+read -r floor_time floor_pages <<<"$(run $bin/bench_floor.exe "$work/list.frc" "$work/floor.frc")"
+awk -v t="$time" -v p="$pages" -v k="$peak" -v st="$small_time" -v sp="$small_pages" -v sk="$small_peak" \
+    -v f="$floor_time" -v fp="$floor_pages" 'BEGIN {
+    printf "10,000 records:  %.2f s, %d pages, peak %d KB\n", st, sp, sk
+    printf "100,000 records: %.2f s, %d pages, peak %d KB, %d records a second\n", t, p, k, 100000 / t
+    printf "the floor:       %.2f s, %d pages\n", f, fp
+    printf "ratio of run to floor: %.2f; of the peaks: %.3f\n", t / f, k / sk }'
