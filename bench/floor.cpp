@@ -33,8 +33,8 @@ int CALLBACK Issue(HDC device, HANDLETABLE *table, METARECORD *record, int objec
 
 // One page: the calls into a recording, the recording to a scratch file, its bytes to the report.
 void StorePage(const std::string &page, const std::string &scratch, HANDLE output) {
-    const HMETAFILE source = SetMetaFileBitsEx(
-        static_cast<UINT>(page.size()), reinterpret_cast<const BYTE *>(page.data()));
+    const HMETAFILE source = SetMetaFileBitsEx(static_cast<UINT>(page.size()),
+                                               reinterpret_cast<const BYTE *>(page.data()));
     const HDC recorder = CreateMetaFileA(nullptr);
     EnumMetaFile(recorder, source, Issue, 0);
     const HMETAFILE recorded = CloseMetaFile(recorder);
@@ -42,8 +42,8 @@ void StorePage(const std::string &page, const std::string &scratch, HANDLE outpu
     DeleteMetaFile(CopyMetaFileA(recorded, scratch.c_str()));
     DeleteMetaFile(recorded);
     DeleteMetaFile(source);
-    const HANDLE input = CreateFileA(scratch.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0,
-                                     nullptr);
+    const HANDLE input =
+        CreateFileA(scratch.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     char buffer[16384];
     DWORD moved = 0;
     while (ReadFile(input, buffer, sizeof buffer, &moved, nullptr) && moved > 0)

@@ -113,16 +113,26 @@ void MakeBarcode(FieldText *out) {
         out->font = 0;
 }
 
-// A field is measured by the printer's own text metrics, and drawn with the device's. The measure
-// is that of the item's font, also where the text falls back to the first font.
-SIZE Measure(const Session *session, const FieldRecord &field, FieldText *out) {
+// The font stays selected for the next item: selecting one is dearer than measuring with it.
+void SelectForMeasuring(const Session *session, int font) {
     const HDC device = session->printer.InfoDevice;
-    const HFONT font = session->form.Fonts[out->font].Font;
-    SelectObject(device, font ? font : GetStockObject(SYSTEM_FONT));
+    const HFONT made = session->form.Fonts[font].Font;
+    const HGDIOBJ wanted = made ? made : GetStockObject(SYSTEM_FONT);
+    if (GetCurrentObject(device, OBJ_FONT) != wanted) SelectObject(device, wanted);
+}
+
+// A field is measured by the printer's own text metrics, and drawn with the device's. The measure
+// is that of the item's font, also where the text falls back to the first font. Text at the left
+// needs its height alone, which is the font's.
+SIZE Measure(Session *session, const ItemRecord &item, const FieldRecord &field, FieldText *out) {
+    int32_t &height = session->run.MeasuredHeights[out->font];
+    const int font = out->font;
     if (field.FieldFlags & FIELD_POSTNET) MakeBarcode(out);
+    if ((item.ItemFlags & FLAG_LEFT) && height) return {0, height};
+    SelectForMeasuring(session, font);
     SIZE size{};
-    GetTextExtentPoint32A(device, out->shown, Length(out->shown), &size);
-    SelectObject(device, GetStockObject(SYSTEM_FONT));
+    GetTextExtentPoint32A(session->printer.InfoDevice, out->shown, Length(out->shown), &size);
+    if (*out->shown) height = size.cy;
     return size;
 }
 
@@ -162,7 +172,7 @@ void PrintField(Session *session, HDC device, int row) {
     }
     FieldText text;
     MakeText(session, item, field, &text);
-    const SIZE size = Measure(session, *field, &text);
+    const SIZE size = Measure(session, *item, *field, &text);
     Draw(session, device, *item, text, size);
     RaiseRowBottom(session, *item);
 }

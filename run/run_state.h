@@ -49,6 +49,8 @@ struct RunState {
     int32_t LastSection;
     int32_t WrapItem;
 
+    int32_t MeasuredHeights[MAX_FONTS]; // form units, by font row on the printer; 0 not yet known
+
     int32_t RunDate;  // YYYYMMDD
     char TimeText[9]; // "%02d:%02d:%02d"
     const char *ShortMonths[12];
