@@ -1,0 +1,73 @@
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "frame/host_data.h"
+
+namespace {
+
+// Blocks that are given up again, whatever the test did.
+struct Blocks {
+    std::vector<HostData> blocks = std::vector<HostData>(12);
+    ~Blocks() {
+        for (HostData &block : blocks) tessarine::RemoveCRepData(&block);
+    }
+};
+
+} // namespace
+
+TEST(HostData, BlockBecomesCurrentAndItsPointersAreCopied) {
+    Blocks own;
+    uint32_t word = 5;
+    own.blocks[0].EditAllowed = &word;
+    const int slot = tessarine::SetCRepData(&own.blocks[0]);
+    EXPECT_EQ(tessarine::host_data.EditAllowed, &word);
+    EXPECT_EQ(tessarine::SetCRepData(&own.blocks[0]), slot);
+    EXPECT_EQ(tessarine::RemoveCRepData(&own.blocks[0]), slot);
+    EXPECT_EQ(tessarine::host_data.EditAllowed, nullptr);
+    EXPECT_EQ(tessarine::RemoveCRepData(&own.blocks[0]), 10);
+}
+
+TEST(HostData, PreviousBlockComesBackWhenTheCurrentOneGoes) {
+    Blocks own;
+    uint32_t first = 1;
+    uint32_t second = 2;
+    own.blocks[0].LabelTypePtr = &first;
+    own.blocks[1].LabelTypePtr = &second;
+    tessarine::SetCRepData(&own.blocks[0]);
+    tessarine::SetCRepData(&own.blocks[1]);
+    tessarine::RemoveCRepData(&own.blocks[1]);
+    EXPECT_EQ(tessarine::host_data.LabelTypePtr, &first);
+}
+
+TEST(HostData, EleventhBlockGives10AndTheWorkingCopyIsReplaced) {
+    Blocks own;
+    uint32_t word = 3;
+    own.blocks[10].LabelTypePtr = &word;
+    for (int block = 0; block < 10; ++block)
+        ASSERT_LT(tessarine::SetCRepData(&own.blocks[static_cast<size_t>(block)]), 10);
+    EXPECT_EQ(tessarine::SetCRepData(&own.blocks[10]), 10);
+    EXPECT_EQ(tessarine::host_data.LabelTypePtr, &word);
+}
+
+TEST(HostData, PinnedBlockStaysWhicheverIsPassed) {
+    Blocks own;
+    uint32_t pinned = 1;
+    own.blocks[0].PinnedPtr = &pinned;
+    const int slot = tessarine::SetCRepData(&own.blocks[0]);
+    uint32_t other = 2;
+    own.blocks[1].LabelTypePtr = &other;
+    EXPECT_EQ(tessarine::SetCRepData(&own.blocks[1]), slot);
+    EXPECT_EQ(tessarine::host_data.LabelTypePtr, nullptr);
+    pinned = 0;
+    EXPECT_NE(tessarine::SetCRepData(&own.blocks[1]), slot);
+}
+
+TEST(NewFormData, EmptyNameOrNullTurnsTheBlockOff) {
+    NewFormData block{};
+    block.NewFormName[0] = 'A';
+    EXPECT_EQ(tessarine::SetNewFormData(&block), 1);
+    EXPECT_EQ(tessarine::new_form_data.NewFormName[0], 'A');
+    EXPECT_EQ(tessarine::SetNewFormData(nullptr), 1);
+    EXPECT_EQ(tessarine::new_form_data.NewFormName[0], 0);
+}

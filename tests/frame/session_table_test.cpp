@@ -1,0 +1,99 @@
+#include <gtest/gtest.h>
+
+#include "frame/fatal_error.h"
+#include "frame/memory.h"
+#include "frame/session_table.h"
+#include "run/run.h"
+#include "tests/support/message_boxes.h"
+#include "tests/support/test_session.h"
+
+namespace {
+
+struct OpenSessions {
+    ~OpenSessions() {
+        for (Session *session : open) tessarine::FreeRunSession(session);
+    }
+    Session *Open() {
+        Session *session = nullptr;
+        code = tessarine::OpenRunSession(&session);
+        if (session) open.push_back(session);
+        return session;
+    }
+    std::vector<Session *> open;
+    int code = 0;
+};
+
+} // namespace
+
+TEST(SessionTable, FreedSlotIsTakenAgainAndTheHighMarkStays) {
+    OpenSessions sessions;
+    for (int slot = 0; slot < 3; ++slot) ASSERT_EQ(sessions.Open()->SessionId, slot);
+    const int high = tessarine::session_table.SessionHighMark;
+    tessarine::FreeRunSession(sessions.open[1]);
+    sessions.open.erase(sessions.open.begin() + 1);
+    EXPECT_EQ(sessions.Open()->SessionId, 1);
+    EXPECT_EQ(tessarine::session_table.SessionHighMark, high);
+}
+
+TEST(SessionTable, OrdinaryWindowsAndOddSlotsHaveNoSession) {
+    EXPECT_EQ(tessarine::GetSessionPointer(GetDesktopWindow(), 0), nullptr);
+    EXPECT_EQ(tessarine::GetSessionPointer(nullptr, -1), nullptr);
+    EXPECT_EQ(tessarine::GetSessionPointer(nullptr, 5000), nullptr);
+}
+
+TEST(SessionTable, FreedSlotGivesNullAndRepRecGives18) {
+    OpenSessions sessions;
+    const int slot = sessions.Open()->SessionId;
+    tessarine::FreeRunSession(sessions.open[0]);
+    sessions.open.clear();
+    EXPECT_EQ(tessarine::GetSessionPointer(nullptr, slot), nullptr);
+    EXPECT_EQ(tessarine::RepRec(slot, 0), CODE_NO_SESSION);
+    EXPECT_EQ(tessarine::RepExit(slot, 0, nullptr), CODE_NO_SESSION);
+}
+
+TEST(SessionTable, HundredAndFirstSessionIsRefusedBeforeAnythingIsAllocated) {
+    OpenSessions sessions;
+    for (int slot = 0; slot < MAX_SESSIONS; ++slot) ASSERT_NE(sessions.Open(), nullptr);
+    const int blocks = tessarine::LiveBlocks();
+    RepParams params{};
+    EXPECT_EQ(tessarine::RepInit(&params, 0, nullptr, nullptr), CODE_NO_SLOT);
+    EXPECT_EQ(tessarine::LiveBlocks(), blocks);
+}
+
+TEST(SessionTable, SessionWithoutMemoryIsCode3) {
+    MessageBoxes boxes;
+    tessarine::FailAllocation(1);
+    Session *session = nullptr;
+    EXPECT_EQ(tessarine::OpenRunSession(&session), CODE_MEMORY);
+    tessarine::FailAllocation(0);
+    EXPECT_EQ(boxes.LastText(), "Memory Allocation Error (OurAlloc)");
+}
+
+TEST(FatalError, MessageComesFirstAndTheCodeStands) {
+    MessageBoxes boxes;
+    BareSession session;
+    EXPECT_THROW(tessarine::FatalError(session, "Something", 7), tessarine::Unwinding);
+    EXPECT_EQ(session->ErrorCode, 7);
+    EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
+    EXPECT_EQ(boxes.LastText(), "Something");
+}
+
+TEST(FatalError, EmptyWarningShowsNothingAndStillUnwinds) {
+    MessageBoxes boxes;
+    BareSession session;
+    EXPECT_THROW(tessarine::FatalError(session, "", CODE_WARNING), tessarine::Unwinding);
+    EXPECT_TRUE(boxes.Log().empty());
+    EXPECT_THROW(tessarine::FatalError(session, "Mind", CODE_WARNING), tessarine::Unwinding);
+    EXPECT_EQ(boxes.LastTitle(), "Warning");
+}
+
+TEST(FatalError, CallbackFailurePendsOnlyWhileAnEntryPointIsOnTheStack) {
+    BareSession session;
+    const auto fail = [&]() -> int { tessarine::FatalError(session, "", 9); };
+    EXPECT_EQ(tessarine::Guarded(session, -1, fail), -1);
+    EXPECT_EQ(session->PendingFailure, 0u);
+    session->UnwindPoint = 1;
+    EXPECT_EQ(tessarine::Guarded(session, -1, fail), -1);
+    EXPECT_THROW(tessarine::RaisePending(session), tessarine::Unwinding);
+    EXPECT_NO_THROW(tessarine::RaisePending(session));
+}
