@@ -82,14 +82,18 @@ bool ReadFont(HANDLE file, FontEntry *font) {
     return ReadBlock(file, &packed, sizeof packed) && ReadPortableFont(packed, &font->LogFont);
 }
 
-bool ReadRow(Session *session, HANDLE file, FontEntry *font) {
+bool ReadRow(Session *session, HANDLE file, int row) {
+    FontEntry *font = &session->form.Fonts[row];
     uint16_t kind;
     if (!ReadBlock(file, &kind, sizeof kind)) return false;
-    return kind == KIND_FONT ? ReadFont(file, font) : ReadPicture(session, file, font);
+    if (kind == KIND_FONT) return ReadFont(file, font);
+    return row != 0 && ReadPicture(session, file, font);
 }
 
-// What was read of a broken row goes; items that name the row keep it in use.
+// What was read of a broken row goes; items that name the row keep it in use. The default font
+// stays whatever the file holds.
 void DropBrokenRow(Session *session, int row) {
+    if (row == 0) return;
     const uint32_t in_use = session->form.Fonts[row].InUse;
     ReleaseFontRow(session, row);
     session->form.Fonts[row].InUse = in_use;
@@ -128,7 +132,7 @@ FontWrite WriteFont(HANDLE file, const FontEntry &font) {
 bool ReadFontRows(Session *session, HANDLE file) {
     const int rows = std::min<int>(session->form.Header.FontCount, MAX_FONTS);
     for (int row = 0; row < rows; ++row) {
-        if (ReadRow(session, file, &session->form.Fonts[row])) continue;
+        if (ReadRow(session, file, row)) continue;
         DropBrokenRow(session, row);
         return false;
     }
@@ -140,7 +144,7 @@ FontWrite WriteFontRows(Session *session, HANDLE file) {
         FontEntry &font = session->form.Fonts[row];
         if (!font.InUse) {
             const uint32_t picture = font.IsPicture;
-            ClearFontRow(session, row);
+            ReleaseFontRow(session, row);
             font.IsPicture = picture;
         }
         const FontWrite outcome = font.IsPicture ? WritePicture(file, font) : WriteFont(file, font);

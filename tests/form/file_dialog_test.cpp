@@ -1,0 +1,122 @@
+#include "form/file_dialog.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "form/form_writer.h"
+#include "tests/support/form_files.h"
+#include "tests/support/host_window.h"
+
+using namespace tessarine;
+
+namespace {
+
+constexpr int NAME_EDIT = 0x480;
+constexpr int NAME_COMBO = 0x47C;
+constexpr const char *FILTER = "Tessarine+ Files(*.FP)|*.FP|";
+
+class FileDialog : public FormFiles {
+protected:
+    FileDialog() { session->ParentWindow = host.Get(); }
+
+    // The next dialog of this title gets a name, or is cancelled.
+    void Answer(const char *title, const std::string &name) {
+        boxes.OnDialog(title, [this, name](HWND dialog) {
+            ++dialogs;
+            HWND edit = GetDlgItem(dialog, NAME_EDIT);
+            if (!edit) edit = GetDlgItem(dialog, NAME_COMBO);
+            char text[300] = "";
+            SendMessageA(edit, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
+            offered = text;
+            if (!name.empty())
+                SendMessageA(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
+            PostMessageA(dialog, WM_COMMAND, name.empty() ? IDCANCEL : IDOK, 0);
+        });
+    }
+
+    HostWindow host;
+    int dialogs = 0;
+    std::string offered;
+    FullForm form;
+};
+
+} // namespace
+
+TEST_F(FileDialog, ChosenNameComesBack) {
+    char name[260] = "";
+    const std::string path = folder.Path("CHOSEN.FP");
+    Answer("Choose", path);
+    EXPECT_TRUE(AskFileName(session, name, FILTER, "Choose", true));
+    EXPECT_EQ(name, path);
+    EXPECT_EQ(dialogs, 1);
+    EXPECT_EQ(host.Count(MESSAGE_NO_RESULT), 0);
+}
+
+TEST_F(FileDialog, CancelTellsTheHostAndKeepsTheName) {
+    char name[260] = "KEPT.FP";
+    Answer("Choose", "");
+    EXPECT_FALSE(AskFileName(session, name, FILTER, "Choose", false));
+    EXPECT_STREQ(name, "KEPT.FP");
+    EXPECT_EQ(host.Count(MESSAGE_NO_RESULT), 1);
+}
+
+TEST_F(FileDialog, MouseMessagesBehindTheDialogAreDropped) {
+    char name[260] = "";
+    boxes.OnDialog("Choose", [this](HWND dialog) {
+        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+        PostMessageA(host.Get(), WM_LBUTTONDBLCLK, 0, 0);
+    });
+    AskFileName(session, name, FILTER, "Choose", false);
+    MSG message;
+    EXPECT_FALSE(PeekMessageA(&message, host.Get(), WM_MOUSEFIRST, WM_MOUSELAST, PM_NOREMOVE));
+}
+
+TEST_F(FileDialog, NameLongerThanTheRoomIsCut) {
+    char name[260];
+    std::memset(name, 'n', sizeof name);
+    name[259] = 0;
+    Answer("Choose", "");
+    AskFileName(session, name, FILTER, "Choose", true);
+    EXPECT_EQ(std::strlen(name), 259u);
+}
+
+TEST_F(FileDialog, SaveWithoutAPathAsksForOne) {
+    ASSERT_EQ(ReadBytes(form.Bytes()), READ_DONE);
+    Answer("Save", folder.Path("ASKED"));
+    EXPECT_EQ(Save(""), 1);
+    EXPECT_EQ(ReadWholeFile(folder.Path("ASKED.FP")), form.Bytes());
+}
+
+TEST_F(FileDialog, CancelledSaveTriesNothing) {
+    Answer("Save", "");
+    EXPECT_EQ(Save(""), 0);
+    EXPECT_EQ(host.Count(MESSAGE_NO_RESULT), 1);
+}
+
+TEST_F(FileDialog, SaveAsGivesItsNameToTheFormAndTheHostsBlock) {
+    ASSERT_EQ(ReadBytes(form.Bytes()), READ_DONE);
+    const std::string path = folder.Path("OTHER.FP");
+    char name[260] = "C:\\test";
+    Answer("Save As", path);
+    EXPECT_EQ(SaveAs(session, name), 1);
+    EXPECT_EQ(session->FormBlock.FormFile, path);
+    EXPECT_STREQ(session->form.Header.ReportName, "Test");
+    EXPECT_EQ(ReadWholeFile(path).size(), form.Bytes().size());
+}
+
+TEST_F(FileDialog, SaveAsRenamesAReportThatIsNamedAfterItsFile) {
+    ASSERT_EQ(ReadBytes(form.Bytes()), READ_DONE);
+    std::strcpy(session->form.Header.ReportName, "C:\\OLD.FP");
+    char name[260] = "c:\\old.fp";
+    Answer("Save As", folder.Path("NEW.FP"));
+    EXPECT_EQ(SaveAs(session, name), 1);
+    EXPECT_EQ(session->form.Header.ReportName, std::string(name).substr(0, 51));
+}
+
+TEST_F(FileDialog, CancelledSaveAsReturnsZero) {
+    char name[260] = "C:\\OLD.FP";
+    Answer("Save As", "");
+    EXPECT_EQ(SaveAs(session, name), 0);
+    EXPECT_STREQ(name, "C:\\OLD.FP");
+}

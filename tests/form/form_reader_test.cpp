@@ -1,0 +1,379 @@
+#include "form/form_reader.h"
+
+#include "frame/host_data.h"
+#include "frame/memory.h"
+#include "frame/owned.h"
+#include "tests/support/form_files.h"
+
+using namespace tessarine;
+
+namespace {
+
+class FormReader : public FormFiles {
+protected:
+    FormReader() { host_data.EditAllowed = &edit_allowed; }
+
+    HANDLE Hold(const std::string &path, DWORD access, DWORD share) {
+        return CreateFileA(path.c_str(), access, share, nullptr, OPEN_EXISTING, 0, nullptr);
+    }
+    bool MayBeWritten(const std::string &path) {
+        const OwnedFile file(Hold(path, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE));
+        return static_cast<bool>(file);
+    }
+
+    uint32_t edit_allowed = 77;
+    FullForm form;
+};
+
+std::string SystemText(DWORD error) {
+    char text[512] = "";
+    FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
+                   text, sizeof text, nullptr);
+    return text;
+}
+
+} // namespace
+
+TEST_F(FormReader, FormStandsInTheTablesWithItsLiveCounters) {
+    ASSERT_EQ(ReadBytes(form.Bytes()), READ_DONE);
+    const FormState &state = session->form;
+    EXPECT_EQ(state.TotalItems, 13);
+    EXPECT_EQ(state.FieldCount, static_cast<int>(form.fields.size()));
+    EXPECT_EQ(state.BreakCount, 1);
+    EXPECT_EQ(state.FontCount, 2);
+    EXPECT_EQ(state.UserFieldCount, 1);
+    EXPECT_STREQ(state.Header.ReportName, "Test");
+    EXPECT_EQ(state.ReportHeight, 5 * 40 + 100 + 100 + 200 + 100 + 100);
+    EXPECT_EQ(session->designer.SelectedItem, 0);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(FormReader, BothSignaturesAreAccepted) {
+    for (const int signature : {57018, 57020}) {
+        form.header.Signature = static_cast<uint16_t>(signature);
+        EXPECT_EQ(ReadBytes(form.Bytes()), READ_DONE);
+    }
+}
+
+TEST_F(FormReader, OtherSignaturesEndSilently) {
+    for (const int signature : {0, 57017, 57019, 57021, 65535}) {
+        form.header.Signature = static_cast<uint16_t>(signature);
+        EXPECT_EQ(ReadBytes(form.Bytes()), READ_REFUSED);
+    }
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(FormReader, FileShorterThanTheHeaderEndsSilently) {
+    const std::string bytes = form.Bytes();
+    for (const size_t length : {0, 1, 2, 500, 991})
+        EXPECT_EQ(ReadBytes(bytes.substr(0, length)), READ_REFUSED);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(FormReader, FileThatCannotBeOpenedShowsTheSystemsText) {
+    const std::string path = Put(form.Bytes());
+    const OwnedFile alone(Hold(path, GENERIC_READ | GENERIC_WRITE, 0));
+    ASSERT_TRUE(alone);
+    EXPECT_EQ(Read(path), READ_REFUSED);
+    ASSERT_EQ(boxes.Log().size(), 1u);
+    EXPECT_EQ(boxes.LastTitle(), "Open");
+    EXPECT_EQ(boxes.Log()[0].buttons, std::vector<int>{IDOK});
+    EXPECT_EQ(boxes.LastText().substr(0, 10), SystemText(ERROR_SHARING_VIOLATION).substr(0, 10));
+}
+
+TEST_F(FormReader, ReportSessionRefusesALabelFileSilently) {
+    form.header.LabelType = 3;
+    EXPECT_EQ(ReadBytes(form.Bytes()), READ_REFUSED);
+    EXPECT_TRUE(boxes.Log().empty());
+    EXPECT_EQ(session->form.FormLock, INVALID_HANDLE_VALUE);
+}
+
+TEST_F(FormReader, LabelSessionRefusesAReportFileSilently) {
+    session->LabelMode = 1;
+    EXPECT_EQ(ReadBytes(form.Bytes()), READ_REFUSED);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(FormReader, LabelSessionReadsALabelFile) {
+    session->LabelMode = 1;
+    form.header.LabelType = 3;
+    EXPECT_EQ(ReadBytes(form.Bytes()), READ_DONE);
+}
+
+TEST_F(FormReader, HostWordDecidesWhetherTheFormMayBeWritten) {
+    uint32_t right = 0;
+    uint32_t word = 0;
+    host_data.HostWordPtr = &word;
+    const struct {
+        uint16_t host_word;
+        bool right_given;
+        uint32_t right;
+        bool writable;
+        uint32_t told;
+    } cases[] = {
+        {0, false, 0, true, 0},  {0, true, 0, true, 0},
+        {1, false, 0, false, 1}, {1, true, 0, false, 1},
+        {1, true, 1, true, 1},   {1, true, 2, false, 1},
+        {2, true, 1, false, 2},  {0xFFFE, true, 1, false, 0xFFFFFFFE},
+    };
+    for (const auto &row : cases) {
+        SCOPED_TRACE(row.host_word);
+        CloseFileHandle(session->form.FormLock);
+        session->form.FormLock = INVALID_HANDLE_VALUE;
+        right = row.right;
+        host_data.HostRightPtr = row.right_given ? &right : nullptr;
+        form.header.HostWord = row.host_word;
+        const std::string path = Put(form.Bytes());
+        ASSERT_EQ(Read(path), READ_DONE);
+        EXPECT_EQ(edit_allowed, row.writable ? 1u : 0u);
+        EXPECT_EQ(word, row.told);
+        EXPECT_EQ(session->form.FormLock != INVALID_HANDLE_VALUE, row.writable);
+    }
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(FormReader, DesignerKeepsTheFileLockedAgainstWriters) {
+    const std::string path = Put(form.Bytes());
+    ASSERT_EQ(Read(path), READ_DONE);
+    EXPECT_FALSE(MayBeWritten(path));
+    const OwnedFile reader(Hold(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE));
+    EXPECT_TRUE(reader);
+    EXPECT_EQ(session->form.LockedPath, path);
+}
+
+TEST_F(FormReader, RunReadsAFormThatADesignerHoldsAndLocksNothing) {
+    const std::string path = Put(form.Bytes());
+    const OwnedFile designer(Hold(path, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ));
+    ASSERT_TRUE(designer);
+    session->SessionKind = KIND_REPORT;
+    EXPECT_EQ(Read(path), READ_DONE);
+    EXPECT_EQ(session->form.FormLock, INVALID_HANDLE_VALUE);
+    EXPECT_EQ(edit_allowed, 0u);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(FormReader, LockOnTheSameFileIsTakenAnew) {
+    const std::string path = Put(form.Bytes());
+    ASSERT_EQ(Read(path), READ_DONE);
+    ASSERT_EQ(Read(path), READ_DONE);
+    EXPECT_EQ(edit_allowed, 1u);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(FormReader, LockMovesToTheNextFile) {
+    const std::string first = Put(form.Bytes(), "A.FP");
+    const std::string second = Put(form.Bytes(), "B.FP");
+    ASSERT_EQ(Read(first), READ_DONE);
+    ASSERT_EQ(Read(second), READ_DONE);
+    EXPECT_TRUE(MayBeWritten(first));
+    EXPECT_FALSE(MayBeWritten(second));
+}
+
+TEST_F(FormReader, ReportUnderAnotherUsersHandOpensReadOnly) {
+    const std::string path = Put(form.Bytes());
+    const OwnedFile other(Hold(path, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ));
+    ASSERT_TRUE(other);
+    EXPECT_EQ(Read(path), READ_DONE);
+    ExpectBox("The selected report is being edited by another user. The report will be opened in "
+              "read-only mode.",
+              "Warning");
+    EXPECT_EQ(edit_allowed, 0u);
+    EXPECT_NE(session->form.FormLock, INVALID_HANDLE_VALUE);
+}
+
+TEST_F(FormReader, LabelUnderAnotherUsersHandOpensReadOnly) {
+    session->LabelMode = 1;
+    form.header.LabelType = 3;
+    const std::string path = Put(form.Bytes());
+    const OwnedFile other(Hold(path, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ));
+    ASSERT_TRUE(other);
+    EXPECT_EQ(Read(path), READ_DONE);
+    ExpectBox("The selected label is being edited by another user. The label will be opened in "
+              "read-only mode.",
+              "Warning");
+    EXPECT_EQ(edit_allowed, 0u);
+}
+
+TEST_F(FormReader, FileMarkedReadOnlyOpensReadOnly) {
+    const std::string path = Put(form.Bytes());
+    // Held as well, since a privileged user may write what is marked read-only.
+    const OwnedFile other(Hold(path, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ));
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_READONLY);
+    EXPECT_EQ(Read(path), READ_DONE);
+    ExpectBox("The selected file is marked read-only. It will be opened in read-only mode.",
+              "Warning");
+    EXPECT_EQ(edit_allowed, 0u);
+    SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
+}
+
+TEST_F(FormReader, CountsBeyondTheTablesAreRefused) {
+    const std::string bytes = form.Bytes();
+    const struct {
+        uint16_t FormHeader::*count;
+        int most;
+    } cases[] = {
+        {&FormHeader::ItemCount, MAX_ITEMS},
+        {&FormHeader::FieldCount, MAX_FIELDS},
+        {&FormHeader::BreakCount, MAX_BREAKS},
+    };
+    for (const auto &row : cases)
+        for (const int count : {row.most + 1, 65535}) {
+            boxes.Clear();
+            std::string damaged = bytes;
+            auto header = RecordAt<FormHeader>(bytes, 0);
+            header.*row.count = static_cast<uint16_t>(count);
+            PutRecord(&damaged, 0, header);
+            damaged.resize(damaged.size() + 200000);
+            EXPECT_EQ(ReadBytes(damaged), 33);
+            ExpectBox("Not a valid form file", "Fatal Error");
+        }
+}
+
+TEST_F(FormReader, FullTablesAreRead) {
+    FormBuilder full;
+    full.Section(SECTION_DETAIL_1, 100);
+    while (full.items[SECTION_DETAIL_1].size() < MAX_ITEMS)
+        full.Label(SECTION_DETAIL_1, 200, 0, 50, 50, "x");
+    while (full.fields.size() < MAX_FIELDS) full.Field(FIELD_DATA, "N", TYPE_NUMERIC);
+    for (int row = 0; row < MAX_BREAKS; ++row) full.Break(1, 1, SECTION_SORT_HEADER_1 + row);
+    while (full.fonts.size() < MAX_FONTS) full.fonts.push_back(full.fonts[0]);
+    ASSERT_EQ(ReadBytes(full.Bytes()), READ_DONE) << boxes.LastText();
+    EXPECT_EQ(session->form.TotalItems, MAX_ITEMS);
+    EXPECT_EQ(session->form.FieldCount, MAX_FIELDS);
+    EXPECT_EQ(session->form.BreakCount, MAX_BREAKS);
+    EXPECT_EQ(session->form.FontCount, MAX_FONTS);
+}
+
+TEST_F(FormReader, FontCountOf40Reads32RowsAndLeavesTheRest) {
+    for (int row = 0; row < 38; ++row) {
+        form.fonts.push_back(form.fonts[0]);
+        form.fonts.back().Weight = static_cast<int16_t>(100 + row);
+    }
+    ASSERT_EQ(form.fonts.size(), 40u);
+    ASSERT_EQ(ReadBytes(form.Bytes()), READ_DONE);
+    EXPECT_EQ(session->form.FontCount, 32);
+    EXPECT_EQ(session->form.Fonts[31].LogFont.lfWeight, 129);
+    EXPECT_EQ(session->form.Header.FontCount, 40);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(FormReader, RowsThatItemsNameAreInUse) {
+    form.fonts.push_back(form.fonts[0]);
+    ASSERT_EQ(ReadBytes(form.Bytes()), READ_DONE);
+    EXPECT_EQ(session->form.Fonts[1].InUse, 1u);
+    EXPECT_EQ(session->form.Fonts[2].InUse, 0u);
+    EXPECT_EQ(session->form.Fonts[1].LogFont.lfWeight, 700);
+    EXPECT_STREQ(session->form.Fonts[1].LogFont.lfFaceName, "Courier New");
+}
+
+TEST_F(FormReader, PictureRowIsReadWithItsBitsAndInformation) {
+    ASSERT_EQ(ReadBytes(WithFontRow(form.Bytes(), PictureRow())), READ_DONE);
+    const FontEntry &picture = session->form.Fonts[2];
+    EXPECT_EQ(picture.IsPicture, 1u);
+    EXPECT_EQ(picture.PointHeight, 36u);
+    EXPECT_EQ(picture.PointWidth, 72u);
+    EXPECT_EQ(picture.BitsSize, 8u);
+    EXPECT_EQ(picture.InfoSize, 1064u);
+    EXPECT_EQ(std::string(static_cast<char *>(LockHandle(picture.BitsBlock)), 8),
+              "\1\2\3\4\5\6\7\10");
+    UnlockHandle(picture.BitsBlock);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(FormReader, AnyKindButZeroIsAPicture) {
+    std::string row = PictureRow();
+    row.replace(0, 2, "\xFF\xFF", 2);
+    ASSERT_EQ(ReadBytes(WithFontRow(form.Bytes(), row)), READ_DONE);
+    EXPECT_EQ(session->form.Fonts[2].IsPicture, 1u);
+}
+
+TEST_F(FormReader, EmptyPictureRowHasItsSizesAndNoBlocks) {
+    std::string row = PictureRow().substr(0, 14);
+    row.replace(10, 4, std::string(4, '\0'));
+    ASSERT_EQ(ReadBytes(WithFontRow(form.Bytes(), row)), READ_DONE);
+    const FontEntry &picture = session->form.Fonts[2];
+    EXPECT_EQ(picture.IsPicture, 1u);
+    EXPECT_EQ(picture.BitsSize, 8u);
+    EXPECT_EQ(picture.BitsBlock, nullptr);
+    EXPECT_EQ(picture.InfoBlock, nullptr);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(FormReader, NextLoadReleasesFontsAndPictures) {
+    const std::string bytes = WithFontRow(form.Bytes(), PictureRow());
+    ASSERT_EQ(ReadBytes(form.Bytes()), READ_DONE);
+    const int blocks = LiveBlocks();
+    ASSERT_EQ(ReadBytes(bytes), READ_DONE);
+    session->form.Fonts[2].InUse = 1;
+    EXPECT_EQ(LiveBlocks(), blocks + 2);
+    ASSERT_EQ(ReadBytes(form.Bytes()), READ_DONE);
+    EXPECT_EQ(LiveBlocks(), blocks);
+}
+
+TEST_F(FormReader, PictureWithoutMemoryIsFatal) {
+    const std::string bytes = WithFontRow(form.Bytes(), PictureRow());
+    for (const int allocation : {1, 2}) {
+        boxes.Clear();
+        FailAllocation(allocation);
+        EXPECT_EQ(ReadBytes(bytes), 3);
+        FailAllocation(0);
+        EXPECT_EQ(boxes.LastText(), "Ran Out of Memory for Picture Bitmap");
+        EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
+        session->form.Fonts[2].InUse = 1;
+    }
+}
+
+TEST_F(FormReader, WrongMarkerAbandonsTheFontTable) {
+    std::string bytes = form.Bytes();
+    bytes[FormBlocks(bytes).marker] = 'x';
+    EXPECT_EQ(ReadBytes(bytes), READ_DONE);
+    ExpectBox("Font Table Incomplete!", "");
+    EXPECT_EQ(session->form.FontCount, 2);
+}
+
+TEST_F(FormReader, PictureLargerThanTheFileAllocatesNothing) {
+    std::string row = PictureRow();
+    row.replace(6, 4, "\xFF\xFF\xFF\x7F", 4);
+    const int blocks = LiveBlocks();
+    EXPECT_EQ(ReadBytes(WithFontRow(form.Bytes(), row)), READ_DONE);
+    ExpectBox("Font Table Incomplete!", "");
+    EXPECT_EQ(LiveBlocks(), blocks);
+}
+
+TEST_F(FormReader, PictureWithFewerBitsThanItsSizeNeedsIsDropped) {
+    std::string row = PictureRow();
+    row.replace(22 + 4, 4, "\0\1\0\0", 4); // 256 pixels across
+    const int blocks = LiveBlocks();
+    EXPECT_EQ(ReadBytes(WithFontRow(form.Bytes(), row)), READ_DONE);
+    ExpectBox("Font Table Incomplete!", "");
+    EXPECT_EQ(LiveBlocks(), blocks);
+}
+
+TEST_F(FormReader, DefaultFontIsNeverAPicture) {
+    const std::string whole = form.Bytes();
+    const std::string bytes = whole.substr(0, FormBlocks(whole).fonts) + PictureRow();
+    EXPECT_EQ(ReadBytes(bytes), READ_DONE);
+    ExpectBox("Font Table Incomplete!", "");
+    EXPECT_EQ(session->form.Fonts[0].IsPicture, 0u);
+    EXPECT_EQ(session->form.Fonts[0].InUse, 1u);
+}
+
+TEST_F(FormReader, TextPointersOfAFileAreDropped) {
+    form.fields[1].TextValue = reinterpret_cast<char *>(0x12345678);
+    ASSERT_EQ(ReadBytes(form.Bytes()), READ_DONE);
+    EXPECT_EQ(session->form.Fields[1].TextValue, nullptr);
+}
+
+TEST_F(FormReader, BytesBehindTheLastFontRowAreIgnored) {
+    EXPECT_EQ(ReadBytes(form.Bytes() + std::string(5000, 'z')), READ_DONE);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(FormReader, EmptyTablesAreAForm) {
+    FormBuilder empty;
+    empty.fields.clear();
+    empty.fonts.clear();
+    EXPECT_EQ(ReadBytes(empty.Bytes()), READ_DONE);
+    EXPECT_EQ(session->form.TotalItems, 0);
+    EXPECT_EQ(session->form.FontCount, 0);
+}
