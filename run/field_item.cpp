@@ -113,7 +113,8 @@ void MakeBarcode(FieldText *out) {
         out->font = 0;
 }
 
-// The font stays selected for the next item: selecting one is dearer than measuring with it.
+// The font stays selected for the section's next item: selecting one is dearer than measuring with
+// it.
 void SelectForMeasuring(const Session *session, int font) {
     const HDC device = session->printer.InfoDevice;
     const HFONT made = session->form.Fonts[font].Font;
@@ -158,6 +159,12 @@ void Draw(const Session *session, HDC device, const ItemRecord &item, const Fiel
 }
 
 } // namespace
+
+void EndMeasuring(const Session *session) {
+    const HDC device = session->printer.InfoDevice;
+    const HGDIOBJ stock = GetStockObject(SYSTEM_FONT);
+    if (device && GetCurrentObject(device, OBJ_FONT) != stock) SelectObject(device, stock);
+}
 
 void PrintField(Session *session, HDC device, int row) {
     ItemRecord *item = &session->form.Items[row];

@@ -6,6 +6,7 @@
 #include "frame/fatal_error.h"
 #include "frame/memory.h"
 #include "run/items.h"
+#include "run/text_items.h"
 
 namespace tessarine {
 
@@ -49,6 +50,7 @@ void PaintItems(Session *session, int section, uint32_t outline) {
     const int end = record.FirstItem + record.ItemTotal;
     for (int row = record.FirstItem; row < end; ++row) session->form.Items[row].RunOffset = 0;
     for (int row = record.FirstItem; row < end; ++row) PaintRow(session, section, row, outline);
+    EndMeasuring(session);
 }
 
 void Advance(Session *session, const SectionRecord &record, bool compress) {

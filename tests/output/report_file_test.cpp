@@ -80,7 +80,8 @@ TEST(ReportFile, TableEndsTheFileAndEveryPageIsASoundMetafile) {
         TextsOf(page, &sound);
         EXPECT_TRUE(sound);
     }
-    EXPECT_EQ(PageWords(report, 4), (std::vector<std::string>{"record 20", "record 21", "record 22"}));
+    EXPECT_EQ(PageWords(report, 4),
+              (std::vector<std::string>{"record 20", "record 21", "record 22"}));
 }
 
 TEST(ReportFile, RunWithoutRecordsLeavesNoFileAndAViewOfItSaysSo) {

@@ -164,10 +164,11 @@ TEST_F(FieldItems, PictureIsLeftToTheHostAndMovesNothing) {
     EXPECT_EQ(run.RowBottom, 100);
 }
 
-TEST_F(FieldItems, PrintersContextKeepsNoFontOfTheForm) {
+TEST_F(FieldItems, PrintersContextKeepsNoFontOfTheFormBehindASection) {
     MakeFont(1, 30);
     Shown(TextField("value")).FontIndex = 1;
     DrawingOfLast();
+    tessarine::EndMeasuring(session);
     EXPECT_EQ(GetCurrentObject(session->printer.InfoDevice, OBJ_FONT), GetStockObject(SYSTEM_FONT));
 }
 

@@ -1,0 +1,46 @@
+#include <gtest/gtest.h>
+
+#include "host/cli/failure.h"
+#include "host/data/csv_source.h"
+
+namespace {
+
+std::string FailureOf(const std::string &text) {
+    try {
+        ParseCsv("t.csv", text);
+    } catch (const Failure &failure) {
+        return failure.what();
+    }
+    return "";
+}
+
+} // namespace
+
+TEST(CsvSource, QuotedCellsHoldCommasQuotesAndLines) {
+    const CsvTable table = ParseCsv("t.csv", "A,B\r\n\"x, \"\"y\"\"\",\"two\nlines\"\r\nlast,");
+    ASSERT_EQ(table.rows.size(), 2u);
+    EXPECT_EQ(table.rows[0].cells, (std::vector<std::string>{"x, \"y\"", "two\nlines"}));
+    EXPECT_EQ(table.rows[1].cells, (std::vector<std::string>{"last", ""}));
+    EXPECT_EQ(table.rows[1].line, 4);
+    EXPECT_EQ(table.Column("b"), 1);
+    EXPECT_EQ(table.Column("C"), -1);
+}
+
+TEST(CsvSource, RowsOfAnotherLengthAreToldWithTheirLine) {
+    EXPECT_EQ(FailureOf("A,B\n1,2\n3\n"),
+              "t.csv:3: the row has 1 values where the header names 2 columns");
+    EXPECT_EQ(FailureOf("A,B\n1,2,3\n"),
+              "t.csv:2: the row has 3 values where the header names 2 columns");
+}
+
+TEST(CsvSource, QuotesThatDoNotCloseAreToldWhereTheyOpen) {
+    EXPECT_EQ(FailureOf("A\n\"x\ny\n"), "t.csv:2: a quote is opened here and never closed");
+    EXPECT_NE(FailureOf("A\n\"x\"y\n"), "");
+    EXPECT_NE(FailureOf(""), "");
+}
+
+TEST(CsvSource, TextBecomesCodePage1252) {
+    EXPECT_EQ(ToCodePage("Bras\xC3\xADlia"), "Bras\xEDlia");
+    EXPECT_EQ(ToCodePage("\xE6\x97\xA5"), "?");
+    EXPECT_EQ(ToCodePage("Bras\xEDlia"), "Bras\xEDlia");
+}

@@ -1,0 +1,148 @@
+#include <gtest/gtest.h>
+
+#include "tests/support/message_boxes.h"
+#include "tests/support/page_texts.h"
+#include "tests/support/report_run.h"
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr int PROMPT = 835;
+constexpr int INPUT = 836;
+constexpr int NEXT = 837;
+constexpr int PREVIOUS = 838;
+
+struct Step {
+    std::string answer; // typed unless it is "-"
+    int button;
+};
+
+// Answers the prompts one after the other and keeps what each dialog showed.
+struct Prompter {
+    explicit Prompter(std::vector<Step> steps) : steps_(std::move(steps)) {
+        boxes.OnDialog("User Field Prompt", [this](HWND dialog) { Answer(dialog); });
+    }
+
+    void Answer(HWND dialog) {
+        const auto text = [&](int control) {
+            char shown[100] = "";
+            GetDlgItemTextA(dialog, control, shown, sizeof shown);
+            return std::string(shown);
+        };
+        shown.push_back(text(PROMPT) + "|" + text(INPUT) + "|" + text(PREVIOUS) + "|" +
+                        text(NEXT));
+        const Step step = place_ < steps_.size() ? steps_[place_++] : Step{"-", PREVIOUS};
+        if (step.answer != "-") SetDlgItemTextA(dialog, INPUT, step.answer.c_str());
+        PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(step.button), 0);
+    }
+
+    MessageBoxes boxes;
+    Lines shown;
+
+private:
+    std::vector<Step> steps_;
+    size_t place_ = 0;
+};
+
+struct AskingForm : FormBuilder {
+    AskingForm() {
+        Section(SECTION_DETAIL_1, 50);
+        Label(SECTION_DETAIL_1, 200, 0, 300, 50, "row");
+    }
+    // Adds a user field and shows it.
+    void Ask(const std::string &name, int type, int order) {
+        const int row = UserField(name, type, order);
+        const int field = Field(FIELD_USER, "DLG->" + name, type, 20);
+        fields[static_cast<size_t>(field)].TableIndex = static_cast<int16_t>(row);
+        fields[static_cast<size_t>(field)].NegativePrefix[0] = 0;
+        FieldItem(SECTION_DETAIL_1, 600 + 300 * row, 0, 300, 50, field);
+    }
+};
+
+std::string ShownAnswer(int type, const std::string &answer) {
+    AskingForm form;
+    form.Ask("X", type, 0);
+    Prompter prompter({{answer, NEXT}});
+    ReportRun run(form);
+    if (run.Run({{}})) return "(" + prompter.boxes.LastText() + ")";
+    return PageWords(run.Report(), 0).back();
+}
+
+} // namespace
+
+TEST(Prompts, FormWithoutUserFieldsAsksNothing) {
+    Prompter prompter({});
+    ReportRun run{AskingForm{}};
+    EXPECT_EQ(run.Run({{}}), 0);
+    EXPECT_TRUE(prompter.shown.empty());
+}
+
+TEST(Prompts, OnlyFieldInRow0HasCancelAndOk) {
+    AskingForm form;
+    form.Ask("X", TYPE_TEXT, 0);
+    Prompter prompter({{"abc", NEXT}});
+    ReportRun run(form);
+    EXPECT_EQ(run.Run({{}}), 0);
+    EXPECT_EQ(prompter.shown, Lines{"X||Cancel|Ok"});
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"row", "abc"}));
+}
+
+TEST(Prompts, OnlyFieldInAnotherRowKeepsPrevAndCancelsAllTheSame) {
+    AskingForm form;
+    form.users[0].InUse = 1;
+    form.users[0].PromptOrder = 12; // not asked
+    form.Ask("X", TYPE_TEXT, 0);
+    Prompter prompter({{"abc", PREVIOUS}});
+    ReportRun run(form);
+    EXPECT_EQ(run.Run({{}}), CODE_CANCELLED);
+    EXPECT_EQ(prompter.shown, Lines{"X||&Prev Input|Ok"});
+}
+
+TEST(Prompts, ThreeFieldsNameTheirButtonsAndGoingBackKeepsWhatWasTyped) {
+    AskingForm form;
+    form.Ask("A", TYPE_TEXT, 0);
+    form.Ask("B", TYPE_TEXT, 1);
+    form.Ask("C", TYPE_TEXT, 2);
+    Prompter prompter({{"a", NEXT}, {"half", PREVIOUS}, {"-", NEXT}, {"-", NEXT}, {"c", NEXT}});
+    ReportRun run(form);
+    EXPECT_EQ(run.Run({{}}), 0);
+    EXPECT_EQ(prompter.shown,
+              (Lines{"A||Cancel|&Next Input", "B||&Prev Input|&Next Input",
+                     "A|a|Cancel|&Next Input", "B|half|&Prev Input|&Next Input",
+                     "C||&Prev Input|Ok"}));
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"row", "a", "half", "c"}));
+}
+
+TEST(Prompts, Row0AskedSecondShowsCancelButGoesBack) {
+    AskingForm form;
+    form.Ask("LATER", TYPE_TEXT, 5);
+    form.Ask("FIRST", TYPE_TEXT, 1);
+    Prompter prompter({{"1", NEXT}, {"2", PREVIOUS}, {"1", NEXT}, {"2", NEXT}});
+    ReportRun run(form);
+    EXPECT_EQ(run.Run({{}}), 0);
+    EXPECT_EQ(prompter.shown[1], "LATER||Cancel|Ok");
+    EXPECT_EQ(prompter.shown[2], "FIRST|1|Cancel|&Next Input");
+}
+
+TEST(Prompts, DatesWantEightCharactersWithTheirQuotes) {
+    EXPECT_EQ(ShownAnswer(TYPE_DATE, "1/1/97"), "01/01/97");
+    EXPECT_EQ(ShownAnswer(TYPE_DATE, "\"12/31/97\""), "12/31/97");
+    EXPECT_EQ(ShownAnswer(TYPE_DATE, "1/1/1"), "(Invalid Date Format/Value!)");
+    EXPECT_EQ(ShownAnswer(TYPE_DATE, "13/1/1997"), "(Invalid Date Format/Value!)");
+}
+
+TEST(Prompts, LogicalAnswersAreFoundInsideTheWords) {
+    for (const char *yes : {"yes", "TRUE", "1", " y ", "RUE", "S,T", ""})
+        EXPECT_EQ(ShownAnswer(TYPE_LOGICAL, yes), "Y") << yes;
+    for (const char *no : {"no", "FALSE", "0", "O"})
+        EXPECT_EQ(ShownAnswer(TYPE_LOGICAL, no), "N") << no;
+    EXPECT_EQ(ShownAnswer(TYPE_LOGICAL, "perhaps"),
+              "(Valid entries: YES,NO,TRUE,FALSE,Y,N,1,0)");
+}
+
+TEST(Prompts, NumbersAreReadAsFarAsTheyGo) {
+    EXPECT_EQ(ShownAnswer(TYPE_NUMERIC, "12abc"), "12");
+    EXPECT_EQ(ShownAnswer(TYPE_NUMERIC, "abc"), "0");
+    EXPECT_EQ(ShownAnswer(TYPE_TEXT, " as it is "), " as it is ");
+}

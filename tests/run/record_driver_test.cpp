@@ -1,0 +1,222 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "frame/memory.h"
+#include "run/record_driver.h"
+#include "tests/support/message_boxes.h"
+#include "tests/support/page_texts.h"
+#include "tests/support/report_run.h"
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+FieldRecord &At(FormBuilder &form, int row) { return form.fields[static_cast<size_t>(row)]; }
+
+// Two sort levels; each header prints its field, each footer the letters "end" and the field.
+struct TwoLevels : FormBuilder {
+    int outer = Field(FIELD_DATA, "OUTER", TYPE_TEXT);
+    int inner = Field(FIELD_DATA, "INNER", TYPE_TEXT);
+
+    explicit TwoLevels(int header_flags = 0) {
+        Section(SECTION_SORT_HEADER_1, 50, header_flags);
+        FieldItem(SECTION_SORT_HEADER_1, 200, 0, 400, 50, outer);
+        Section(SECTION_SORT_HEADER_1 + 1, 50);
+        FieldItem(SECTION_SORT_HEADER_1 + 1, 200, 0, 400, 50, inner);
+        Section(SECTION_DETAIL_1, 50);
+        Label(SECTION_DETAIL_1, 200, 0, 400, 50, "row");
+        Section(SECTION_SORT_FOOTER_1 - 1, 50);
+        Label(SECTION_SORT_FOOTER_1 - 1, 200, 0, 100, 50, "end");
+        FieldItem(SECTION_SORT_FOOTER_1 - 1, 320, 0, 400, 50, inner);
+        Section(SECTION_SORT_FOOTER_1, 50);
+        Label(SECTION_SORT_FOOTER_1, 200, 0, 100, 50, "END");
+        FieldItem(SECTION_SORT_FOOTER_1, 320, 0, 400, 50, outer);
+        Break(outer, outer, SECTION_SORT_HEADER_1);
+        Break(inner, inner, SECTION_SORT_HEADER_1 + 1);
+    }
+};
+
+Record Pair(const char *outer, const char *inner) { return {{"OUTER", outer}, {"INNER", inner}}; }
+
+struct NumberForm : FormBuilder {
+    int number = Field(FIELD_DATA, "N", TYPE_NUMERIC);
+    NumberForm() {
+        At(*this, number).ThousandsChar[0] = 0;
+        At(*this, number).NegativePrefix[0] = 0;
+    }
+};
+
+} // namespace
+
+TEST(RecordDriver, ChangeAtTheOuterLevelEndsTheInnerOneToo) {
+    MessageBoxes boxes;
+    ReportRun run{TwoLevels{}};
+    ASSERT_EQ(run.Run({Pair("A", "x"), Pair("B", "x")}), 0) << boxes.LastText();
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"A", "x", "row", "end", "x", "END", "A", "B", "x",
+                                                 "row", "end", "x", "END", "B"}));
+}
+
+TEST(RecordDriver, ChangeAtTheInnerLevelLeavesTheOuterOneAlone) {
+    MessageBoxes boxes;
+    ReportRun run{TwoLevels{}};
+    ASSERT_EQ(run.Run({Pair("A", "x"), Pair("A", "y")}), 0) << boxes.LastText();
+    EXPECT_EQ(PageWords(run.Report(), 0),
+              (Lines{"A", "x", "row", "end", "x", "y", "row", "end", "y", "END", "A"}));
+}
+
+TEST(RecordDriver, EqualRecordsHaveNoFooterAndNoHeaderBetweenThem) {
+    MessageBoxes boxes;
+    ReportRun run{TwoLevels{}};
+    ASSERT_EQ(run.Run({Pair("A", "x"), Pair("A", "x")}), 0) << boxes.LastText();
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"A", "x", "row", "row", "end", "x", "END", "A"}));
+}
+
+TEST(RecordDriver, FormWithoutSortSectionsBreaksNowhere) {
+    NumberForm form;
+    form.Section(SECTION_DETAIL_1, 50);
+    form.FieldItem(SECTION_DETAIL_1, 200, 0, 400, 50, form.number);
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(run.Run({{{"N", "1"}}, {{"N", "2"}}}), 0) << boxes.LastText();
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"1", "2"}));
+}
+
+TEST(RecordDriver, RefusedRecordBehindABreakPrintsNoFooter) {
+    TwoLevels form;
+    const int no = form.Constant("\"no\"", TYPE_TEXT);
+    form.Filter({form.inner, 508, no});
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(run.Run({Pair("A", "x"), Pair("B", "no"), Pair("A", "x")}), 0) << boxes.LastText();
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"A", "x", "row", "row", "end", "x", "END", "A"}));
+}
+
+TEST(RecordDriver, FilterThatIsNotLogicalIsToldAndTheRunGoesOn) {
+    NumberForm form;
+    form.Filter({form.number});
+    form.Section(SECTION_DETAIL_1, 50);
+    form.FieldItem(SECTION_DETAIL_1, 200, 0, 400, 50, form.number);
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    EXPECT_EQ(run.Feed({{"N", "1"}}), CODE_EXPRESSION);
+    EXPECT_EQ(boxes.LastText(), "Error In Record Filter");
+    EXPECT_EQ(boxes.LastTitle(), "");
+    EXPECT_EQ(run.Finish(), 0);
+}
+
+TEST(RecordDriver, FailingCalculationIsFatalWithItsName) {
+    NumberForm form;
+    const int zero = form.Constant("0", TYPE_NUMERIC, 0);
+    const int calc = form.Field(FIELD_CALC, "CALC->RATIO", TYPE_NUMERIC);
+    FormBuilder::Store({form.number, 506, zero}, At(form, calc).FieldTokens);
+    form.Section(SECTION_DETAIL_1, 50);
+    form.FieldItem(SECTION_DETAIL_1, 200, 0, 400, 50, calc);
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    EXPECT_EQ(run.Feed({{"N", "1"}}), CODE_EXPRESSION);
+    EXPECT_EQ(boxes.Texts(), (Lines{"Error: Division by zero.",
+                                    "Error In Calculation Field: CALC->RATIO"}));
+    EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
+    run.Finish();
+}
+
+TEST(RecordDriver, FailingBreakCalculationIsFatalWithItsName) {
+    NumberForm form;
+    const int zero = form.Constant("0", TYPE_NUMERIC, 0);
+    const int calc = form.Field(FIELD_CALC, "CALC->BRK", TYPE_NUMERIC);
+    FormBuilder::Store({form.number, 506, zero}, At(form, calc).FieldTokens);
+    form.Section(SECTION_SORT_HEADER_1, 50);
+    form.Section(SECTION_DETAIL_1, 50);
+    form.Break(form.number, calc, SECTION_SORT_HEADER_1);
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    EXPECT_EQ(run.Feed({{"N", "1"}}), CODE_EXPRESSION);
+    EXPECT_EQ(boxes.LastText(), "Error In Break Calculation Field: CALC->BRK");
+    run.Finish();
+}
+
+TEST(RecordDriver, RecordCountIsOneOnTheFirstRecordAndTheTimeDoesNotMove) {
+    FormBuilder form;
+    const int count = form.Field(FIELD_SYSTEM, "SYS->REC_COUNT", TYPE_NUMERIC, 6);
+    At(form, count).TableIndex = SYSTEM_REC_COUNT;
+    At(form, count).NegativePrefix[0] = 0;
+    const int time = form.Field(FIELD_SYSTEM, "SYS->TIME", TYPE_TEXT, 10);
+    At(form, time).TableIndex = SYSTEM_TIME;
+    form.Section(SECTION_DETAIL_1, 50);
+    form.FieldItem(SECTION_DETAIL_1, 200, 0, 400, 50, count);
+    form.FieldItem(SECTION_DETAIL_1, 700, 0, 400, 50, time);
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(run.Run({{}, {}}), 0) << boxes.LastText();
+    const Lines words = PageWords(run.Report(), 0);
+    ASSERT_EQ(words.size(), 4u);
+    EXPECT_EQ(words[0], "1");
+    EXPECT_EQ(words[2], "2");
+    EXPECT_EQ(words[1], words[3]);
+}
+
+TEST(RecordDriver, TwelveHourClock) {
+    BareSession session;
+    const int row = session.AddField(FIELD_SYSTEM, "SYS->TIME", TYPE_TEXT, 10);
+    FieldRecord *field = &session->form.Fields[row];
+    field->TableIndex = SYSTEM_TIME;
+    const auto shown = [&](const char *clock) {
+        std::strcpy(session->run.TimeText, clock);
+        tessarine::SetSystemField(session, field);
+        return std::string(field->TextValue);
+    };
+    EXPECT_EQ(shown("14:05:33"), "02:05PM");
+    EXPECT_EQ(shown("12:00:00"), "12:00PM");
+    EXPECT_EQ(shown("00:10:00"), "00:10AM");
+    field->TimeForm = 1;
+    EXPECT_EQ(shown("14:05:33"), "14:05");
+}
+
+TEST(RecordDriver, MaximumOfNegativesShowsZeroInTheFirstGroup) {
+    NumberForm form;
+    const int group = form.Field(FIELD_DATA, "G", TYPE_TEXT);
+    const int most = form.Field(FIELD_DATA, "N", TYPE_NUMERIC);
+    At(form, most).SummaryType = SUMMARY_MAX;
+    form.Section(SECTION_SORT_HEADER_1, 10);
+    form.Section(SECTION_DETAIL_1, 10);
+    form.Section(SECTION_SORT_FOOTER_1, 50);
+    form.FieldItem(SECTION_SORT_FOOTER_1, 200, 0, 400, 50, most);
+    form.Break(group, group, SECTION_SORT_HEADER_1);
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    const auto feed = [&](const char *name, int number) {
+        for (int row = 0; row < run.params.FieldTotal; ++row)
+            if (!std::strcmp(run.params.FieldTable[row].FieldName, "N"))
+                run.params.FieldTable[row].LongValue = number;
+        return run.Feed({{"G", name}});
+    };
+    EXPECT_EQ(feed("A", -5), 0);
+    EXPECT_EQ(feed("B", -7), 0);
+    EXPECT_EQ(feed("B", -3), 0);
+    ASSERT_EQ(run.Finish(), 0);
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{" 0", "-3"}));
+}
+
+TEST(RecordDriver, LongerTextOfTheHostIsTakenWhole) {
+    FormBuilder form;
+    const int name = form.Field(FIELD_DATA, "NAME", TYPE_TEXT, 4);
+    form.Section(SECTION_DETAIL_1, 50);
+    form.FieldItem(SECTION_DETAIL_1, 200, 0, 1500, 50, name);
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    FieldRecord *row = run.Row("NAME");
+    tessarine::OurFree(row->TextValue);
+    const std::string text = "a text of more than four characters";
+    row->TextValue = static_cast<char *>(tessarine::OurAlloc(text.size() + 2));
+    row->FieldWidth = static_cast<int16_t>(text.size());
+    std::strcpy(row->TextValue, text.c_str());
+    ASSERT_EQ(run.Feed({}), 0);
+    ASSERT_EQ(run.Finish(), 0);
+    EXPECT_EQ(PageWords(run.Report(), 0), Lines{text});
+}

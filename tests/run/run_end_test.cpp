@@ -1,0 +1,190 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "frame/host_data.h"
+#include "frame/memory.h"
+#include "frame/session_table.h"
+#include "run/run.h"
+#include "tests/support/message_boxes.h"
+#include "tests/support/page_texts.h"
+#include "tests/support/report_run.h"
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+struct OneLine : FormBuilder {
+    explicit OneLine(int height = 50) {
+        const int name = Field(FIELD_DATA, "NAME", TYPE_TEXT);
+        Section(SECTION_DETAIL_1, height);
+        FieldItem(SECTION_DETAIL_1, 200, 0, 500, 50, name);
+    }
+};
+
+// Label mode for as long as it stands: three labels across, ten down.
+struct LabelMode {
+    LabelMode() {
+        data.LabelForm = &on;
+        tessarine::SetCRepData(&data);
+    }
+    ~LabelMode() { tessarine::RemoveCRepData(&data); }
+    uint32_t on = 1;
+    HostData data{};
+};
+
+struct LabelSheet : FormBuilder {
+    LabelSheet() {
+        header.LabelType = 1;
+        header.LeftMargin = header.RightMargin = header.TopMargin = header.BottomMargin = 0.0F;
+        LabelGeometry &sheet = header.LabelGeometry;
+        sheet.PageWidth = 8.5F;
+        sheet.PageHeight = 11.0F;
+        sheet.LabelHeight = sheet.VerticalPitch = 1.0F;
+        sheet.LabelWidth = sheet.HorizontalPitch = 2.5F;
+        sheet.LabelsAcross = 3;
+        sheet.LabelsDown = 10;
+        const int name = Field(FIELD_DATA, "NAME", TYPE_TEXT);
+        Section(SECTION_DETAIL_1, 250);
+        items[SECTION_DETAIL_1][0].x = 62;
+        items[SECTION_DETAIL_1][0].width = 625;
+        FieldItem(SECTION_DETAIL_1, 80, 0, 500, 50, name);
+    }
+};
+
+size_t CountFrames(const std::string &page) {
+    constexpr char round_rect[] = "\x1C\x06";
+    size_t count = 0;
+    for (size_t place = 18; place + 6 <= page.size();) {
+        uint32_t words;
+        std::memcpy(&words, page.data() + place, 4);
+        count += !std::memcmp(page.data() + place + 4, round_rect, 2);
+        if (words < 3) break;
+        place += words * 2;
+    }
+    return count;
+}
+
+} // namespace
+
+TEST(RunEnd, PageCountMayBeLeftOut) {
+    MessageBoxes boxes;
+    ReportRun run{OneLine{}};
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    EXPECT_EQ(run.Feed({{"NAME", "a"}}), 0);
+    EXPECT_EQ(tessarine::RepExit(run.params.SessionId, 0, nullptr), 0);
+    EXPECT_EQ(PageWords(run.Report(), 0), Lines{"a"});
+}
+
+TEST(RunEnd, RecordCountIsToldUnlessSilentAlsoWhenItIsZero) {
+    MessageBoxes boxes;
+    ReportRun run{OneLine{}};
+    run.params.Silent = 0;
+    ASSERT_EQ(run.Run({}), 0);
+    EXPECT_EQ(boxes.LastText(), "0 Record(s) Printed");
+    EXPECT_EQ(boxes.LastTitle(), "Report Over");
+    ReportRun second{OneLine{}};
+    second.params.Silent = 0;
+    ASSERT_EQ(second.Run({{{"NAME", "a"}}}), 0);
+    EXPECT_EQ(boxes.LastText(), "1 Record(s) Printed");
+}
+
+TEST(RunEnd, ReportFooterThatDoesNotFitGoesToANewPageWithHeaderAndFooter) {
+    OneLine form(500);
+    form.Section(SECTION_PAGE_HEADER, 50);
+    form.Label(SECTION_PAGE_HEADER, 200, 0, 400, 50, "head");
+    form.Section(SECTION_REPORT_FOOTER, 500);
+    form.Label(SECTION_REPORT_FOOTER, 200, 0, 400, 50, "total");
+    form.Section(SECTION_PAGE_FOOTER, 50);
+    form.Label(SECTION_PAGE_FOOTER, 200, 0, 400, 50, "foot");
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(run.Run({{{"NAME", "1"}}, {{"NAME", "2"}}, {{"NAME", "3"}}, {{"NAME", "4"}}}), 0)
+        << boxes.LastText();
+    EXPECT_EQ(run.page_count, 2);
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"head", "1", "2", "3", "4", "foot"}));
+    EXPECT_EQ(PageWords(run.Report(), 1), (Lines{"head", "total", "foot"}));
+}
+
+TEST(RunEnd, FillCompletesTheSheetWithEmptyFrames) {
+    MessageBoxes boxes;
+    const LabelMode mode;
+    ReportRun run{LabelSheet{}};
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    for (const char *name : {"a", "b", "c", "d"}) ASSERT_EQ(run.Feed({{"NAME", name}}), 0);
+    ASSERT_EQ(run.Finish(1), 0) << boxes.LastText();
+    const std::string page = PagesOf(run.Report()).at(0);
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"a", "b", "c", "d"}));
+    EXPECT_EQ(CountFrames(page), 26u); // 30 labels, of which four were printed without a frame
+}
+
+TEST(RunEnd, SheetEndsWithoutFramesWhenItIsNotFilled) {
+    MessageBoxes boxes;
+    const LabelMode mode;
+    ReportRun run{LabelSheet{}};
+    ASSERT_EQ(run.Run({{{"NAME", "a"}}}), 0) << boxes.LastText();
+    EXPECT_EQ(CountFrames(PagesOf(run.Report()).at(0)), 0u);
+}
+
+TEST(RunEnd, FillEndsThoughTheLabelsFilterRefuses) {
+    LabelSheet form;
+    const int no = form.Constant(".F.", TYPE_LOGICAL, 0);
+    FormBuilder::Store({no}, form.sections[SECTION_DETAIL_1].SectionFilter);
+    MessageBoxes boxes;
+    const LabelMode mode;
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    ASSERT_EQ(run.Feed({{"NAME", "a"}}), 0);
+    EXPECT_EQ(run.Finish(1), 0);
+}
+
+TEST(RunEnd, SessionsAndBlocksAreGivenBack) {
+    MessageBoxes boxes;
+    {
+        ReportRun warm{OneLine{}};
+        ASSERT_EQ(warm.Run({{{"NAME", "a"}}}), 0) << boxes.LastText();
+    }
+    const int blocks = tessarine::LiveBlocks();
+    for (int time = 0; time < 20; ++time) {
+        ReportRun run{OneLine{}};
+        ASSERT_EQ(run.Run({{{"NAME", "a"}}}), 0) << boxes.LastText();
+        EXPECT_EQ(tessarine::GetSessionPointer(nullptr, run.params.SessionId), nullptr);
+    }
+    EXPECT_EQ(tessarine::LiveBlocks(), blocks);
+}
+
+TEST(RunSetUp, PageFooterTallerThanThePageIsToldAndGives10) {
+    OneLine form;
+    form.Section(SECTION_PAGE_FOOTER, 2600);
+    form.Label(SECTION_PAGE_FOOTER, 200, 0, 400, 50, "foot");
+    MessageBoxes boxes;
+    ReportRun run(form);
+    EXPECT_EQ(run.Start(), CODE_PRINTER);
+    EXPECT_EQ(boxes.LastText(), "Page Too Small!");
+    EXPECT_EQ(boxes.LastTitle(), "");
+}
+
+TEST(RunSetUp, ExpressionsThatDoNotCompileNameTheirKind) {
+    MessageBoxes boxes;
+    OneLine filter;
+    filter.Filter({503});
+    EXPECT_EQ(ReportRun(filter).Start(), CODE_EXPRESSION);
+    EXPECT_EQ(boxes.LastText(), "Invalid Report Selection Expression!");
+    OneLine section;
+    FormBuilder::Store({503}, section.sections[SECTION_DETAIL_1].SectionFilter);
+    EXPECT_EQ(ReportRun(section).Start(), CODE_EXPRESSION);
+    EXPECT_EQ(boxes.LastText(), "Invalid Section Selection Expression!");
+    OneLine calculation;
+    const int calc = calculation.Field(FIELD_CALC, "CALC->X", TYPE_NUMERIC);
+    FormBuilder::Store({503}, calculation.fields[static_cast<size_t>(calc)].FieldTokens);
+    EXPECT_EQ(ReportRun(calculation).Start(), CODE_EXPRESSION);
+    EXPECT_EQ(boxes.LastText(), "Invalid Field Calculation Expression!");
+}
+
+TEST(RunSetUp, LabelFormInAReportRunIsRefusedSilentlyWith101) {
+    MessageBoxes boxes;
+    EXPECT_EQ(ReportRun{LabelSheet{}}.Start(), CODE_NOT_A_REPORT_FORM);
+    const LabelMode mode;
+    EXPECT_EQ(ReportRun{OneLine{}}.Start(), CODE_NOT_A_LABEL_FORM);
+    EXPECT_TRUE(boxes.Log().empty());
+}
