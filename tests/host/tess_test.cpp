@@ -55,8 +55,8 @@ protected:
         return form;
     }
     Outcome Report(const std::string &name, const std::string &more = "") {
-        return Run("run --form " + Build(name) + " --data " + Sample(name + ".csv") +
-                   " --output " + folder.Path(name + ".frc") + " " + more);
+        return Run("run --form " + Build(name) + " --data " + Sample(name + ".csv") + " --output " +
+                   folder.Path(name + ".frc") + " " + more);
     }
 
     TemporaryFolder folder;
@@ -150,8 +150,8 @@ TEST_F(Tess, FailedRunLeavesAnEarlierReportAsItWas) {
     const std::string report = folder.Path("airports.frc");
     const std::string before = ReadWholeFile(report);
     WriteWholeFile(folder.Path("bad.csv"), "CODE\nA\n");
-    EXPECT_EQ(Run("run --form " + folder.Path("airports.fp") + " --data " +
-                  folder.Path("bad.csv") + " --output " + report)
+    EXPECT_EQ(Run("run --form " + folder.Path("airports.fp") + " --data " + folder.Path("bad.csv") +
+                  " --output " + report)
                   .code,
               1u);
     EXPECT_TRUE(ReadWholeFile(report) == before);

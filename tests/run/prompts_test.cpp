@@ -30,8 +30,7 @@ struct Prompter {
             GetDlgItemTextA(dialog, control, shown, sizeof shown);
             return std::string(shown);
         };
-        shown.push_back(text(PROMPT) + "|" + text(INPUT) + "|" + text(PREVIOUS) + "|" +
-                        text(NEXT));
+        shown.push_back(text(PROMPT) + "|" + text(INPUT) + "|" + text(PREVIOUS) + "|" + text(NEXT));
         const Step step = place_ < steps_.size() ? steps_[place_++] : Step{"-", PREVIOUS};
         if (step.answer != "-") SetDlgItemTextA(dialog, INPUT, step.answer.c_str());
         PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(step.button), 0);
@@ -107,10 +106,9 @@ TEST(Prompts, ThreeFieldsNameTheirButtonsAndGoingBackKeepsWhatWasTyped) {
     Prompter prompter({{"a", NEXT}, {"half", PREVIOUS}, {"-", NEXT}, {"-", NEXT}, {"c", NEXT}});
     ReportRun run(form);
     EXPECT_EQ(run.Run({{}}), 0);
-    EXPECT_EQ(prompter.shown,
-              (Lines{"A||Cancel|&Next Input", "B||&Prev Input|&Next Input",
-                     "A|a|Cancel|&Next Input", "B|half|&Prev Input|&Next Input",
-                     "C||&Prev Input|Ok"}));
+    EXPECT_EQ(prompter.shown, (Lines{"A||Cancel|&Next Input", "B||&Prev Input|&Next Input",
+                                     "A|a|Cancel|&Next Input", "B|half|&Prev Input|&Next Input",
+                                     "C||&Prev Input|Ok"}));
     EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"row", "a", "half", "c"}));
 }
 
@@ -137,8 +135,7 @@ TEST(Prompts, LogicalAnswersAreFoundInsideTheWords) {
         EXPECT_EQ(ShownAnswer(TYPE_LOGICAL, yes), "Y") << yes;
     for (const char *no : {"no", "FALSE", "0", "O"})
         EXPECT_EQ(ShownAnswer(TYPE_LOGICAL, no), "N") << no;
-    EXPECT_EQ(ShownAnswer(TYPE_LOGICAL, "perhaps"),
-              "(Valid entries: YES,NO,TRUE,FALSE,Y,N,1,0)");
+    EXPECT_EQ(ShownAnswer(TYPE_LOGICAL, "perhaps"), "(Valid entries: YES,NO,TRUE,FALSE,Y,N,1,0)");
 }
 
 TEST(Prompts, NumbersAreReadAsFarAsTheyGo) {

@@ -117,8 +117,8 @@ TEST(RecordDriver, FailingCalculationIsFatalWithItsName) {
     ReportRun run(form);
     ASSERT_EQ(run.Start(), 0) << boxes.LastText();
     EXPECT_EQ(run.Feed({{"N", "1"}}), CODE_EXPRESSION);
-    EXPECT_EQ(boxes.Texts(), (Lines{"Error: Division by zero.",
-                                    "Error In Calculation Field: CALC->RATIO"}));
+    EXPECT_EQ(boxes.Texts(),
+              (Lines{"Error: Division by zero.", "Error In Calculation Field: CALC->RATIO"}));
     EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
     run.Finish();
 }

@@ -49,6 +49,7 @@ make_base() {
     flock 8
     local stamp
     stamp=$(cat "$here"/instance.sh "$here"/prefix.reg "$tree/.ready" | sha256sum)
+    # a change of these scripts makes prefixes anew
     if [ -f "$base/.stamp" ] && [ "$(<"$base/.stamp")" = "$stamp" ]; then
         exec 8>&-
         return
