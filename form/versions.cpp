@@ -10,16 +10,18 @@ namespace {
 constexpr int ADDED_SECTIONS = SECTION_DETAIL_9 - SECTION_DETAIL_1;
 constexpr size_t EXTRA_BYTES = 4;
 
-void Renumber(int16_t *section) {
-    if (*section > SECTION_DETAIL_1) *section = static_cast<int16_t>(*section + ADDED_SECTIONS);
+int16_t Renumbered(int16_t section) {
+    return static_cast<int16_t>(section > SECTION_DETAIL_1 ? section + ADDED_SECTIONS : section);
 }
 
 void RenumberSections(Session *session) {
     FormState &form = session->form;
-    for (int row = 0; row < form.Header.ItemCount; ++row) Renumber(&form.Items[row].SectionIndex);
+    for (int row = 0; row < form.Header.ItemCount; ++row)
+        form.Items[row].SectionIndex = Renumbered(form.Items[row].SectionIndex);
     for (int row = 0; row < form.Header.FieldCount; ++row)
-        Renumber(&form.Fields[row].SummarySection);
-    for (int row = 0; row < form.Header.BreakCount; ++row) Renumber(&form.Breaks[row].SectionIndex);
+        form.Fields[row].SummarySection = Renumbered(form.Fields[row].SummarySection);
+    for (int row = 0; row < form.Header.BreakCount; ++row)
+        form.Breaks[row].SectionIndex = Renumbered(form.Breaks[row].SectionIndex);
 }
 
 void ReadOldSections(Session *session, HANDLE file) {

@@ -135,7 +135,7 @@ TEST_F(DamagedForm, FieldsWithUnendedTextsOrListsAreRefused) {
 
 TEST_F(DamagedForm, FreeRowFullOfRubbishIsRefusedOnceSomethingNamesIt) {
     const auto gone = static_cast<uint16_t>(form.fields.size() - 2);
-    ASSERT_EQ(form.fields[gone].InUse, 0);
+    ASSERT_EQ(+form.fields[gone].InUse, 0);
     RefuseHeader("filter", [=](FormHeader &header) { header.ReportFilter[0] = gone; });
     RefuseItem("item", ITEM_FIELD,
                [=](ItemRecord &item) { item.FieldIndex = static_cast<int16_t>(gone); });

@@ -32,9 +32,9 @@ TEST_F(Defaults, SessionStartsWithoutAFormFocusCommandOrLock) {
     session->designer.SelectedItem = session->designer.PendingCommand = 3;
     InitVariables(session);
     EXPECT_EQ(form.TotalItems, 0);
-    EXPECT_EQ(form.FieldCount, 0);
-    EXPECT_EQ(form.BreakCount, 0);
-    EXPECT_EQ(form.FontCount, 0);
+    EXPECT_EQ(+form.FieldCount, 0);
+    EXPECT_EQ(+form.BreakCount, 0);
+    EXPECT_EQ(+form.FontCount, 0);
     EXPECT_EQ(session->designer.SelectedItem, -1);
     EXPECT_EQ(session->designer.PendingCommand, -1);
     EXPECT_EQ(form.FormLock, INVALID_HANDLE_VALUE);
@@ -75,13 +75,13 @@ TEST_F(Defaults, SectionsStartOutOfUseAndOneAcross) {
     for (SectionRecord &section : session->form.Sections) std::memset(&section, 9, sizeof section);
     InitSections(session);
     for (const SectionRecord &section : session->form.Sections) {
-        EXPECT_EQ(section.InUse, 0);
-        EXPECT_EQ(section.SectionFlags, 0);
-        EXPECT_EQ(section.FirstItem, 0);
-        EXPECT_EQ(section.ItemTotal, 0);
-        EXPECT_EQ(section.Across, 1);
-        EXPECT_EQ(section.SectionFilter[0], CELL_END);
-        EXPECT_EQ(section.PrintNow, 1);
+        EXPECT_EQ(+section.InUse, 0);
+        EXPECT_EQ(+section.SectionFlags, 0);
+        EXPECT_EQ(+section.FirstItem, 0);
+        EXPECT_EQ(+section.ItemTotal, 0);
+        EXPECT_EQ(+section.Across, 1);
+        EXPECT_EQ(+section.SectionFilter[0], CELL_END);
+        EXPECT_EQ(+section.PrintNow, 1);
         EXPECT_TRUE(AllZero(section.Reserved220));
     }
 }
@@ -90,7 +90,7 @@ TEST_F(Defaults, UserFieldsStartOutOfUse) {
     for (UserFieldRecord &user : session->form.UserFields) std::memset(&user, 9, sizeof user);
     InitVariables(session);
     for (const UserFieldRecord &user : session->form.UserFields) {
-        EXPECT_EQ(user.InUse, 0);
+        EXPECT_EQ(+user.InUse, 0);
         EXPECT_TRUE(AllZero(user.Reserved434));
     }
 }
@@ -109,11 +109,11 @@ TEST_F(Defaults, NewItemIsAnEmptyLabel) {
     session->device.ForeColor = 0x123456;
     session->device.BackColor = 0x654321;
     const ItemRecord item = DefaultItem(session);
-    EXPECT_EQ(item.ItemType, 16);
-    EXPECT_EQ(item.ItemFlags, 68);
-    EXPECT_EQ(item.OutlineColor, 0x123456u);
-    EXPECT_EQ(item.LineColor, 0x123456u);
-    EXPECT_EQ(item.Background.Color, 0x654321u);
+    EXPECT_EQ(+item.ItemType, 16);
+    EXPECT_EQ(+item.ItemFlags, 68);
+    EXPECT_EQ(+item.OutlineColor, 0x123456u);
+    EXPECT_EQ(+item.LineColor, 0x123456u);
+    EXPECT_EQ(+item.Background.Color, 0x654321u);
     ItemRecord rest = item;
     rest.ItemType = rest.ItemFlags = 0;
     rest.OutlineColor = rest.LineColor = rest.Background.Color = 0;
@@ -125,13 +125,13 @@ TEST_F(Defaults, NewFieldHasTheDefaultsOfEveryPart) {
     FieldRecord field;
     std::memset(&field, 0xEE, sizeof field);
     InitField(session, &field);
-    EXPECT_EQ(field.HostTable, -1);
-    EXPECT_EQ(field.HostField, -1);
-    EXPECT_EQ(field.ValueType, 3);
-    EXPECT_EQ(field.FieldWidth, 15);
-    EXPECT_EQ(field.Modifiable, 1);
-    EXPECT_EQ(field.InUse, 1);
-    EXPECT_EQ(field.TableIndex, -1);
+    EXPECT_EQ(+field.HostTable, -1);
+    EXPECT_EQ(+field.HostField, -1);
+    EXPECT_EQ(+field.ValueType, 3);
+    EXPECT_EQ(+field.FieldWidth, 15);
+    EXPECT_EQ(+field.Modifiable, 1);
+    EXPECT_EQ(+field.InUse, 1);
+    EXPECT_EQ(+field.TableIndex, -1);
     EXPECT_STREQ(field.DateDelimiter, "/");
     EXPECT_STREQ(field.ThousandsChar, ",");
     EXPECT_STREQ(field.DecimalChar, ".");
@@ -139,7 +139,7 @@ TEST_F(Defaults, NewFieldHasTheDefaultsOfEveryPart) {
     EXPECT_STREQ(field.FalseText, "N");
     EXPECT_STREQ(field.NegativePrefix, "-");
     EXPECT_STREQ(field.ZeroText, "0");
-    EXPECT_EQ(field.FieldTokens[0], CELL_END);
+    EXPECT_EQ(+field.FieldTokens[0], CELL_END);
     EXPECT_EQ(field.LineBreakChar[0], 13);
     for (const char *empty :
          {field.FieldName, field.PadChar, field.CurrencySymbol, field.NegativeSuffix,
@@ -149,7 +149,7 @@ TEST_F(Defaults, NewFieldHasTheDefaultsOfEveryPart) {
                            int{field.SummaryType}, int{field.DateFormat}, int{field.TimeForm},
                            int{field.SymbolKind}, int{field.SymbolWhen}, int{field.RefCount}})
         EXPECT_EQ(zero, 0);
-    EXPECT_EQ(field.TextValue, nullptr);
+    EXPECT_TRUE(field.TextValue == nullptr);
 }
 
 TEST_F(Defaults, TablesHaveTheirFixedCapacities) {

@@ -38,9 +38,9 @@ TEST_F(FormReader, FormStandsInTheTablesWithItsLiveCounters) {
     ASSERT_EQ(ReadBytes(form.Bytes()), READ_DONE);
     const FormState &state = session->form;
     EXPECT_EQ(state.TotalItems, 13);
-    EXPECT_EQ(state.FieldCount, static_cast<int>(form.fields.size()));
-    EXPECT_EQ(state.BreakCount, 1);
-    EXPECT_EQ(state.FontCount, 2);
+    EXPECT_EQ(+state.FieldCount, static_cast<int>(form.fields.size()));
+    EXPECT_EQ(+state.BreakCount, 1);
+    EXPECT_EQ(+state.FontCount, 2);
     EXPECT_EQ(state.UserFieldCount, 1);
     EXPECT_STREQ(state.Header.ReportName, "Test");
     EXPECT_EQ(state.ReportHeight, 5 * 40 + 100 + 100 + 200 + 100 + 100);
@@ -239,9 +239,9 @@ TEST_F(FormReader, FullTablesAreRead) {
     while (full.fonts.size() < MAX_FONTS) full.fonts.push_back(full.fonts[0]);
     ASSERT_EQ(ReadBytes(full.Bytes()), READ_DONE) << boxes.LastText();
     EXPECT_EQ(session->form.TotalItems, MAX_ITEMS);
-    EXPECT_EQ(session->form.FieldCount, MAX_FIELDS);
-    EXPECT_EQ(session->form.BreakCount, MAX_BREAKS);
-    EXPECT_EQ(session->form.FontCount, MAX_FONTS);
+    EXPECT_EQ(+session->form.FieldCount, MAX_FIELDS);
+    EXPECT_EQ(+session->form.BreakCount, MAX_BREAKS);
+    EXPECT_EQ(+session->form.FontCount, MAX_FONTS);
 }
 
 TEST_F(FormReader, FontCountOf40Reads32RowsAndLeavesTheRest) {
@@ -251,17 +251,17 @@ TEST_F(FormReader, FontCountOf40Reads32RowsAndLeavesTheRest) {
     }
     ASSERT_EQ(form.fonts.size(), 40u);
     ASSERT_EQ(ReadBytes(form.Bytes()), READ_DONE);
-    EXPECT_EQ(session->form.FontCount, 32);
+    EXPECT_EQ(+session->form.FontCount, 32);
     EXPECT_EQ(session->form.Fonts[31].LogFont.lfWeight, 129);
-    EXPECT_EQ(session->form.Header.FontCount, 40);
+    EXPECT_EQ(+session->form.Header.FontCount, 40);
     EXPECT_TRUE(boxes.Log().empty());
 }
 
 TEST_F(FormReader, RowsThatItemsNameAreInUse) {
     form.fonts.push_back(form.fonts[0]);
     ASSERT_EQ(ReadBytes(form.Bytes()), READ_DONE);
-    EXPECT_EQ(session->form.Fonts[1].InUse, 1u);
-    EXPECT_EQ(session->form.Fonts[2].InUse, 0u);
+    EXPECT_EQ(+session->form.Fonts[1].InUse, 1u);
+    EXPECT_EQ(+session->form.Fonts[2].InUse, 0u);
     EXPECT_EQ(session->form.Fonts[1].LogFont.lfWeight, 700);
     EXPECT_STREQ(session->form.Fonts[1].LogFont.lfFaceName, "Courier New");
 }
@@ -328,7 +328,7 @@ TEST_F(FormReader, WrongMarkerAbandonsTheFontTable) {
     bytes[FormBlocks(bytes).marker] = 'x';
     EXPECT_EQ(ReadBytes(bytes), READ_DONE);
     ExpectBox("Font Table Incomplete!", "");
-    EXPECT_EQ(session->form.FontCount, 2);
+    EXPECT_EQ(+session->form.FontCount, 2);
 }
 
 TEST_F(FormReader, PictureLargerThanTheFileAllocatesNothing) {
@@ -355,13 +355,13 @@ TEST_F(FormReader, DefaultFontIsNeverAPicture) {
     EXPECT_EQ(ReadBytes(bytes), READ_DONE);
     ExpectBox("Font Table Incomplete!", "");
     EXPECT_EQ(session->form.Fonts[0].IsPicture, 0u);
-    EXPECT_EQ(session->form.Fonts[0].InUse, 1u);
+    EXPECT_EQ(+session->form.Fonts[0].InUse, 1u);
 }
 
 TEST_F(FormReader, TextPointersOfAFileAreDropped) {
     form.fields[1].TextValue = reinterpret_cast<char *>(0x12345678);
     ASSERT_EQ(ReadBytes(form.Bytes()), READ_DONE);
-    EXPECT_EQ(session->form.Fields[1].TextValue, nullptr);
+    EXPECT_TRUE(session->form.Fields[1].TextValue == nullptr);
 }
 
 TEST_F(FormReader, BytesBehindTheLastFontRowAreIgnored) {
@@ -375,5 +375,5 @@ TEST_F(FormReader, EmptyTablesAreAForm) {
     empty.fonts.clear();
     EXPECT_EQ(ReadBytes(empty.Bytes()), READ_DONE);
     EXPECT_EQ(session->form.TotalItems, 0);
-    EXPECT_EQ(session->form.FontCount, 0);
+    EXPECT_EQ(+session->form.FontCount, 0);
 }

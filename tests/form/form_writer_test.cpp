@@ -128,7 +128,7 @@ TEST_F(FormWriter, LiveCountersAndVersionGoIntoTheHeader) {
     session->form.Header.FormVersion = 2;
     ASSERT_EQ(Save(path), 1);
     EXPECT_EQ(ReadWholeFile(path), form.Bytes());
-    EXPECT_EQ(session->form.Header.FormVersion, 4);
+    EXPECT_EQ(+session->form.Header.FormVersion, 4);
 }
 
 TEST_F(FormWriter, PaperOfThePrinterIsWrittenOnceMore) {
@@ -163,10 +163,10 @@ TEST_F(FormWriter, HostWithTheRightSetsTheHostWord) {
     EXPECT_EQ(word, 0u);
     word = 0x12345;
     ASSERT_EQ(Save(path), 1);
-    EXPECT_EQ(session->form.Header.HostWord, 0);
+    EXPECT_EQ(+session->form.Header.HostWord, 0);
     right = 1;
     ASSERT_EQ(Save(path), 1);
-    EXPECT_EQ(session->form.Header.HostWord, 0x2345);
+    EXPECT_EQ(+session->form.Header.HostWord, 0x2345);
 }
 
 TEST_F(FormWriter, ReadOnlyFormIsNotSaved) {
@@ -267,7 +267,7 @@ TEST_F(FormWriter, SaveThatShrankLeavesAnOldTailThatNoReaderLooksAt) {
     ASSERT_EQ(Save(path), 1);
     EXPECT_EQ(ReadWholeFile(path).size(), before);
     ASSERT_EQ(Read(SavedPath()), READ_DONE);
-    EXPECT_EQ(session->form.BreakCount, 0);
+    EXPECT_EQ(+session->form.BreakCount, 0);
     EXPECT_EQ(session->form.Fonts[1].LogFont.lfWeight, 700);
     EXPECT_TRUE(boxes.Log().empty());
 }
@@ -294,7 +294,7 @@ TEST_F(FormWriter, RowOutOfUseIsWrittenFree) {
     ASSERT_EQ(Save(copy), 1);
     const std::string bytes = ReadWholeFile(copy);
     const size_t fonts = FormBlocks(bytes).fonts;
-    EXPECT_EQ(RecordAt<PortableFont>(bytes, fonts + 52 + 2).Weight, 0);
+    EXPECT_EQ(+RecordAt<PortableFont>(bytes, fonts + 52 + 2).Weight, 0);
     EXPECT_EQ(bytes.substr(fonts + 2 * 52), std::string("\1\0", 2) + std::string(12, '\0'));
     EXPECT_EQ(LiveBlocks(), blocks - 2);
 }

@@ -27,14 +27,14 @@ TEST_F(Versions, OldFormsComeOutAsTheyWouldBeWrittenToday) {
         const tessarine::FormState &state = session->form;
         for (int row = 0; row < state.TotalItems; ++row)
             EXPECT_EQ(
-                state.Items[row].SectionIndex,
-                RecordAt<ItemRecord>(bytes, blocks.items + row * sizeof(ItemRecord)).SectionIndex);
+                +state.Items[row].SectionIndex,
+                +RecordAt<ItemRecord>(bytes, blocks.items + row * sizeof(ItemRecord)).SectionIndex);
         for (int row = 0; row < state.FieldCount; ++row)
-            EXPECT_EQ(state.Fields[row].SummarySection,
-                      form.fields[static_cast<size_t>(row)].SummarySection);
-        EXPECT_EQ(state.Sections[SECTION_SORT_FOOTER_1].InUse, 1);
-        EXPECT_EQ(state.Sections[SECTION_PAGE_FOOTER].InUse, 1);
-        EXPECT_EQ(state.Breaks[0].SectionIndex, SECTION_SORT_HEADER_1);
+            EXPECT_EQ(+state.Fields[row].SummarySection,
+                      +form.fields[static_cast<size_t>(row)].SummarySection);
+        EXPECT_EQ(+state.Sections[SECTION_SORT_FOOTER_1].InUse, 1);
+        EXPECT_EQ(+state.Sections[SECTION_PAGE_FOOTER].InUse, 1);
+        EXPECT_EQ(+state.Breaks[0].SectionIndex, SECTION_SORT_HEADER_1);
     }
 }
 
@@ -48,23 +48,23 @@ TEST_F(Versions, ItemInSection12OfVersion1ComesOutInSection20) {
     const FormBlocks blocks(bytes);
     ASSERT_EQ(RecordAt<ItemRecord>(bytes, blocks.items + 3 * sizeof(ItemRecord)).SectionIndex, 12);
     ASSERT_EQ(ReadBytes(bytes), READ_DONE);
-    EXPECT_EQ(LabelNamed("footer")->SectionIndex, 20);
-    EXPECT_EQ(LabelNamed("detail")->SectionIndex, 11);
+    EXPECT_EQ(+LabelNamed("footer")->SectionIndex, 20);
+    EXPECT_EQ(+LabelNamed("detail")->SectionIndex, 11);
 }
 
 TEST_F(Versions, LaterDetailSectionsOfOldFormsKeepTheSessionsDefaults) {
     session->form.Sections[SECTION_DETAIL_1 + 3].Across = 7;
     ASSERT_EQ(ReadBytes(InOldVersion(form.Bytes(), 1)), READ_DONE);
-    EXPECT_EQ(session->form.Sections[SECTION_DETAIL_1 + 1].InUse, 0);
-    EXPECT_EQ(session->form.Sections[SECTION_DETAIL_1 + 1].Across, 1);
-    EXPECT_EQ(session->form.Sections[SECTION_DETAIL_1 + 3].Across, 7);
+    EXPECT_EQ(+session->form.Sections[SECTION_DETAIL_1 + 1].InUse, 0);
+    EXPECT_EQ(+session->form.Sections[SECTION_DETAIL_1 + 1].Across, 1);
+    EXPECT_EQ(+session->form.Sections[SECTION_DETAIL_1 + 3].Across, 7);
 }
 
 TEST_F(Versions, FormsOfVersion2And3ReadAsThoseOfToday) {
     for (const int version : {2, 3, 4}) {
         form.header.FormVersion = static_cast<int16_t>(version);
         ASSERT_EQ(ReadBytes(form.Bytes()), READ_DONE);
-        EXPECT_EQ(LabelNamed("End")->SectionIndex, SECTION_SORT_FOOTER_1);
+        EXPECT_EQ(+LabelNamed("End")->SectionIndex, SECTION_SORT_FOOTER_1);
     }
 }
 

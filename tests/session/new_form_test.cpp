@@ -15,13 +15,13 @@ protected:
     void ExpectItem(int row, int type, const RECT &place, int section) {
         SCOPED_TRACE(row);
         const ItemRecord &item = session->form.Items[row];
-        EXPECT_EQ(item.ItemType, type);
-        EXPECT_EQ(item.x, place.left);
-        EXPECT_EQ(item.y, place.top);
-        EXPECT_EQ(item.width, place.right);
-        EXPECT_EQ(item.height, place.bottom);
-        EXPECT_EQ(item.SectionIndex, section);
-        EXPECT_EQ(item.ItemFlags, 68);
+        EXPECT_EQ(+item.ItemType, type);
+        EXPECT_EQ(+item.x, place.left);
+        EXPECT_EQ(+item.y, place.top);
+        EXPECT_EQ(+item.width, place.right);
+        EXPECT_EQ(+item.height, place.bottom);
+        EXPECT_EQ(+item.SectionIndex, section);
+        EXPECT_EQ(+item.ItemFlags, 68);
     }
     std::string Preset(float left, float right) {
         const std::string path = folder.Path("PRESET.FP");
@@ -49,11 +49,11 @@ TEST_F(NewForm, ReportHasItsThreeItemsAndTwoSections) {
                SECTION_PAGE_HEADER);
     ExpectItem(2, ITEM_BAR, {62, 400, width, 400}, SECTION_DETAIL_1);
     for (int section = 0; section < MAX_SECTIONS; ++section)
-        EXPECT_EQ(form.Sections[section].InUse, section == 0 || section == 11) << section;
-    EXPECT_EQ(form.Sections[0].BarItem, 0);
-    EXPECT_EQ(form.Sections[11].BarItem, 2);
-    EXPECT_EQ(form.Sections[0].SectionFlags, 24);
-    EXPECT_EQ(form.Sections[11].SectionFlags, 24);
+        EXPECT_EQ(+form.Sections[section].InUse, section == 0 || section == 11) << section;
+    EXPECT_EQ(+form.Sections[0].BarItem, 0);
+    EXPECT_EQ(+form.Sections[11].BarItem, 2);
+    EXPECT_EQ(+form.Sections[0].SectionFlags, 24);
+    EXPECT_EQ(+form.Sections[11].SectionFlags, 24);
     EXPECT_EQ(session->designer.SelectedItem, 0);
     EXPECT_EQ(form.ReportHeight, 800);
     EXPECT_EQ(form.FormModified, 0u);
@@ -63,27 +63,27 @@ TEST_F(NewForm, ReportHasItsThreeItemsAndTwoSections) {
 TEST_F(NewForm, HeaderOfAReportHasItsStartValues) {
     ASSERT_EQ(Start(""), 0);
     const FormHeader &header = session->form.Header;
-    EXPECT_EQ(header.Signature, 57018);
-    EXPECT_EQ(header.FormVersion, 4);
+    EXPECT_EQ(+header.Signature, 57018);
+    EXPECT_EQ(+header.FormVersion, 4);
     EXPECT_STREQ(header.ReportName, "");
-    EXPECT_EQ(header.FontCount, 1);
-    EXPECT_EQ(header.FormFlags, 0);
-    EXPECT_EQ(header.RulerFlags, 5);
-    EXPECT_EQ(header.Reserved742, 1);
-    EXPECT_EQ(header.LeftMargin, 0.25F);
-    EXPECT_EQ(header.RightMargin, 0.25F);
-    EXPECT_EQ(header.TopMargin, 0.5F);
-    EXPECT_EQ(header.BottomMargin, 0.5F);
-    EXPECT_EQ(header.ReportFilter[0], CELL_END);
-    EXPECT_EQ(header.HostWord, 0);
-    EXPECT_EQ(header.LabelType, 0u);
+    EXPECT_EQ(+header.FontCount, 1);
+    EXPECT_EQ(+header.FormFlags, 0);
+    EXPECT_EQ(+header.RulerFlags, 5);
+    EXPECT_EQ(+header.Reserved742, 1);
+    EXPECT_EQ(+header.LeftMargin, 0.25F);
+    EXPECT_EQ(+header.RightMargin, 0.25F);
+    EXPECT_EQ(+header.TopMargin, 0.5F);
+    EXPECT_EQ(+header.BottomMargin, 0.5F);
+    EXPECT_EQ(+header.ReportFilter[0], CELL_END);
+    EXPECT_EQ(+header.HostWord, 0);
+    EXPECT_EQ(+header.LabelType, 0u);
     EXPECT_EQ(std::string(header.PrinterDevice), session->printer.DeviceName);
 }
 
 TEST_F(NewForm, CaptionIsAsHighAsTheDefaultFont) {
     ASSERT_EQ(Start(""), 0);
     EXPECT_GT(session->form.Header.BarHeight, 0);
-    EXPECT_EQ(session->form.Header.BarHeight, static_cast<int>(session->form.Fonts[0].Height));
+    EXPECT_EQ(+session->form.Header.BarHeight, static_cast<int>(session->form.Fonts[0].Height));
 }
 
 TEST_F(NewForm, LabelHasItsTwoItemsAndOneSection) {
@@ -105,13 +105,13 @@ TEST_F(NewForm, LabelHasItsTwoItemsAndOneSection) {
     ExpectItem(0, ITEM_BAR, {62, 0, 625, form.Header.BarHeight + 375}, SECTION_DETAIL_1);
     ExpectItem(1, ITEM_GROUP, {62, 0, 0, 0}, SECTION_DETAIL_1);
     for (int section = 0; section < MAX_SECTIONS; ++section)
-        EXPECT_EQ(form.Sections[section].InUse, section == 11) << section;
-    EXPECT_EQ(form.Sections[11].BarItem, 0);
-    EXPECT_EQ(form.Sections[11].SectionFlags, 0);
-    EXPECT_EQ(form.Header.LabelType, 5160u);
+        EXPECT_EQ(+form.Sections[section].InUse, section == 11) << section;
+    EXPECT_EQ(+form.Sections[11].BarItem, 0);
+    EXPECT_EQ(+form.Sections[11].SectionFlags, 0);
+    EXPECT_EQ(+form.Header.LabelType, 5160u);
     EXPECT_EQ(std::memcmp(&form.Header.LabelGeometry, &geometry, sizeof geometry), 0);
-    EXPECT_EQ(form.Header.LeftMargin, 0.0F);
-    EXPECT_EQ(form.Header.BottomMargin, 0.0F);
+    EXPECT_EQ(+form.Header.LeftMargin, 0.0F);
+    EXPECT_EQ(+form.Header.BottomMargin, 0.0F);
     EXPECT_EQ(form.ReportHeight, form.Header.BarHeight + 375);
 }
 
@@ -122,13 +122,13 @@ TEST_F(NewForm, PresetFormStandsOnDiskBeforeAnyChange) {
     ASSERT_GT(bytes.size(), sizeof(FormHeader));
     const auto header = RecordAt<FormHeader>(bytes, 0);
     EXPECT_STREQ(header.ReportName, "Preset name");
-    EXPECT_EQ(header.ItemCount, 3);
-    EXPECT_EQ(header.TopMargin, 1.25F);
-    EXPECT_EQ(header.LeftMargin, 0.5F);
-    EXPECT_EQ(header.RightMargin, 0.75F);
-    EXPECT_EQ(header.BottomMargin, 1.5F);
-    EXPECT_EQ(session->form.Items[0].x, 125);
-    EXPECT_EQ(session->form.Items[0].width, session->printer.ReportWidth - 312);
+    EXPECT_EQ(+header.ItemCount, 3);
+    EXPECT_EQ(+header.TopMargin, 1.25F);
+    EXPECT_EQ(+header.LeftMargin, 0.5F);
+    EXPECT_EQ(+header.RightMargin, 0.75F);
+    EXPECT_EQ(+header.BottomMargin, 1.5F);
+    EXPECT_EQ(+session->form.Items[0].x, 125);
+    EXPECT_EQ(+session->form.Items[0].width, session->printer.ReportWidth - 312);
     std::string upper = path;
     UpperText(upper.data());
     EXPECT_EQ(session->CurrentFile, upper);
@@ -150,15 +150,15 @@ TEST_F(NewForm, PresetWithoutANameCountsForNothing) {
     Preset(2.0F, 2.0F);
     new_form_data.NewFormName[0] = 0;
     ASSERT_EQ(Start(""), 0);
-    EXPECT_EQ(session->form.Header.LeftMargin, 0.25F);
+    EXPECT_EQ(+session->form.Header.LeftMargin, 0.25F);
     EXPECT_EQ(session->form.FormLock, INVALID_HANDLE_VALUE);
 }
 
 TEST_F(NewForm, LeftMarginOfATenthOfAnInchGivesX62) {
     Preset(0.1F, 0.5F);
     ASSERT_EQ(Start(""), 0);
-    EXPECT_EQ(session->form.Items[0].x, 62);
-    EXPECT_EQ(session->form.Items[0].width, session->printer.ReportWidth - InchesToUnits(0.6));
+    EXPECT_EQ(+session->form.Items[0].x, 62);
+    EXPECT_EQ(+session->form.Items[0].width, session->printer.ReportWidth - InchesToUnits(0.6));
 }
 
 TEST_F(NewForm, HostsTextsFillTheirFields) {
@@ -171,7 +171,7 @@ TEST_F(NewForm, HostsTextsFillTheirFields) {
     const FormHeader &header = session->form.Header;
     EXPECT_EQ(std::string(header.HostName1, 16), "sixteen letters ");
     EXPECT_EQ(std::string(header.HostComment, 202), std::string(202, 'c'));
-    EXPECT_EQ(header.HostShort, 4711);
+    EXPECT_EQ(+header.HostShort, 4711);
     EXPECT_EQ(header.HostName2[0], 0);
 }
 

@@ -118,7 +118,7 @@ TEST_F(OpenFormTest, HostLearnsTheLabelSheet) {
     sheet.Section(SECTION_DETAIL_1, 250);
     ASSERT_EQ(StartOn(sheet), 0) << boxes.LastText();
     EXPECT_EQ(type, 5160u);
-    EXPECT_EQ(geometry.LabelsAcross, 3);
+    EXPECT_EQ(+geometry.LabelsAcross, 3);
     EXPECT_EQ(session->printer.PaperWidth, 8.5F);
 }
 
@@ -146,16 +146,16 @@ TEST_F(OpenFormTest, DataFieldsAreOfferedToTheHostByName) {
     EXPECT_EQ(offered[0].field, -1);
     EXPECT_EQ(offered[0].level, 0);
     EXPECT_EQ(offered[0].context, &context);
-    EXPECT_EQ(FieldNamed("TABLE->NAME").HostTable, 4);
-    EXPECT_EQ(FieldNamed("TABLE->N").HostField, 2);
+    EXPECT_EQ(+FieldNamed("TABLE->NAME").HostTable, 4);
+    EXPECT_EQ(+FieldNamed("TABLE->N").HostField, 2);
 }
 
 TEST_F(OpenFormTest, DataFieldsStayUnresolvedInARun) {
     form.fields[1].HostTable = 9;
     form.fields[1].HostField = 9;
     ASSERT_EQ(StartOn(form, KIND_RUN), 0) << boxes.LastText();
-    EXPECT_EQ(session->form.Fields[1].HostTable, -1);
-    EXPECT_EQ(session->form.Fields[1].HostField, -1);
+    EXPECT_EQ(+session->form.Fields[1].HostTable, -1);
+    EXPECT_EQ(+session->form.Fields[1].HostField, -1);
     EXPECT_EQ(edit_allowed, 0u);
 }
 
@@ -163,8 +163,8 @@ TEST_F(OpenFormTest, ReferencesAreCountedAnew) {
     form.fields[static_cast<size_t>(form.shared)].RefCount = 99;
     ASSERT_EQ(StartOn(form), 0);
     // The record filter, a calculation, a section's filter and a user field.
-    EXPECT_EQ(session->form.Fields[form.shared].RefCount, 4);
-    EXPECT_EQ(FieldNamed("TABLE->N").RefCount, 0);
+    EXPECT_EQ(+session->form.Fields[form.shared].RefCount, 4);
+    EXPECT_EQ(+FieldNamed("TABLE->N").RefCount, 0);
 }
 
 TEST_F(OpenFormTest, RowsOutOfUseCountNoReferences) {
@@ -172,7 +172,7 @@ TEST_F(OpenFormTest, RowsOutOfUseCountNoReferences) {
         if (field.FieldKind == FIELD_CALC) field.InUse = 0;
     FormBuilder::Store({form.shared}, form.sections[SECTION_DETAIL_1 + 1].SectionFilter);
     ASSERT_EQ(StartOn(form), 0);
-    EXPECT_EQ(session->form.Fields[form.shared].RefCount, 3);
+    EXPECT_EQ(+session->form.Fields[form.shared].RefCount, 3);
 }
 
 TEST_F(OpenFormTest, PictureThatAnItemShowsGetsItsBitmap) {
@@ -189,7 +189,7 @@ TEST_F(OpenFormTest, PictureThatNoItemShowsIsGivenUpWithItsBlocks) {
     ASSERT_EQ(StartOn(form), 0);
     const int blocks = LiveBlocks();
     ASSERT_EQ(Open(Put(WithPicture(false))), 1);
-    EXPECT_EQ(session->form.Fonts[2].InUse, 0u);
+    EXPECT_EQ(+session->form.Fonts[2].InUse, 0u);
     EXPECT_EQ(session->form.Fonts[2].BitsBlock, nullptr);
     EXPECT_EQ(LiveBlocks(), blocks);
 }
