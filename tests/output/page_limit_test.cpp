@@ -1,0 +1,43 @@
+#include <gtest/gtest.h>
+
+#include "frame/windows.h"
+#include "tests/support/message_boxes.h"
+#include "tests/support/page_texts.h"
+#include "tests/support/report_run.h"
+
+namespace {
+
+// A record fills a page.
+struct PageForm : FormBuilder {
+    PageForm() {
+        const int name = Field(FIELD_DATA, "NAME", TYPE_TEXT);
+        Section(SECTION_DETAIL_1, 2400);
+        FieldItem(SECTION_DETAIL_1, 200, 0, 500, 50, name);
+    }
+};
+
+int RunPages(ReportRun *run, int pages) {
+    if (const int code = run->Start()) return code;
+    for (int page = 0; page < pages; ++page)
+        if (const int code = run->Feed({{"NAME", "page"}})) return code;
+    return run->Finish();
+}
+
+} // namespace
+
+TEST(PageLimit, FiveThousandPagesSucceed) {
+    MessageBoxes boxes;
+    ReportRun run{PageForm{}};
+    ASSERT_EQ(RunPages(&run, MAX_SCR_PAGES), 0) << boxes.LastText();
+    EXPECT_EQ(run.page_count, MAX_SCR_PAGES);
+    EXPECT_EQ(PagesOf(run.Report()).size(), static_cast<size_t>(MAX_SCR_PAGES));
+}
+
+TEST(PageLimit, PageAfterThemStopsWithItsMessageBehindItsBytes) {
+    MessageBoxes boxes;
+    ReportRun run{PageForm{}};
+    EXPECT_EQ(RunPages(&run, MAX_SCR_PAGES + 1), CODE_FILE);
+    EXPECT_EQ(boxes.LastText(), "PageCount exceeding MAX_SCR_PAGES (TransferMetaFile)");
+    EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
+    EXPECT_GT(run.Report().size(), 5000u * 100u);
+}
