@@ -44,4 +44,7 @@ if(TARGET host)
   if(TARGET host_tests)
     add_dependencies(host_tests tess)
   endif()
+  add_test(NAME tools.IndependentReader
+    COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/independent_reader.sh $<TARGET_FILE:tess>
+            ${CMAKE_SOURCE_DIR})
 endif()
