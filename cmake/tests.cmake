@@ -2,6 +2,9 @@
 file(GLOB support_sources CONFIGURE_DEPENDS tests/support/*.cpp)
 add_library(test_support STATIC ${support_sources})
 target_link_libraries(test_support PUBLIC rooms gtest gmock)
+target_compile_definitions(test_support PUBLIC
+  TEST_BIN="Z:${CMAKE_BINARY_DIR}/bin"
+  TEST_ROOT="Z:${CMAKE_SOURCE_DIR}")
 set_target_properties(test_support PROPERTIES ARCHIVE_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 
 function(add_room_tests room)
@@ -12,9 +15,6 @@ function(add_room_tests room)
   set(program ${room}_tests)
   add_executable(${program} ${sources} resources/tessarine.rc)
   target_include_directories(${program} PRIVATE ${CMAKE_SOURCE_DIR}/resources)
-  target_compile_definitions(${program} PRIVATE
-    TEST_DATA="Z:${CMAKE_SOURCE_DIR}/tests/data" TEST_BIN="Z:${CMAKE_BINARY_DIR}/bin"
-    TEST_ROOT="Z:${CMAKE_SOURCE_DIR}")
   target_link_libraries(${program} PRIVATE test_support ${ARGN})
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${sources})
   set(suites)

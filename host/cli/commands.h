@@ -8,6 +8,7 @@ struct RunOptions {
     std::string form;
     std::string data;
     std::string output;
+    std::string to = "file"; // or "screen"
     std::vector<std::string> answers; // NAME=VALUE
     bool silent = false;
 };

@@ -13,7 +13,10 @@ void AddRun(CLI::App *app, RunOptions *options, int *code) {
     command->add_option("--form", options->form, "the form (.FP)")->required();
     command->add_option("--data", options->data, "the table (.csv); its header names the fields")
         ->required();
-    command->add_option("--output", options->output, "the report file to write (.FRC)")->required();
+    command->add_option("--to", options->to, "file, or screen for a preview that fills as it runs")
+        ->check(CLI::IsMember({"file", "screen"}))
+        ->capture_default_str();
+    command->add_option("--output", options->output, "the report file to write (.FRC)");
     command->add_option("--set", options->answers, "answer a user field, as NAME=VALUE")
         ->allow_extra_args(false);
     command->add_flag("--silent", options->silent, "print nothing when all went well");

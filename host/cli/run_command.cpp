@@ -1,6 +1,5 @@
 #include <atomic>
 #include <cstdio>
-#include <cstring>
 #include <map>
 
 #include <io.h>
@@ -11,6 +10,8 @@
 #include "host/data/values.h"
 #include "host/export/report_pages.h"
 #include "host/forms/form_image.h"
+#include "host/run/preview_keys.h"
+#include "host/run/report_run.h"
 #include "host/run/unattended.h"
 
 namespace {
@@ -45,22 +46,6 @@ std::map<std::string, std::string> Answers(const RunOptions &options, const Form
     return answers;
 }
 
-// The words of the host that make the library work in label mode.
-class LabelWords {
-public:
-    explicit LabelWords(const FormImage &form) : label_form_(form.header.LabelType != 0) {
-        data_.LabelForm = &label_form_;
-        SetCRepData(&data_);
-    }
-    LabelWords(const LabelWords &) = delete;
-    LabelWords &operator=(const LabelWords &) = delete;
-    ~LabelWords() { RemoveCRepData(&data_); }
-
-private:
-    uint32_t label_form_;
-    HostData data_{};
-};
-
 class Progress {
 public:
     explicit Progress(size_t total) : total_(total), live_(_isatty(_fileno(stderr)) != 0) {}
@@ -76,118 +61,64 @@ private:
     bool live_;
 };
 
-template <size_t Size>
-void PutPath(char (&field)[Size], const std::string &path, const char *option) {
-    char full[MAX_PATH] = "";
-    GetFullPathNameA(path.c_str(), sizeof full, full, nullptr);
-    if (std::strlen(full) >= Size)
-        throw Failure(std::string(option) + " " + path + ": the path is too long", EXIT_USAGE);
-    std::strcpy(field, full);
+RunRequest Request(const RunOptions &options) {
+    RunRequest request{options.form, options.output, Target::FILE};
+    if (options.to == "screen") request.target = Target::SCREEN;
+    if (request.target == Target::FILE && options.output.empty())
+        throw Failure("run: name the report file to write with --output", EXIT_USAGE);
+    if (request.target != Target::FILE && !options.output.empty())
+        throw Failure("run: --output is for runs --to file", EXIT_USAGE);
+    return request;
 }
 
-// A run of the library that is ended, whatever comes.
-class Run {
-public:
-    Run(const RunOptions &options, Unattended *unattended)
-        : options_(options), unattended_(unattended), partial_(options.output + ".part") {
-        PutPath(params_.FormFile, options.form, "--form");
-        PutPath(params_.OutputFile, partial_, "--output");
-        TakeTempDirectory();
-        params_.Device = 'F';
-        params_.Silent = 1;
+void Feed(const RunOptions &options, const CsvTable &table, ReportRun *run) {
+    for (const std::string &remark : run->Start())
+        std::fprintf(stderr, "tess: %s: %s\n", options.form.c_str(), remark.c_str());
+    const RecordFeed feed(table, run->Params());
+    for (const std::string &column : feed.unused)
+        std::fprintf(stderr, "tess: %s: no field of the form takes the column \"%s\"\n",
+                     table.path.c_str(), column.c_str());
+    const Progress progress(feed.Count());
+    for (size_t place = 0; place < feed.Count(); ++place) {
+        if (stop_wanted) throw Failure("stopped; no report was written", EXIT_CANCELLED);
+        feed.Write(place, run->Params());
+        run->Record();
+        progress.Show(place + 1);
     }
-    Run(const Run &) = delete;
-    Run &operator=(const Run &) = delete;
-    ~Run() {
-        if (open_) RepExit(params_.SessionId, 0, nullptr);
-        if (!kept_) DeleteFileA(params_.OutputFile);
-    }
+}
 
-    void Start() {
-        const int code = RepInit(&params_, 0, nullptr, nullptr);
-        if (!unattended_->Refused().empty())
-            throw Failure(options_.form + ": the answer to \"" + unattended_->Refused() +
-                          "\" was refused: " + LastText());
-        if (code == CODE_NO_OUTPUT_FILE)
-            throw Failure(options_.output + ": can't be written: " + LastText());
-        Check(code, options_.form);
-        open_ = true;
-        for (const std::string &text : unattended_->TakeTexts())
-            std::fprintf(stderr, "tess: %s: %s\n", options_.form.c_str(), text.c_str());
-    }
+void Summarize(const std::string &output) {
+    const ReportFileHeader header = ReadReport(output).header;
+    std::printf("%s: %d page%s, %d record%s\n", output.c_str(), +header.PageCount,
+                header.PageCount == 1 ? "" : "s", +header.RecordCount,
+                header.RecordCount == 1 ? "" : "s");
+}
 
-    // False when the user stopped it.
-    bool Feed(const CsvTable &table) {
-        const RecordFeed feed(table, params_);
-        for (const std::string &column : feed.unused)
-            std::fprintf(stderr, "tess: %s: no field of the form takes the column \"%s\"\n",
-                         table.path.c_str(), column.c_str());
-        const Progress progress(feed.Count());
-        for (size_t place = 0; place < feed.Count(); ++place) {
-            if (stop_wanted) return false;
-            feed.Write(place, params_);
-            Check(RepRec(params_.SessionId, 0, 0), options_.form);
-            progress.Show(place + 1);
-        }
-        return true;
-    }
-
-    // False when no record was selected, which leaves no report.
-    bool Finish() {
-        open_ = false;
-        Check(RepExit(params_.SessionId, 0, nullptr), options_.output);
-        if (GetFileAttributesA(params_.OutputFile) == INVALID_FILE_ATTRIBUTES) {
-            std::fprintf(stderr, "tess: %s: no record was selected, so there is no report\n",
-                         options_.data.c_str());
-            kept_ = true;
-            return false;
-        }
-        PutInPlace(params_.OutputFile, options_.output);
-        kept_ = true;
-        return true;
-    }
-
-private:
-    void TakeTempDirectory() {
-        char folder[MAX_PATH] = "";
-        GetTempPathA(sizeof folder, folder);
-        std::strncpy(params_.TempDir, folder, sizeof params_.TempDir - 1);
-    }
-
-    std::string LastText() {
-        const std::vector<std::string> texts = unattended_->TakeTexts();
-        return texts.empty() ? "the library gave no reason" : texts.back();
-    }
-
-    void Check(int code, const std::string &file) {
-        if (code == CODE_DONE) return;
-        const int exit_code = code == CODE_CANCELLED ? EXIT_CANCELLED : EXIT_FAILED;
-        throw Failure(file + ": " + LastText() + " (code " + std::to_string(code) + ")", exit_code);
-    }
-
-    const RunOptions &options_;
-    Unattended *unattended_;
-    std::string partial_;
-    RepParams params_{};
-    bool open_ = false;
-    bool kept_ = false;
-};
+void ShowPreview(ReportRun *run) {
+    std::fprintf(stderr, "the preview is open; close its window to end\n");
+    std::fflush(stderr);
+    run->Show();
+}
 
 } // namespace
 
 int RunCommand(const RunOptions &options) {
+    const RunRequest request = Request(options);
     const FormImage form = ReadForm(options.form);
     const CsvTable table = ReadCsv(options.data);
-    Unattended unattended(Answers(options, form));
-    const LabelWords words(form);
+    const bool preview = request.target == Target::SCREEN;
+    Unattended unattended(Answers(options, form), preview ? Person::PRESENT : Person::ABSENT);
+    const LabelWords words(form.header.LabelType != 0);
     SetConsoleCtrlHandler(OnInterrupt, TRUE);
-    Run run(options, &unattended);
-    run.Start();
-    if (!run.Feed(table)) throw Failure("stopped; no report was written", EXIT_CANCELLED);
-    if (!run.Finish() || options.silent) return EXIT_DONE;
-    const ReportFileHeader header = ReadReport(options.output).header;
-    std::printf("%s: %d page%s, %d record%s\n", options.output.c_str(), +header.PageCount,
-                header.PageCount == 1 ? "" : "s", +header.RecordCount,
-                header.RecordCount == 1 ? "" : "s");
+    ReportRun run(request, &unattended);
+    const PreviewKeys keys;
+    Feed(options, table, &run);
+    if (!run.Finish())
+        std::fprintf(stderr, "tess: %s: no record was selected, so there is no report\n",
+                     options.data.c_str());
+    else if (preview)
+        ShowPreview(&run);
+    else if (!options.silent)
+        Summarize(options.output);
     return EXIT_DONE;
 }

@@ -22,8 +22,8 @@ std::string TextOf(HWND window) {
 
 } // namespace
 
-Unattended::Unattended(std::map<std::string, std::string> answers)
-    : hook_(SetWindowsHookExA(WH_CBT, Hook, nullptr, GetCurrentThreadId())),
+Unattended::Unattended(std::map<std::string, std::string> answers, Person person)
+    : hook_(SetWindowsHookExA(WH_CBT, Hook, nullptr, GetCurrentThreadId())), person_(person),
       answers_(std::move(answers)) {
     current = this;
 }
@@ -63,6 +63,7 @@ void Unattended::Serve(HWND dialog) {
     if (GetDlgItem(dialog, PROGRESS_PAGES)) return; // a progress dialog goes by itself
     texts_.push_back(TextOf(GetDlgItem(dialog, BOX_TEXT)));
     box_since_prompt_ = true;
+    if (person_ == Person::PRESENT) return;
     for (const int button : {IDOK, IDYES, IDCANCEL})
         if (GetDlgItem(dialog, button)) {
             PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
@@ -74,6 +75,8 @@ void Unattended::Serve(HWND dialog) {
 // A prompt that comes again behind a box was refused: going back from the first one ends the run.
 void Unattended::AnswerPrompt(HWND dialog) {
     const std::string prompt = TextOf(GetDlgItem(dialog, PROMPT_TEXT));
+    const auto answer = answers_.find(prompt);
+    if (person_ == Person::PRESENT && (answer == answers_.end() || box_since_prompt_)) return;
     if (box_since_prompt_ && prompt == asked_) refused_ = prompt;
     if (!refused_.empty()) {
         PostMessageA(dialog, WM_COMMAND, PROMPT_PREVIOUS, 0);
@@ -81,7 +84,6 @@ void Unattended::AnswerPrompt(HWND dialog) {
     }
     asked_ = prompt;
     box_since_prompt_ = false;
-    if (const auto answer = answers_.find(prompt); answer != answers_.end())
-        SetDlgItemTextA(dialog, PROMPT_INPUT, answer->second.c_str());
+    if (answer != answers_.end()) SetDlgItemTextA(dialog, PROMPT_INPUT, answer->second.c_str());
     PostMessageA(dialog, WM_COMMAND, PROMPT_NEXT, 0);
 }

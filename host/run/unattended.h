@@ -1,4 +1,4 @@
-// Answers the library's dialogs and boxes where no person sits.
+// Answers the library's dialogs and boxes for a person who said beforehand what to answer.
 #pragma once
 
 #include <map>
@@ -7,12 +7,15 @@
 
 #include <windows.h>
 
-// While one stands, every message box of this thread is closed and its text kept, and the prompts
-// for user fields are answered. A warning box is answered with its first button; no dialog shows.
+enum class Person { ABSENT, PRESENT };
+
+// While one stands, the texts of this thread's message boxes are kept, and the prompts for user
+// fields are answered. With no person present, boxes are closed by their first button and a prompt
+// without an answer keeps the form's own; else both wait for the person.
 class Unattended {
 public:
-    // Answers by the prompt's text. A prompt without an answer keeps the form's own.
-    explicit Unattended(std::map<std::string, std::string> answers);
+    // Answers by the prompt's text.
+    Unattended(std::map<std::string, std::string> answers, Person person);
     ~Unattended();
     Unattended(const Unattended &) = delete;
     Unattended &operator=(const Unattended &) = delete;
@@ -29,6 +32,7 @@ private:
     void AnswerPrompt(HWND dialog);
 
     HHOOK hook_;
+    Person person_;
     std::map<std::string, std::string> answers_;
     std::map<UINT_PTR, HWND> waiting_;
     std::vector<std::string> texts_;

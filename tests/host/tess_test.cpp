@@ -1,72 +1,9 @@
 // The real command line, started as a program of its own.
 #include <gtest/gtest.h>
 
-#include <cstring>
-
-#include "host/data/files.h"
-#include "host/export/report_pages.h"
 #include "tests/support/metafile_records.h"
 #include "tests/support/page_texts.h"
-#include "tests/support/test_session.h"
-
-namespace {
-
-constexpr DWORD LONGEST_RUN = 120'000; // milliseconds
-
-struct Outcome {
-    DWORD code;
-    std::string output; // standard output and error
-};
-
-class Tess : public testing::Test {
-protected:
-    Outcome Run(const std::string &arguments) {
-        const std::string log = folder.Path("log.txt");
-        SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-        const HANDLE file = CreateFileA(log.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited,
-                                        CREATE_ALWAYS, 0, nullptr);
-        STARTUPINFOA start{};
-        start.cb = sizeof start;
-        start.dwFlags = STARTF_USESTDHANDLES;
-        start.hStdOutput = start.hStdError = file;
-        PROCESS_INFORMATION process{};
-        std::string line = std::string("\"") + TEST_BIN + "/tess.exe\" " + arguments;
-        Outcome outcome{999, ""};
-        if (CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                           &start, &process)) {
-            if (WaitForSingleObject(process.hProcess, LONGEST_RUN) != WAIT_OBJECT_0)
-                TerminateProcess(process.hProcess, 998);
-            GetExitCodeProcess(process.hProcess, &outcome.code);
-            CloseHandle(process.hProcess);
-            CloseHandle(process.hThread);
-        }
-        CloseHandle(file);
-        outcome.output = ReadWholeFile(log);
-        return outcome;
-    }
-
-    static std::string Sample(const std::string &name) {
-        return std::string(TEST_ROOT) + "/samples/" + name;
-    }
-    std::string Build(const std::string &name) {
-        const std::string form = folder.Path(name + ".fp");
-        const Outcome outcome = Run("form build " + Sample(name + ".json") + " " + form);
-        EXPECT_EQ(outcome.code, 0u) << outcome.output;
-        return form;
-    }
-    Outcome Report(const std::string &name, const std::string &more = "") {
-        return Run("run --form " + Build(name) + " --data " + Sample(name + ".csv") + " --output " +
-                   folder.Path(name + ".frc") + " " + more);
-    }
-
-    TemporaryFolder folder;
-};
-
-bool Holds(const std::string &text, const std::string &part) {
-    return text.find(part) != std::string::npos;
-}
-
-} // namespace
+#include "tests/support/tess_program.h"
 
 TEST_F(Tess, EverySampleFormIsTheSameAfterBuildDumpBuild) {
     for (const char *name : {"countries", "airports", "parks"}) {

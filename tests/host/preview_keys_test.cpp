@@ -1,0 +1,77 @@
+// Keys and wheel turns for a preview become its commands.
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "host/run/preview_keys.h"
+
+namespace {
+
+std::vector<WPARAM> commands;
+
+LRESULT CALLBACK Log(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_COMMAND) commands.push_back(wParam);
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+class PreviewKeysOn : public testing::Test {
+protected:
+    PreviewKeysOn() {
+        WNDCLASSA window_class{};
+        window_class.lpfnWndProc = Log;
+        window_class.lpszClassName = "RepClass32";
+        RegisterClassA(&window_class);
+        menu = CreateMenu();
+        AppendMenuA(menu, MF_STRING | MF_GRAYED, 694, "&Jump");
+        AppendMenuA(menu, MF_STRING, 697, "&Exit");
+        window = CreateWindowExA(0, "RepClass32", "", WS_OVERLAPPEDWINDOW, 0, 0, 200, 200, nullptr,
+                                 menu, nullptr, nullptr);
+        commands.clear();
+    }
+    ~PreviewKeysOn() override {
+        DestroyWindow(window);
+        UnregisterClassA("RepClass32", nullptr);
+    }
+
+    std::vector<WPARAM> After(UINT message, WPARAM wParam) {
+        commands.clear();
+        PostMessageA(window, message, wParam, 0);
+        for (MSG turn; PeekMessageA(&turn, nullptr, 0, 0, PM_REMOVE);) DispatchMessageA(&turn);
+        return commands;
+    }
+
+    const PreviewKeys keys;
+    HMENU menu = nullptr;
+    HWND window = nullptr;
+};
+
+using Commands = std::vector<WPARAM>;
+
+} // namespace
+
+TEST_F(PreviewKeysOn, PageAndArrowKeysScroll) {
+    EXPECT_EQ(After(WM_KEYDOWN, VK_PRIOR), Commands{600});
+    EXPECT_EQ(After(WM_KEYDOWN, VK_NEXT), Commands{601});
+    EXPECT_EQ(After(WM_KEYDOWN, VK_UP), Commands{602});
+    EXPECT_EQ(After(WM_KEYDOWN, VK_DOWN), Commands{603});
+    EXPECT_EQ(After(WM_KEYDOWN, VK_LEFT), Commands{604});
+    EXPECT_EQ(After(WM_KEYDOWN, VK_RIGHT), Commands{605});
+}
+
+TEST_F(PreviewKeysOn, WheelNotchScrollsThreeLines) {
+    EXPECT_EQ(After(WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA)), (Commands{602, 602, 602}));
+    EXPECT_EQ(After(WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA)), (Commands{603, 603, 603}));
+}
+
+TEST_F(PreviewKeysOn, KeysOfGrayEntriesDoNothing) {
+    BYTE state[256] = {};
+    state[VK_CONTROL] = 0x80;
+    SetKeyboardState(state);
+    EXPECT_EQ(After(WM_KEYDOWN, 'G'), Commands{});
+    EnableMenuItem(menu, 694, MF_ENABLED);
+    EXPECT_EQ(After(WM_KEYDOWN, 'G'), Commands{694});
+    state[VK_CONTROL] = 0;
+    SetKeyboardState(state);
+    EXPECT_EQ(After(WM_KEYDOWN, 'G'), Commands{});
+    EXPECT_EQ(After(WM_KEYDOWN, VK_ESCAPE), Commands{697});
+}

@@ -1,0 +1,54 @@
+// A run whose pages show in the library's preview window.
+#include "tests/support/tess_program.h"
+
+namespace {
+
+class RunToScreen : public Tess {
+protected:
+    RunToScreen() : log(folder.Path("screen.txt")) {}
+
+    // Starts the run and waits until its preview stands with all pages.
+    HWND Finished(const Running &tess) {
+        const HWND window = tess.Window("RepClass32");
+        EXPECT_TRUE(Comes([&] { return Holds(ReadWholeFile(log), "the preview is open"); }));
+        return window;
+    }
+    std::string Arguments(const std::string &name) {
+        return "run --form " + Build(name) + " --data " + Sample(name + ".csv") + " --to screen";
+    }
+
+    std::string log;
+};
+
+} // namespace
+
+TEST_F(RunToScreen, PreviewStaysUntilTheUserClosesIt) {
+    Running tess(Program(), Arguments("countries"), log);
+    const HWND window = Finished(tess);
+    ASSERT_NE(window, nullptr);
+    PostMessageA(window, WM_CLOSE, 0, 0);
+    const Outcome outcome = tess.Wait();
+    EXPECT_EQ(outcome.code, 0u) << outcome.output;
+}
+
+TEST_F(RunToScreen, EscapeLeavesThePreview) {
+    Running tess(Program(), Arguments("airports"), log);
+    const HWND window = Finished(tess);
+    ASSERT_NE(window, nullptr);
+    PostMessageA(window, WM_KEYDOWN, VK_ESCAPE, 0);
+    EXPECT_EQ(tess.Wait().code, 0u);
+}
+
+TEST_F(RunToScreen, PromptIsAnsweredBeforehand) {
+    Running tess(Program(), Arguments("parks") + " --set MIN_ACRES=30000", log);
+    const HWND window = Finished(tess);
+    ASSERT_NE(window, nullptr);
+    PostMessageA(window, WM_CLOSE, 0, 0);
+    EXPECT_EQ(tess.Wait().code, 0u);
+}
+
+TEST_F(RunToScreen, TakesNoOutputAndNoOtherTarget) {
+    EXPECT_EQ(Run("run --form x --data y --to screen --output z").code, 2u);
+    EXPECT_EQ(Run("run --form x --data y --to nowhere").code, 2u);
+    EXPECT_EQ(Run("run --form x --data y").code, 2u);
+}

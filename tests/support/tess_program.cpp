@@ -1,0 +1,97 @@
+#include "tests/support/tess_program.h"
+
+namespace {
+
+constexpr DWORD LONGEST_RUN = 120'000; // milliseconds
+
+struct Search {
+    DWORD process;
+    const char *window_class;
+    HWND found;
+};
+
+BOOL CALLBACK Look(HWND window, LPARAM parameter) {
+    auto *search = reinterpret_cast<Search *>(parameter);
+    DWORD process = 0;
+    char name[64] = "";
+    GetWindowThreadProcessId(window, &process);
+    GetClassNameA(window, name, sizeof name);
+    if (process != search->process || lstrcmpA(name, search->window_class) ||
+        !IsWindowVisible(window))
+        return TRUE;
+    search->found = window;
+    return FALSE;
+}
+
+} // namespace
+
+Running::Running(const std::string &program, const std::string &arguments, const std::string &log)
+    : log_(log) {
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    const HANDLE file = CreateFileA(log.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited,
+                                    CREATE_ALWAYS, 0, nullptr);
+    STARTUPINFOA start{};
+    start.cb = sizeof start;
+    start.dwFlags = STARTF_USESTDHANDLES;
+    start.hStdOutput = start.hStdError = file;
+    std::string line = "\"" + program + "\" " + arguments;
+    CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
+                   &process_);
+    CloseHandle(file);
+}
+
+Running::~Running() {
+    if (!process_.hProcess) return;
+    TerminateProcess(process_.hProcess, 998);
+    CloseHandle(process_.hProcess);
+    CloseHandle(process_.hThread);
+}
+
+Outcome Running::Wait() {
+    Outcome outcome{999, ""};
+    if (process_.hProcess) {
+        if (WaitForSingleObject(process_.hProcess, LONGEST_RUN) != WAIT_OBJECT_0) {
+            TerminateProcess(process_.hProcess, 998);
+            WaitForSingleObject(process_.hProcess, LONGEST_RUN);
+        }
+        GetExitCodeProcess(process_.hProcess, &outcome.code);
+    }
+    outcome.output = ReadWholeFile(log_);
+    return outcome;
+}
+
+HWND Running::Window(const char *window_class) const {
+    Search search{process_.dwProcessId, window_class, nullptr};
+    Comes([&] {
+        EnumWindows(Look, reinterpret_cast<LPARAM>(&search));
+        return search.found != nullptr ||
+               WaitForSingleObject(process_.hProcess, 0) == WAIT_OBJECT_0;
+    });
+    return search.found;
+}
+
+std::string Tess::Program() { return std::string(TEST_BIN) + "/tess.exe"; }
+
+Outcome Tess::Run(const std::string &arguments) {
+    return Running(Program(), arguments, folder.Path("log.txt")).Wait();
+}
+
+std::string Tess::Sample(const std::string &name) {
+    return std::string(TEST_ROOT) + "/samples/" + name;
+}
+
+std::string Tess::Build(const std::string &name) {
+    const std::string form = folder.Path(name + ".fp");
+    const Outcome outcome = Run("form build " + Sample(name + ".json") + " " + form);
+    EXPECT_EQ(outcome.code, 0u) << outcome.output;
+    return form;
+}
+
+Outcome Tess::Report(const std::string &name, const std::string &more) {
+    return Run("run --form " + Build(name) + " --data " + Sample(name + ".csv") + " --output " +
+               folder.Path(name + ".frc") + " " + more);
+}
+
+bool Holds(const std::string &text, const std::string &part) {
+    return text.find(part) != std::string::npos;
+}
