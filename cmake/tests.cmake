@@ -42,6 +42,7 @@ endif()
 if(TARGET host)
   add_room_tests(host host ${import_library})
   if(TARGET host_tests)
+    target_sources(host_tests PRIVATE host/tess.rc)
     add_dependencies(host_tests tess)
   endif()
   add_test(NAME tools.IndependentReader

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Builds everything, runs the samples to report files and draws their pages into out/.
+# demo.sh [--show]: builds everything, runs the samples to report files and draws their pages into
+# out/. With --show and a display, the preview of a sample opens then.
 set -euo pipefail
 cd "$(dirname "$(realpath "$0")")/.."
 tools/build.sh release >&2
@@ -18,3 +19,9 @@ for form in samples/*.json; do
 done
 echo "The forms are out/*.fp, the reports out/*.frc. Look at the pictures, or try:"
 echo "    ./dev wine build/win32/bin/tess.exe info out/countries.frc"
+[ "${1:-}" = --show ] || exit 0
+[ -n "${DISPLAY:-}" ] || {
+    echo "There is no display to show a preview on: DISPLAY isn't set." >&2
+    exit 1
+}
+TESSARINE_SHOW=1 TESSARINE_TIMEOUT=0 tess run --form out/countries.fp --data samples/countries.csv --to screen

@@ -8,7 +8,7 @@ struct RunOptions {
     std::string form;
     std::string data;
     std::string output;
-    std::string to = "file"; // or "screen"
+    std::string to = "file";          // or "screen"
     std::vector<std::string> answers; // NAME=VALUE
     bool silent = false;
 };
@@ -23,6 +23,7 @@ struct PagesOptions {
 
 int RunCommand(const RunOptions &options);
 int PagesCommand(const PagesOptions &options);
+int ViewCommand(const std::string &report);
 int InfoCommand(const std::string &path);
 int FormBuildCommand(const std::string &json, const std::string &form);
 int FormDumpCommand(const std::string &form, const std::string &json);

@@ -1,7 +1,9 @@
 // tess: reports from the command line.
 #include <cstdio>
+#include <cstring>
 
 #include <CLI/CLI.hpp>
+#include <windows.h>
 
 #include "host/cli/commands.h"
 #include "host/cli/failure.h"
@@ -53,6 +55,13 @@ void AddForm(CLI::App *app, std::string *from, std::string *to, int *code) {
     dump->callback([=] { *code = FormDumpCommand(*from, *to); });
 }
 
+// A report as the only argument is shown: that is how a desktop opens a file.
+bool IsReportAlone(int count, char **arguments) {
+    if (count != 2 || GetFileAttributesA(arguments[1]) == INVALID_FILE_ATTRIBUTES) return false;
+    const char *ending = std::strrchr(arguments[1], '.');
+    return ending && (!lstrcmpiA(ending, ".frc") || !lstrcmpiA(ending, ".fr"));
+}
+
 } // namespace
 
 int main(int count, char **arguments) {
@@ -69,8 +78,12 @@ int main(int count, char **arguments) {
     CLI::App *info = app.add_subcommand("info", "Tell what a form or a report holds");
     info->add_option("file", path, "the form (.FP) or report (.FRC)")->required();
     info->callback([&] { code = InfoCommand(path); });
+    CLI::App *view = app.add_subcommand("view", "Show a report in a window");
+    view->add_option("report", path, "the report (.FRC)")->required();
+    view->callback([&] { code = ViewCommand(path); });
     AddForm(&app, &from, &to, &code);
     try {
+        if (IsReportAlone(count, arguments)) return ViewCommand(arguments[1]);
         app.parse(count, arguments);
     } catch (const CLI::ParseError &error) {
         return app.exit(error) == 0 ? EXIT_DONE : EXIT_USAGE;

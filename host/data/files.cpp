@@ -1,5 +1,8 @@
 #include "host/data/files.h"
 
+#include <algorithm>
+#include <cstdint>
+
 #include <windows.h>
 
 #include "host/cli/failure.h"
@@ -26,15 +29,18 @@ std::string SystemMessage(unsigned long error) {
     return message;
 }
 
-std::string ReadFileBytes(const std::string &path) {
+std::string ReadFileBytes(const std::string &path) { return ReadFileStart(path, SIZE_MAX); }
+
+std::string ReadFileStart(const std::string &path, size_t count) {
     const File file{CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                 nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)};
     if (file.handle == INVALID_HANDLE_VALUE)
         throw Failure(path + ": can't be opened: " + SystemMessage(GetLastError()));
     LARGE_INTEGER size{};
     GetFileSizeEx(file.handle, &size);
-    if (size.QuadPart > 1 << 30) throw Failure(path + ": is too large to be read");
-    std::string bytes(static_cast<size_t>(size.QuadPart), '\0');
+    const uint64_t wanted = std::min<uint64_t>(static_cast<uint64_t>(size.QuadPart), count);
+    if (wanted > 1 << 30) throw Failure(path + ": is too large to be read");
+    std::string bytes(static_cast<size_t>(wanted), '\0');
     DWORD moved = 0;
     if (!ReadFile(file.handle, bytes.data(), static_cast<DWORD>(bytes.size()), &moved, nullptr) ||
         moved != bytes.size())

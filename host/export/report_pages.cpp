@@ -13,6 +13,14 @@ bool IsReport(const std::string &bytes) {
     return magic == SIGNATURE_REPORT;
 }
 
+ReportFileHeader ReadReportHeader(const std::string &path) {
+    ReportFileHeader header{};
+    const std::string bytes = ReadFileStart(path, sizeof header);
+    if (!IsReport(bytes)) throw Failure(path + ": is not a report file");
+    std::memcpy(&header, bytes.data(), sizeof header);
+    return header;
+}
+
 ReportPages ReadReport(const std::string &path) {
     const std::string bytes = ReadFileBytes(path);
     if (!IsReport(bytes)) throw Failure(path + ": is not a report file");

@@ -14,6 +14,8 @@ struct ReportPages {
 };
 
 bool IsReport(const std::string &bytes);
+// The header alone. Throws Failure when the file is no report.
+ReportFileHeader ReadReportHeader(const std::string &path);
 // Throws Failure when the file is no report, or is damaged.
 ReportPages ReadReport(const std::string &path);
 

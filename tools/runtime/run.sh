@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # run.sh PROGRAM ARGS...: runs a Windows program in the first free instance of the test runtime.
 # Arguments and exit code pass through, absolute Linux paths are translated, stdout stays clean.
-# A program has TESSARINE_TIMEOUT seconds (600); then it is ended with code 124.
+# A program has TESSARINE_TIMEOUT seconds (600, 0 for no limit); then it is ended with code 124.
+# With TESSARINE_SHOW=1 its windows come to the caller's display.
 set -euo pipefail
 here=$(dirname "$(realpath "$0")")
 INSTANCE_LIBRARY=1 . "$here/instance.sh"
@@ -14,6 +15,9 @@ program=$(realpath "$1" 2>/dev/null) && [ -f "$program" ] || {
     exit 127
 }
 shift
+
+own_display=${DISPLAY:-}
+own_authority=${XAUTHORITY:-$HOME/.Xauthority}
 
 # The lock on an instance lives as long as the program.
 pool=${TESSARINE_POOL:-4}
@@ -34,6 +38,7 @@ if [ -z "$number" ]; then
 fi
 "$here/instance.sh" up "$number" {lock}>&- >&2 </dev/null
 set_environment "$instances/$number"
+[ "${TESSARINE_SHOW:-}" != 1 ] || export DISPLAY=$own_display XAUTHORITY=$own_authority
 
 arguments=()
 for argument in "$@"; do

@@ -1,0 +1,114 @@
+// shot NAME FORM DATA REPORT PICTURE: takes a picture of a window for the documents.
+#include <cstdio>
+#include <cstring>
+#include <map>
+#include <string>
+
+#include <windows.h>
+
+#include "host/data/csv_source.h"
+#include "host/data/values.h"
+#include "host/export/picture.h"
+#include "host/run/report_run.h"
+#include "host/view/resource_ids.h"
+#include "host/view/viewer.h"
+
+namespace {
+
+constexpr int WIDTH = 900; // pixels of the window
+constexpr int HEIGHT = 680;
+constexpr size_t RECORDS_OF_RUNNING = 120; // enough that a page is finished
+
+struct Request {
+    std::string form;
+    std::string data;
+    std::string report;
+    std::string picture;
+};
+
+void ServeMessages() {
+    MSG message;
+    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        TranslateMessage(&message);
+        DispatchMessageA(&message);
+    }
+}
+
+void Settle(HWND window) {
+    SetWindowPos(window, nullptr, 20, 20, WIDTH, HEIGHT, SWP_NOZORDER);
+    ServeMessages();
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_UPDATENOW);
+    ServeMessages();
+}
+
+void Take(HWND window, const std::string &path) {
+    Settle(window);
+    RECT place{};
+    GetWindowRect(window, &place);
+    const int width = place.right - place.left;
+    const int height = place.bottom - place.top;
+    const Picture picture(width, height);
+    const HDC source = GetWindowDC(window);
+    BitBlt(picture.Device(), 0, 0, width, height, source, 0, 0, SRCCOPY);
+    ReleaseDC(window, source);
+    picture.Write(path, 1);
+}
+
+HWND Preview() { return FindWindowA("RepClass32", nullptr); }
+
+void TakePreview(const Request &request, bool finish, WPARAM command) {
+    const CsvTable table = ReadCsv(request.data);
+    Unattended unattended({}, Person::ABSENT);
+    const LabelWords words(false);
+    ReportRun run({request.form, "", Target::SCREEN}, &unattended);
+    run.Start();
+    const RecordFeed feed(table, run.Params());
+    for (size_t place = 0; place < feed.Count(); ++place) {
+        if (!finish && place == RECORDS_OF_RUNNING) break;
+        feed.Write(place, run.Params());
+        run.Record();
+    }
+    if (finish) run.Finish();
+    Settle(Preview());
+    if (command) SendMessageA(Preview(), WM_COMMAND, command, 0);
+    Take(Preview(), request.picture);
+    if (finish) SendMessageA(Preview(), WM_CLOSE, 0, 0);
+}
+
+void TakeViewer(const Request &request) {
+    Viewer viewer(request.report);
+    Settle(viewer.Window());
+    viewer.Command(VIEW_FIT_WIDTH);
+    Take(viewer.Window(), request.picture);
+}
+
+} // namespace
+
+constexpr struct {
+    const char *name;
+    void (*take)(const Request &request);
+} shots[] = {
+    {"preview", [](const Request &request) { TakePreview(request, true, 0); }},
+    {"preview-fitted", [](const Request &request) { TakePreview(request, true, 696); }},
+    {"preview-running", [](const Request &request) { TakePreview(request, false, 0); }},
+    {"viewer", TakeViewer},
+};
+
+int main(int count, char **arguments) {
+    if (count == 6) {
+        for (const auto &shot : shots) {
+            if (std::strcmp(shot.name, arguments[1])) continue;
+            try {
+                shot.take({arguments[2], arguments[3], arguments[4], arguments[5]});
+                return 0;
+            } catch (const std::exception &failure) {
+                std::fprintf(stderr, "shot: %s\n", failure.what());
+                return 1;
+            }
+        }
+    }
+    std::fprintf(stderr, "usage: shot NAME FORM DATA REPORT PICTURE; the names are");
+    for (const auto &shot : shots) std::fprintf(stderr, " %s", shot.name);
+    std::fprintf(stderr, "\n");
+    return 2;
+}
