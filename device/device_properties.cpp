@@ -113,6 +113,16 @@ void ShowBar(Session *session, int bar) {
     ResizeCanvas(session);
 }
 
+HCURSOR StockCursor(LPCSTR name) { return LoadCursorA(nullptr, name); }
+
+void LoadDesignerCursors(DeviceState *device) {
+    device->CrossCursor = StockCursor(IDC_CROSS);
+    device->SizeWECursor = StockCursor(IDC_SIZEWE);
+    device->SizeNSCursor = StockCursor(IDC_SIZENS);
+    device->SizeNESWCursor = StockCursor(IDC_SIZENESW);
+    device->SizeNWSECursor = StockCursor(IDC_SIZENWSE);
+}
+
 void RegisterClipFormat(Session *session) {
     char name[32];
     std::snprintf(name, sizeof name, "RepClip%x",
@@ -189,8 +199,8 @@ void ResizeCanvas(Session *session) {
 void InitDeviceProp(Session *session) {
     DeviceState &device = session->device;
     ClearFontTable(session);
-    device.WaitCursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_WAIT));
-    device.ArrowCursor = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
+    device.WaitCursor = StockCursor(IDC_WAIT);
+    device.ArrowCursor = StockCursor(IDC_ARROW);
     if (session->run.OutputToPrinter) return;
     OpenScreen(session);
     MakeSystemFont(session);
@@ -199,8 +209,9 @@ void InitDeviceProp(Session *session) {
     MakeBrushesAndPens(session);
     if (session->view.HorzScroll) ShowBar(session, SB_HORZ);
     if (session->view.VertScroll) ShowBar(session, SB_VERT);
+    if (session->SessionKind == KIND_DESIGNER) LoadDesignerCursors(&device);
     RegisterClipFormat(session);
-    if (session->run.OutputToScreen) ValidateRect(device.Window, nullptr);
+    if (session->view.PaintEnabled) ValidateRect(device.Window, nullptr);
 }
 
 void ReleaseDeviceProp(Session *session) {

@@ -49,6 +49,7 @@ int ValidateMargins(Session *session, int showMessage) {
         if (showMessage)
             ShowBox(session->device.Window, session->LabelMode ? LABEL_WARNING : MARGIN_WARNING,
                     "Warning");
+        if (session->view.PaintEnabled) InvalidateRect(session->device.Window, nullptr, FALSE);
         return row;
     }
     return 0;

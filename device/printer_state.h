@@ -46,6 +46,11 @@ struct DeviceState {
     HPEN GroupPen;
     HCURSOR WaitCursor;
     HCURSOR ArrowCursor;
+    HCURSOR CrossCursor; // of a designer session alone, as the next four
+    HCURSOR SizeWECursor;
+    HCURSOR SizeNSCursor;
+    HCURSOR SizeNESWCursor;
+    HCURSOR SizeNWSECursor;
     TEXTMETRICA Metrics; // of font row 0
     int32_t FontHeight;  // form units, height of font row 0
     UINT ClipFormat;

@@ -39,11 +39,6 @@ bool SeekTo(HANDLE file, int64_t offset) {
     return SetFilePointerEx(file, place, nullptr, FILE_BEGIN);
 }
 
-int64_t SizeOf(HANDLE file) {
-    LARGE_INTEGER size{};
-    return GetFileSizeEx(file, &size) ? size.QuadPart : 0;
-}
-
 DWORD TableBytes(int32_t pageCount) {
     return (static_cast<DWORD>(pageCount) + 1) * sizeof(uint32_t);
 }
@@ -149,11 +144,7 @@ int ReadReportHeader(Session *session, const char *path) {
     ReportFileHeader *header = &session->pages.Header;
     if (!ReadAll(file.Get(), header, sizeof *header))
         return Refuse("Error reading the report header!");
-    const bool sound = header->Magic == SIGNATURE_REPORT && header->PageCount >= 0 &&
-                       header->PageCount <= MAX_SCR_PAGES &&
-                       header->PageTableOffset >= static_cast<int32_t>(HEADER_SIZE) &&
-                       header->PageTableOffset <= SizeOf(file.Get());
-    return sound ? 1 : Refuse("Invalid Report File!");
+    return header->Magic == SIGNATURE_REPORT ? 1 : Refuse("Invalid Report File!");
 }
 
 int ReadPageTable(Session *session, const char *path) {
@@ -162,8 +153,9 @@ int ReadPageTable(Session *session, const char *path) {
     const ReportFileHeader &header = session->pages.Header;
     if (!SeekTo(file.Get(), header.PageTableOffset))
         return Refuse("Error positioning at the page table(ReadPageTable)");
-    session->run.PageCount = header.PageCount;
-    if (!ReadAll(file.Get(), session->pages.PageTable, TableBytes(header.PageCount)))
+    const bool fits = header.PageCount >= 0 && header.PageCount <= MAX_SCR_PAGES;
+    session->run.PageCount = fits ? header.PageCount : 0;
+    if (!fits || !ReadAll(file.Get(), session->pages.PageTable, TableBytes(header.PageCount)))
         return Refuse("Error reading the page table(ReadPageTable)");
     return PagesLieInFile(session) ? 1 : Refuse("Invalid Report File!");
 }

@@ -19,6 +19,7 @@ namespace {
 
 constexpr int LAST_PLACE = 12; // tells the dialog that it asks the last field
 constexpr int PROMPT_HELP = 3016;
+constexpr int LONGEST_ANSWER = 50; // characters
 
 UserFieldRecord *AskedField(Session *session) {
     return &session->form.UserFields[session->designer.DialogRow];
@@ -31,8 +32,17 @@ bool TakeWhole(Session *, UserFieldRecord *user) {
     return true;
 }
 
+// Decimal numbers alone: the words and the base of 16 that strtod knows are no numbers here.
+bool StartsANumber(const char *text) {
+    while (std::isspace(static_cast<unsigned char>(*text))) ++text;
+    if (*text == '+' || *text == '-') ++text;
+    if (text[0] == '0' && (text[1] == 'x' || text[1] == 'X')) return false;
+    return *text == '.' || std::isdigit(static_cast<unsigned char>(*text));
+}
+
 bool TakeDouble(Session *, UserFieldRecord *user) {
-    user->DoubleValue = std::strtod(user->UserText, nullptr);
+    const char *text = user->UserText;
+    user->DoubleValue = StartsANumber(text) ? std::strtod(text, nullptr) : 0.0;
     return true;
 }
 
@@ -57,8 +67,10 @@ bool TakeDate(Session *session, UserFieldRecord *user) {
     std::snprintf(quoted, sizeof quoted, own_quotes ? "%s" : "\"%s\"", user->UserText);
     int32_t date = 0;
     const DateShape shape = ParseDateText(session, quoted, &date);
-    user->LongValue = date;
-    if (shape == DateShape::Valid) return true;
+    if (shape == DateShape::Valid) {
+        user->LongValue = date;
+        return true;
+    }
     ShowBox(session->device.Window, "Invalid Date Format/Value!");
     return false;
 }
@@ -117,7 +129,7 @@ INT_PTR Open(HWND dialog, Session *session, int place) {
 
 void ReadInput(HWND dialog, Session *session) {
     UserFieldRecord *user = AskedField(session);
-    GetDlgItemTextA(dialog, PROMPT_INPUT, user->UserText, 50);
+    GetDlgItemTextA(dialog, PROMPT_INPUT, user->UserText, LONGEST_ANSWER + 1);
 }
 
 INT_PTR OnCommand(HWND dialog, Session *session, int control) {

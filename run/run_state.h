@@ -53,8 +53,6 @@ struct RunState {
 
     int32_t RunDate;  // YYYYMMDD
     char TimeText[9]; // "%02d:%02d:%02d"
-    const char *ShortMonths[12];
-    const char *LongMonths[12];
 
     int32_t PromptRows[MAX_USER_FIELDS]; // rows to ask, in order
     int32_t PromptTotal;

@@ -1,11 +1,8 @@
-#include <cstring>
-
 #include "device/device_properties.h"
 #include "device/printer.h"
 #include "expr/postfix.h"
 #include "form/defaults.h"
 #include "form/file_dialog.h"
-#include "format/month_names.h"
 #include "frame/clock.h"
 #include "frame/fatal_error.h"
 #include "frame/message_box.h"
@@ -195,8 +192,6 @@ void PrepareValues(Session *session) {
     CopyToInputTable(session);
     PrepareSections(session);
     ReadLocalClock(session);
-    std::memcpy(session->run.ShortMonths, short_months, sizeof short_months);
-    std::memcpy(session->run.LongMonths, long_months, sizeof long_months);
     SetStartState(session);
 }
 

@@ -1,16 +1,12 @@
+#include "frame/whole_numbers.h"
 #include "run/record_driver.h"
 
 namespace tessarine {
 
 namespace {
 
-// Whole-number totals wrap around, as they are printed.
-int32_t Sum(int32_t a, int32_t b) {
-    return static_cast<int32_t>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b));
-}
-
 void Accumulate(FieldRecord *field) {
-    field->SummaryCount = Sum(field->SummaryCount, 1);
+    field->SummaryCount = WrapAdd(field->SummaryCount, 1);
     switch (field->SummaryType) {
     case SUMMARY_MAX:
         if (field->DoubleSummary < field->DoubleValue) field->DoubleSummary = field->DoubleValue;
@@ -22,7 +18,7 @@ void Accumulate(FieldRecord *field) {
         break;
     default:
         field->DoubleSummary += field->DoubleValue;
-        field->LongSummary = Sum(field->LongSummary, field->LongValue);
+        field->LongSummary = WrapAdd(field->LongSummary, field->LongValue);
     }
 }
 
