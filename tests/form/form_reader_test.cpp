@@ -3,6 +3,7 @@
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/owned.h"
+#include "tests/support/failing_call.h"
 #include "tests/support/form_files.h"
 
 using namespace tessarine;
@@ -376,4 +377,13 @@ TEST_F(FormReader, EmptyTablesAreAForm) {
     EXPECT_EQ(ReadBytes(empty.Bytes()), READ_DONE);
     EXPECT_EQ(session->form.TotalItems, 0);
     EXPECT_EQ(+session->form.FontCount, 0);
+}
+
+TEST_F(FormReader, FileThatIsTakenAwayBehindTheLookAtItsHeaderIsToldInTheSystemsWords) {
+    const std::string path = Put(form.Bytes());
+    const FailingCall gone("CreateFileA", CreateFileA, INVALID_HANDLE_VALUE, 2, 2);
+    EXPECT_EQ(Read(path), READ_UNOPENED);
+    EXPECT_EQ(gone.Seen(), 3);
+    ASSERT_EQ(boxes.Log().size(), 1u);
+    EXPECT_EQ(boxes.LastTitle(), "Open");
 }

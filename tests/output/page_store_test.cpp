@@ -329,3 +329,50 @@ TEST(PageTransfer, FolderInPlaceOfTheReportStopsTheRunAtItsFirstPage) {
     EXPECT_EQ(boxes.Log().back(), Fatal("Error opening the output file(CopyFileData)"));
     EndRun(GetSessionPointer(nullptr, run.params.SessionId));
 }
+
+// ---- names -------------------------------------------------------------------------------------
+
+TEST_F(PageStore, ReportOfARunToDiskIsItsOwnFileAndThatOfAViewTheViewedOne) {
+    std::strcpy(session->run.TimeText, "14:05:33");
+    std::strcpy(session->RunBlock.TempDir, (folder.Root() + "\\").c_str());
+    std::strcpy(session->ViewBlock.TempDir, folder.Root().c_str());
+    std::strcpy(session->pages.OutputPath, "C:\\OUT.FRC");
+    std::strcpy(session->ViewBlock.ReportFileName, "C:\\SEEN.FRC");
+    session->run.OutputToFile = 1;
+    MakePageFileNames(session);
+    EXPECT_STREQ(session->pages.ReportPath, "C:\\OUT.FRC");
+    EXPECT_EQ(std::string(session->pages.TransferPath), folder.Path("14R05R33.MFT"));
+    EXPECT_EQ(std::string(session->pages.ScreenPagePath), folder.Path("14R05R33.MFS"));
+    EXPECT_EQ(std::string(session->pages.PrintPagePath), folder.Path("14R05R33.MFP"));
+    DeleteFileA(session->pages.TransferPath);
+    session->run.OutputToFile = 0;
+    session->run.ViewingFile = 1;
+    MakePageFileNames(session);
+    EXPECT_STREQ(session->pages.ReportPath, "C:\\SEEN.FRC");
+    session->run.OutputToScreen = 1; // the viewed file stays when the session ends
+}
+
+TEST_F(PageStore, EmptyFolderBecomesTheCurrentOneInItsShortForm) {
+    char before[MAX_PATH];
+    char expected[MAX_PATH];
+    GetCurrentDirectoryA(sizeof before, before);
+    ASSERT_TRUE(SetCurrentDirectoryA(folder.Root().c_str()));
+    GetShortPathNameA(folder.Root().c_str(), expected, sizeof expected);
+    session->run.OutputToScreen = 1;
+    std::strcpy(session->run.TimeText, "01:02:03");
+    MakePageFileNames(session);
+    SetCurrentDirectoryA(before);
+    EXPECT_STREQ(session->RunBlock.TempDir, expected);
+    EXPECT_EQ(std::string(session->pages.ReportPath), std::string(expected) + "\\01R02R03.MF");
+}
+
+TEST(PageFiles, NothingOfTheScratchIsLeftBehindARun) {
+    MessageBoxes boxes;
+    TemporaryFolder folder;
+    ReportRun run{PageForm{}};
+    std::strcpy(run.params.TempDir, folder.Root().c_str());
+    ASSERT_EQ(run.Run({{{"NAME", "a"}}, {{"NAME", "b"}}, {{"NAME", "c"}}}), 0) << boxes.LastText();
+    WIN32_FIND_DATAA found{};
+    const HANDLE search = FindFirstFileA(folder.Path("*.MF*").c_str(), &found);
+    EXPECT_EQ(search, INVALID_HANDLE_VALUE) << found.cFileName;
+}

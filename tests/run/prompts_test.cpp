@@ -143,3 +143,34 @@ TEST(Prompts, NumbersAreReadAsFarAsTheyGo) {
     EXPECT_EQ(ShownAnswer(TYPE_NUMERIC, "abc"), "0");
     EXPECT_EQ(ShownAnswer(TYPE_TEXT, " as it is "), " as it is ");
 }
+
+TEST(Prompts, OnlyDecimalNumbersAreNumbers) {
+    for (const char *text : {"nan", "inf", "-infinity", "0x1F", "", "."})
+        EXPECT_EQ(ShownAnswer(TYPE_DOUBLE, text), ShownAnswer(TYPE_DOUBLE, "0")) << text;
+    EXPECT_NE(ShownAnswer(TYPE_DOUBLE, " 7.5e1x"), ShownAnswer(TYPE_DOUBLE, "0"));
+    EXPECT_EQ(ShownAnswer(TYPE_DOUBLE, " 7.5e1x"), ShownAnswer(TYPE_DOUBLE, "75"));
+    EXPECT_EQ(ShownAnswer(TYPE_DOUBLE, "+.5"), ShownAnswer(TYPE_DOUBLE, "0.5"));
+}
+
+TEST(Prompts, AnswerHasAtMostFiftyCharacters) {
+    AskingForm form;
+    form.Ask("X", TYPE_TEXT, 0);
+    Prompter prompter({{std::string(50, 'i') + "more", NEXT}});
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0);
+    EXPECT_EQ(std::string(run.Row("DLG->X")->TextValue), std::string(50, 'i'));
+    run.Finish();
+}
+
+TEST(Prompts, RefusedAnswersAreToldInPlainBoxes) {
+    AskingForm form;
+    form.Ask("D", TYPE_DATE, 0);
+    form.Ask("L", TYPE_LOGICAL, 1);
+    Prompter prompter({{"1/1/1", NEXT}, {"1/2/97", NEXT}, {"maybe", NEXT}, {"no", NEXT}});
+    ReportRun run(form);
+    ASSERT_EQ(run.Run({{}}), 0);
+    EXPECT_EQ(prompter.boxes.Log(),
+              (std::vector<BoxRecord>{{"", "Invalid Date Format/Value!", {IDOK}},
+                                      {"", "Valid entries: YES,NO,TRUE,FALSE,Y,N,1,0", {IDOK}}}));
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"row", "01/02/97", "N"}));
+}

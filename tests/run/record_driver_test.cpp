@@ -3,7 +3,9 @@
 #include <cstring>
 
 #include "frame/memory.h"
+#include "frame/session_table.h"
 #include "run/record_driver.h"
+#include "run/run.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/report_run.h"
@@ -219,4 +221,70 @@ TEST(RecordDriver, LongerTextOfTheHostIsTakenWhole) {
     ASSERT_EQ(run.Feed({}), 0);
     ASSERT_EQ(run.Finish(), 0);
     EXPECT_EQ(PageWords(run.Report(), 0), Lines{text});
+}
+
+TEST(RecordDriver, MinimumOfPositivesShowsZeroInTheFirstGroup) {
+    NumberForm form;
+    const int group = form.Field(FIELD_DATA, "G", TYPE_TEXT);
+    At(form, form.number).SummaryType = SUMMARY_MIN;
+    form.Section(SECTION_SORT_HEADER_1, 10);
+    form.Section(SECTION_DETAIL_1, 10);
+    form.Section(SECTION_SORT_FOOTER_1, 50);
+    form.FieldItem(SECTION_SORT_FOOTER_1, 200, 0, 400, 50, form.number);
+    form.Break(group, group, SECTION_SORT_HEADER_1);
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(
+        run.Run({{{"G", "A"}, {"N", "5"}}, {{"G", "B"}, {"N", "9"}}, {{"G", "B"}, {"N", "7"}}}), 0)
+        << boxes.LastText();
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"0", "7"}));
+}
+
+TEST(RecordDriver, TextWithoutAValueBreaksAtEveryRecord) {
+    MessageBoxes boxes;
+    ReportRun run{TwoLevels{}};
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    ASSERT_EQ(run.Feed(Pair("A", "x")), 0);
+    Session *session = tessarine::GetSessionPointer(nullptr, run.params.SessionId);
+    EXPECT_EQ(tessarine::DetectBreak(session), 2);
+    FieldRecord *inner = &session->form.Fields[2];
+    char *text = inner->TextValue;
+    inner->TextValue = nullptr;
+    EXPECT_EQ(tessarine::DetectBreak(session), 1);
+    inner->TextValue = text;
+    run.Finish();
+}
+
+TEST(RecordDriver, GroupsFirstRowIsOverBehindItsFirstRecord) {
+    MessageBoxes boxes;
+    ReportRun run{TwoLevels{}};
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    const Session *session = tessarine::GetSessionPointer(nullptr, run.params.SessionId);
+    EXPECT_EQ(session->run.FirstInGroup, 1);
+    for (int record = 0; record < 3; ++record) {
+        ASSERT_EQ(run.Feed(Pair("A", "x")), 0);
+        EXPECT_EQ(session->run.FirstInGroup, 0) << record;
+    }
+    run.Finish();
+}
+
+TEST(RecordDriver, PageOfARecordIsTheNextOnceTheBodyIsFull) {
+    NumberForm form;
+    const int page = form.Field(FIELD_SYSTEM, "SYS->PAGE", TYPE_NUMERIC);
+    At(form, page).TableIndex = SYSTEM_PAGE;
+    At(form, page).NegativePrefix[0] = 0;
+    form.Section(SECTION_DETAIL_1, 500, SECTION_ADVANCE_AFTER);
+    form.FieldItem(SECTION_DETAIL_1, 200, 0, 400, 50, form.number);
+    form.Section(SECTION_PAGE_FOOTER, 50);
+    form.FieldItem(SECTION_PAGE_FOOTER, 200, 0, 400, 50, page);
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(run.Run({{{"N", "7"}}, {{"N", "8"}}}), 0) << boxes.LastText();
+    ASSERT_EQ(run.page_count, 2);
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"7", "2"})); // the second record is at work
+}
+
+TEST(RecordDriver, UnknownSessionGives18) {
+    EXPECT_EQ(tessarine::RepRec(99, 0), CODE_NO_SESSION);
+    EXPECT_EQ(tessarine::RepExit(99, 0, nullptr), CODE_NO_SESSION);
 }

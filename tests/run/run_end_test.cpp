@@ -188,3 +188,21 @@ TEST(RunSetUp, LabelFormInAReportRunIsRefusedSilentlyWith101) {
     EXPECT_EQ(ReportRun{OneLine{}}.Start(), CODE_NOT_A_LABEL_FORM);
     EXPECT_TRUE(boxes.Log().empty());
 }
+
+TEST(RunEnd, SessionOfAPreviewStandsUntilItsWindowIsClosed) {
+    MessageBoxes boxes;
+    const HWND parent = CreateWindowExA(0, "STATIC", "", WS_OVERLAPPED, 0, 0, 10, 10, nullptr,
+                                        nullptr, nullptr, nullptr);
+    ReportRun run{OneLine{}};
+    run.params.Device = 'S';
+    run.params.Silent = 0;
+    run.params.ParentWindow = parent;
+    run.params.WindowStyle = WS_OVERLAPPEDWINDOW;
+    ASSERT_EQ(run.Run({{{"NAME", "a"}}}), 0) << boxes.LastText();
+    const int slot = static_cast<int>(run.params.SessionId);
+    EXPECT_EQ(tessarine::RepGetParent(nullptr, slot), parent);
+    SendMessageA(tessarine::GetSessionPointer(nullptr, slot)->device.Window, WM_CLOSE, 0, 0);
+    EXPECT_EQ(tessarine::RepGetParent(nullptr, slot), nullptr);
+    EXPECT_TRUE(boxes.Log().empty()); // no count of records in a run on the screen
+    DestroyWindow(parent);
+}

@@ -1,0 +1,174 @@
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <set>
+
+#include "frame/host_data.h"
+#include "frame/memory.h"
+#include "frame/session_table.h"
+#include "rep_dlg.h"
+#include "run/run.h"
+#include "run/run_tables.h"
+#include "tests/support/composition.h"
+#include "tests/support/message_boxes.h"
+#include "tests/support/report_run.h"
+
+using namespace tessarine;
+
+namespace {
+
+struct OneLine : FormBuilder {
+    OneLine() {
+        const int name = Field(FIELD_DATA, "NAME", TYPE_TEXT, 20);
+        Section(SECTION_DETAIL_1, 50);
+        FieldItem(SECTION_DETAIL_1, 200, 0, 500, 50, name);
+        Section(SECTION_SORT_HEADER_1, 50);
+        Break(name, name, SECTION_SORT_HEADER_1);
+    }
+};
+
+Session *SessionOf(const ReportRun &run) {
+    return GetSessionPointer(nullptr, run.params.SessionId);
+}
+
+// Answers the choice of the device with a row of its list, -1 for Cancel.
+void ChooseDevice(MessageBoxes *boxes, int row) {
+    boxes->OnDialog("Output Device", [row](HWND dialog) {
+        SendDlgItemMessageA(dialog, LIST_CHOICE, LB_SETCURSEL, static_cast<WPARAM>(row), 0);
+        PostMessageA(dialog, WM_COMMAND, row < 0 ? IDCANCEL : IDOK, 0);
+    });
+}
+
+// Answers the choice of the report's file; an empty name cancels.
+void ChooseFile(MessageBoxes *boxes, const std::string &name) {
+    boxes->OnDialog("Report File Name Selection", [name](HWND dialog) {
+        constexpr int NAME_EDIT = 0x480;
+        constexpr int NAME_COMBO = 0x47C;
+        HWND edit = GetDlgItem(dialog, NAME_EDIT);
+        if (!edit) edit = GetDlgItem(dialog, NAME_COMBO);
+        SendMessageA(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
+        PostMessageA(dialog, WM_COMMAND, name.empty() ? IDCANCEL : IDOK, 0);
+    });
+}
+
+} // namespace
+
+TEST(RunOutput, ChoiceThatIsCancelledGives2) {
+    MessageBoxes boxes;
+    ChooseDevice(&boxes, -1);
+    ReportRun run{OneLine{}};
+    run.params.Device = 'A';
+    EXPECT_EQ(run.Start(), CODE_NO_DEVICE);
+}
+
+TEST(RunOutput, ChosenScreenCountsAndTheCallerSeesHisLetterAgain) {
+    MessageBoxes boxes;
+    ChooseDevice(&boxes, 0);
+    ReportRun run{OneLine{}};
+    run.params.Device = 'A';
+    run.params.WindowStyle = WS_OVERLAPPEDWINDOW;
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    EXPECT_EQ(run.params.Device, 'A');
+    EXPECT_NE(SessionOf(run)->run.OutputToScreen, 0u);
+    EXPECT_NE(SessionOf(run)->view.HorzScroll, 0u);
+    EXPECT_NE(SessionOf(run)->view.VertScroll, 0u);
+    SendMessageA(SessionOf(run)->device.Window, WM_CLOSE, 0, 0);
+    run.Finish();
+}
+
+TEST(RunOutput, ChosenFileGetsItsEndingAndTheCallerSeesHisNameAgain) {
+    MessageBoxes boxes;
+    TemporaryFolder folder;
+    ChooseDevice(&boxes, 2);
+    ChooseFile(&boxes, folder.Path("CHOSEN"));
+    ReportRun run{OneLine{}};
+    run.params.Device = 'A';
+    const std::string own = run.params.OutputFile;
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    EXPECT_EQ(std::string(SessionOf(run)->pages.OutputPath), folder.Path("CHOSEN.FRC"));
+    EXPECT_EQ(run.params.Device, 'A');
+    EXPECT_EQ(run.params.OutputFile, own);
+    EXPECT_EQ(ReadWholeFile(folder.Path("CHOSEN.FRC")), std::string(490, '\0'));
+    run.Finish();
+}
+
+TEST(RunOutput, ChoiceOfAFileThatIsCancelledGives19) {
+    MessageBoxes boxes;
+    ChooseDevice(&boxes, 2);
+    ChooseFile(&boxes, "");
+    ReportRun run{OneLine{}};
+    run.params.Device = 'A';
+    EXPECT_EQ(run.Start(), CODE_NO_OUTPUT_FILE);
+}
+
+TEST(RunOutput, AnyOtherLetterIsThePrinter) {
+    MessageBoxes boxes;
+    ReportRun run{OneLine{}};
+    run.params.Device = 'x';
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    EXPECT_NE(SessionOf(run)->run.OutputToPrinter, 0u);
+    EXPECT_EQ(SessionOf(run)->pages.PageTable, nullptr);
+    run.Finish();
+}
+
+TEST(RunTables, HostLearnsTheTablesAndNothingHasPrinted) {
+    MessageBoxes boxes;
+    OneLine form;
+    form.header.RunWord = 0x1234;
+    std::strcpy(form.header.CallerTag, "tag");
+    const int constant = form.Constant("\"it's\"", TYPE_TEXT);
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    const Session *session = SessionOf(run);
+    EXPECT_EQ(+run.params.FieldTable, session->run.InputTable);
+    EXPECT_EQ(+run.params.FieldTotal, session->form.FieldCount);
+    EXPECT_EQ(+run.params.BreakTotal, 1);
+    EXPECT_EQ(+run.params.RunWord, 0x1234u);
+    EXPECT_STREQ(run.params.CallerTag, "tag");
+    EXPECT_STREQ(run.params.BreakTable[0].FieldName, "NAME");
+    const FieldRecord &own = session->form.Fields[1];
+    const FieldRecord &input = session->run.InputTable[1];
+    EXPECT_NE(+own.TextValue, +input.TextValue);
+    EXPECT_NE(+own.TextValue, +run.params.BreakTable[0].TextValue);
+    EXPECT_STREQ(session->run.InputTable[constant].TextValue, "it's");
+    EXPECT_EQ(session->run.RunPhase, PHASE_SETUP);
+    EXPECT_EQ(session->run.CancelState, CANCEL_NONE);
+    EXPECT_EQ(session->run.RecordCount, 0);
+    EXPECT_EQ(session->run.PageCount, 1);
+    EXPECT_EQ(session->run.LastSection, -1);
+    EXPECT_EQ(session->run.AbortDialog, nullptr);
+    run.Finish();
+}
+
+// ---- memory ------------------------------------------------------------------------------------
+
+namespace {
+
+class RunMemory : public Composition {};
+
+} // namespace
+
+TEST_F(RunMemory, EachTableThatCannotBeHadIsToldAndGives3) {
+    session.AddField(FIELD_DATA, "NAME", TYPE_TEXT);
+    OurFree(session->form.Fields[1].TextValue);
+    session->form.BreakCount = 1;
+    session->form.Breaks[0] = {1, 1, SECTION_SORT_HEADER_1};
+    const auto alloc = [&] { AllocRepMem(session); };
+    std::vector<std::string> texts;
+    for (int number = 1; number < 30; ++number) {
+        boxes.Clear();
+        FailAllocation(number);
+        const int code = CodeOf(alloc);
+        FailAllocation(0);
+        if (!code) break;
+        EXPECT_EQ(code, CODE_MEMORY);
+        EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
+        texts.push_back(boxes.LastText());
+    }
+    EXPECT_EQ(std::set<std::string>(texts.begin(), texts.end()),
+              (std::set<std::string>{"Ran Out of Memory (AllocRepMem)",
+                                     "Ran Out of Memory (AllocRepMem(1))",
+                                     "Ran Out of Memory (AllocRepMem(2))", "Ran Out of Memory(2)",
+                                     "Ran Out of Memory(3)"}));
+    FreeRunTables(session);
+}
