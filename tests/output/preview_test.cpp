@@ -193,3 +193,26 @@ TEST_F(Preview, RunWithoutRecordsShowsOneEmptyPage) {
     EXPECT_EQ(session->run.PageCount, 1);
     EXPECT_NE(session->pages.ShownPage, nullptr);
 }
+
+TEST_F(Preview, SavedReportIsTheFileItselfAndALongerFileKeepsItsTail) {
+    ASSERT_EQ(Feed(6), 0);
+    ASSERT_EQ(run.Finish(), 0);
+    TemporaryFolder folder;
+    const std::string report = ReadWholeFile(session->pages.ReportPath);
+    const std::string tail(100, 't');
+    WriteWholeFile(folder.Path("LONGER.FRC"), std::string(report.size(), 'x') + tail);
+    for (const char *name : {"SAVED", "LONGER.FRC"}) {
+        boxes.OnDialog("Save the Report to a Disk File", [&](HWND dialog) {
+            constexpr int NAME_EDIT = 0x480;
+            constexpr int NAME_COMBO = 0x47C;
+            HWND edit = GetDlgItem(dialog, NAME_EDIT);
+            if (!edit) edit = GetDlgItem(dialog, NAME_COMBO);
+            SendMessageA(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(folder.Path(name).c_str()));
+            PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+        });
+        boxes.Answer(IDYES); // to writing over a file
+        Command(tessarine::COMMAND_SAVE);
+    }
+    EXPECT_EQ(ReadWholeFile(folder.Path("SAVED.FRC")), report);
+    EXPECT_EQ(ReadWholeFile(folder.Path("LONGER.FRC")), report + tail);
+}

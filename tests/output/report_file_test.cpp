@@ -92,8 +92,8 @@ TEST(ReportFile, RunWithoutRecordsLeavesNoFileAndAViewOfItSaysSo) {
     EXPECT_EQ(GetFileAttributesA(run.params.OutputFile), INVALID_FILE_ATTRIBUTES);
     View view(run.params.OutputFile);
     EXPECT_FALSE(view.Show(1));
-    EXPECT_EQ(boxes.LastText(), "No Records Selected For Report!");
-    EXPECT_EQ(boxes.LastTitle(), "Warning");
+    EXPECT_EQ(boxes.Log().back(),
+              (BoxRecord{"Warning", "No Records Selected For Report!", {IDOK}}));
 }
 
 TEST(ReportFile, UnwritablePathIsToldAtOnceAndGives19) {

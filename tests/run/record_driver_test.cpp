@@ -103,8 +103,7 @@ TEST(RecordDriver, FilterThatIsNotLogicalIsToldAndTheRunGoesOn) {
     ReportRun run(form);
     ASSERT_EQ(run.Start(), 0) << boxes.LastText();
     EXPECT_EQ(run.Feed({{"N", "1"}}), CODE_EXPRESSION);
-    EXPECT_EQ(boxes.LastText(), "Error In Record Filter");
-    EXPECT_EQ(boxes.LastTitle(), "");
+    EXPECT_EQ(boxes.Log().back(), (BoxRecord{"", "Error In Record Filter", {IDOK}}));
     EXPECT_EQ(run.Finish(), 0);
 }
 
@@ -137,7 +136,8 @@ TEST(RecordDriver, FailingBreakCalculationIsFatalWithItsName) {
     ReportRun run(form);
     ASSERT_EQ(run.Start(), 0) << boxes.LastText();
     EXPECT_EQ(run.Feed({{"N", "1"}}), CODE_EXPRESSION);
-    EXPECT_EQ(boxes.LastText(), "Error In Break Calculation Field: CALC->BRK");
+    EXPECT_EQ(boxes.Log().back(),
+              (BoxRecord{"Fatal Error", "Error In Break Calculation Field: CALC->BRK", {IDOK}}));
     run.Finish();
 }
 

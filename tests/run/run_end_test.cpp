@@ -81,12 +81,11 @@ TEST(RunEnd, RecordCountIsToldUnlessSilentAlsoWhenItIsZero) {
     ReportRun run{OneLine{}};
     run.params.Silent = 0;
     ASSERT_EQ(run.Run({}), 0);
-    EXPECT_EQ(boxes.LastText(), "0 Record(s) Printed");
-    EXPECT_EQ(boxes.LastTitle(), "Report Over");
+    EXPECT_EQ(boxes.Log().back(), (BoxRecord{"Report Over", "0 Record(s) Printed", {IDOK}}));
     ReportRun second{OneLine{}};
     second.params.Silent = 0;
     ASSERT_EQ(second.Run({{{"NAME", "a"}}}), 0);
-    EXPECT_EQ(boxes.LastText(), "1 Record(s) Printed");
+    EXPECT_EQ(boxes.Log().back(), (BoxRecord{"Report Over", "1 Record(s) Printed", {IDOK}}));
 }
 
 TEST(RunEnd, ReportFooterThatDoesNotFitGoesToANewPageWithHeaderAndFooter) {
@@ -160,8 +159,7 @@ TEST(RunSetUp, PageFooterTallerThanThePageIsToldAndGives10) {
     MessageBoxes boxes;
     ReportRun run(form);
     EXPECT_EQ(run.Start(), CODE_PRINTER);
-    EXPECT_EQ(boxes.LastText(), "Page Too Small!");
-    EXPECT_EQ(boxes.LastTitle(), "");
+    EXPECT_EQ(boxes.Log().back(), (BoxRecord{"", "Page Too Small!", {IDOK}}));
 }
 
 TEST(RunSetUp, ExpressionsThatDoNotCompileNameTheirKind) {
@@ -169,16 +167,19 @@ TEST(RunSetUp, ExpressionsThatDoNotCompileNameTheirKind) {
     OneLine filter;
     filter.Filter({503});
     EXPECT_EQ(ReportRun(filter).Start(), CODE_EXPRESSION);
-    EXPECT_EQ(boxes.LastText(), "Invalid Report Selection Expression!");
+    EXPECT_EQ(boxes.Log().back(),
+              (BoxRecord{"Fatal Error", "Invalid Report Selection Expression!", {IDOK}}));
     OneLine section;
     FormBuilder::Store({503}, section.sections[SECTION_DETAIL_1].SectionFilter);
     EXPECT_EQ(ReportRun(section).Start(), CODE_EXPRESSION);
-    EXPECT_EQ(boxes.LastText(), "Invalid Section Selection Expression!");
+    EXPECT_EQ(boxes.Log().back(),
+              (BoxRecord{"Fatal Error", "Invalid Section Selection Expression!", {IDOK}}));
     OneLine calculation;
     const int calc = calculation.Field(FIELD_CALC, "CALC->X", TYPE_NUMERIC);
     FormBuilder::Store({503}, calculation.fields[static_cast<size_t>(calc)].FieldTokens);
     EXPECT_EQ(ReportRun(calculation).Start(), CODE_EXPRESSION);
-    EXPECT_EQ(boxes.LastText(), "Invalid Field Calculation Expression!");
+    EXPECT_EQ(boxes.Log().back(),
+              (BoxRecord{"Fatal Error", "Invalid Field Calculation Expression!", {IDOK}}));
 }
 
 TEST(RunSetUp, LabelFormInAReportRunIsRefusedSilentlyWith101) {

@@ -87,6 +87,5 @@ TEST(Run, MissingFormFileIsToldAndGivesOne) {
     ReportRun run(form);
     std::snprintf(run.params.FormFile, sizeof run.params.FormFile, "C:\\NOT\\THERE.FP");
     EXPECT_EQ(run.Start(), CODE_FILE);
-    EXPECT_EQ(boxes.LastText(), "Form File Not Found!");
-    EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
+    EXPECT_EQ(boxes.Log().back(), (BoxRecord{"Fatal Error", "Form File Not Found!", {IDOK}}));
 }

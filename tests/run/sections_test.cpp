@@ -72,8 +72,7 @@ TEST_F(Sections, FilterThatFailsEndsTheRunWithFour) {
     Band(SECTION_DETAIL_1, 50, "row");
     Filter(SECTION_DETAIL_1, {NumberField(1), TextField("x"), 501});
     EXPECT_EQ(CodeOf([&] { PrintSection(session, SECTION_DETAIL_1, 0); }), CODE_EXPRESSION);
-    EXPECT_EQ(boxes.LastText(), "Error In Section Filter");
-    EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
+    EXPECT_EQ(boxes.Log().back(), (BoxRecord{"Fatal Error", "Error In Section Filter", {IDOK}}));
     EXPECT_EQ(boxes.Log().back().buttons, (std::vector<int>{IDOK}));
 }
 
