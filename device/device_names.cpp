@@ -77,7 +77,7 @@ HGLOBAL GetDevMode(Session *session) {
     return handle;
 }
 
-int SetDevNames(Session *session, HGLOBAL handle) {
+int TakeDevNames(Session *session, HGLOBAL handle) {
     PrinterState &printer = session->printer;
     const LockedHandle block(handle);
     const auto *names = block.As<DEVNAMES>();
@@ -89,6 +89,11 @@ int SetDevNames(Session *session, HGLOBAL handle) {
     const bool ends = length >= 4 && !lstrcmpiA(printer.DriverName + length - 4, ".drv");
     if (!ends && length + 4 < sizeof printer.DriverName)
         std::strcpy(printer.DriverName + length, ".drv");
+    return 1;
+}
+
+int SetDevNames(Session *session, HGLOBAL handle) {
+    if (!TakeDevNames(session, handle)) return 0;
     SetModified(session, 1);
     return 1;
 }

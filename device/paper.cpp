@@ -102,20 +102,23 @@ void SettleUsableSize(Session *session) {
 }
 
 void FitBars(Session *session) {
-    const FormHeader &header = session->form.Header;
-    const double margins = static_cast<double>(header.LeftMargin) + header.RightMargin;
-    const int width = session->printer.ReportWidth - InchesToUnits(margins);
-    const int left = std::max(InchesToUnits(header.LeftMargin), LEFT_EDGE);
+    const int left = std::max(InchesToUnits(session->form.Header.LeftMargin), LEFT_EDGE);
     for (int row = 0; row < session->form.TotalItems; ++row) {
         ItemRecord *item = &session->form.Items[row];
         if (item->ItemType != ITEM_BAR) continue;
-        const int across = std::max<int>(session->form.Sections[item->SectionIndex].Across, 1);
         item->x = static_cast<int16_t>(left);
-        item->width = static_cast<int16_t>(width / across);
+        item->width = static_cast<int16_t>(BarWidth(session, item->SectionIndex));
     }
 }
 
 } // namespace
+
+int BarWidth(const Session *session, int section) {
+    const FormHeader &header = session->form.Header;
+    const double margins = static_cast<double>(header.LeftMargin) + header.RightMargin;
+    const int width = session->printer.ReportWidth - InchesToUnits(margins);
+    return width / std::max<int>(session->form.Sections[section].Across, 1);
+}
 
 int ProcessPrinterData(Session *session) {
     StorePrinter(session);

@@ -18,8 +18,14 @@ void BindFormPrinter(Session *session);
 HDC CreatePrinterContext(const Session *session);
 // The printing offset of a device in form units.
 void ReadPrintOffset(HDC device, int32_t *x, int32_t *y);
+// The width of a section's bar on the paper, in form units.
+int BarWidth(const Session *session, int section);
+// Lets the user set the printer up, as the designer's command does. 1, or 0 when it was cancelled.
+int FrPrintOptions(Session *session);
 HGLOBAL GetDevNames(Session *session);
 HGLOBAL GetDevMode(Session *session);
+// Takes device, driver and port; 0 when the block is none. The first leaves the form unmarked.
+int TakeDevNames(Session *session, HGLOBAL handle);
 int SetDevNames(Session *session, HGLOBAL handle);
 int SetDevMode(Session *session, HGLOBAL handle, int takeAll);
 

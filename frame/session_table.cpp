@@ -62,6 +62,13 @@ void FreeRunSession(Session *session) {
     OurFree(session);
 }
 
+// The entry of a job that is over may stand for a handle that the system has given out again.
+void NotePrinterContext(const Session *session, HDC device) {
+    for (HDC &noted : session_table.PrinterContexts)
+        if (noted == device) noted = nullptr;
+    session_table.PrinterContexts[session->SessionId] = device;
+}
+
 HWND RepGetParent(HWND window, int slot) {
     Session *session = GetSessionPointer(window, slot);
     if (!session && window) {

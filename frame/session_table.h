@@ -26,6 +26,9 @@ int OpenRunSession(Session **session);
 // Clears the session's two slots and frees its memory.
 void FreeRunSession(Session *session);
 
+// Leads the abort procedures of a job on this device to its session, until the session closes.
+void NotePrinterContext(const Session *session, HDC device);
+
 HWND RepGetParent(HWND window, int slot);
 int RepSetMsgCallback(HWND window, int slot, MessageRoutine routine);
 

@@ -53,13 +53,6 @@ void TakeReportPaper(Session *session) {
     mode->dmPrintQuality = static_cast<short>(header.PrintQuality);
 }
 
-bool StartDocument(Session *session, HDC device) {
-    DOCINFOA document{};
-    document.cbSize = 20;
-    document.lpszDocName = session->form.Header.ReportName;
-    return StartDocA(device, &document) > 0;
-}
-
 // What a job changes in the session, put back at its end: cancelling it stops the job and not
 // the run behind it.
 class JobState {
@@ -104,41 +97,53 @@ void PrintRange(Session *session, HDC device) {
     }
 }
 
-// The dialog of a job and the window that it disables, for as long as the job stands.
-class JobDialog {
+// A document under way, with its dialog unless it is silent and the window that the dialog
+// disables. A failure leaves nothing of it behind.
+class JobDocument {
 public:
-    explicit JobDialog(Session *session) : session_(session) {
+    JobDocument(Session *session, HDC device, bool silent)
+        : session_(session), device_(device), silent_(silent) {
+        if (silent_) return;
         OpenProgress(session, "ScrPrintAbortParam", ScrPrintAbortParam, session->device.Window,
                      session->printer.DeviceName);
-        session->run.AbortProc = ScrPrintProc;
         UpdateWindow(session->run.AbortDialog);
         EnableWindow(session->device.Window, FALSE);
     }
-    JobDialog(const JobDialog &) = delete;
-    JobDialog &operator=(const JobDialog &) = delete;
-    ~JobDialog() {
+    JobDocument(const JobDocument &) = delete;
+    JobDocument &operator=(const JobDocument &) = delete;
+    ~JobDocument() {
+        if (!ended_) AbortDoc(device_);
+        if (silent_) return;
         EnableWindow(session_->device.Window, TRUE);
         CloseProgress(session_);
+    }
+    void End() {
+        ended_ = true;
+        EndDoc(device_);
+        RaisePending(session_);
     }
 
 private:
     Session *session_;
+    HDC device_;
+    bool silent_;
+    bool ended_ = false;
 };
 
 int PrintJob(Session *session, HDC device) {
-    session_table.PrinterContexts[session->SessionId] = device;
-    SetAbortProc(device, ScrPrintProc);
+    const bool silent = session->run.ViewingFile && session->ViewBlock.Silent;
+    NotePrinterContext(session, device);
+    if (!silent) {
+        session->run.AbortProc = ScrPrintProc;
+        SetAbortProc(device, ScrPrintProc);
+    }
     if (!StartDocument(session, device)) {
         ShowBox(session->device.Window, "Unable to Start the Print Job");
         return 0;
     }
-    if (session->run.ViewingFile && session->ViewBlock.Silent) {
-        PrintRange(session, device);
-    } else {
-        const JobDialog dialog(session);
-        PrintRange(session, device);
-    }
-    EndDoc(device);
+    JobDocument document(session, device, silent);
+    PrintRange(session, device);
+    document.End();
     return 1;
 }
 
@@ -154,9 +159,7 @@ int PrintPages(Session *session, int askRange) {
         ShowBox(session->device.Window, "Can not initialize printing");
         return 0;
     }
-    const int result = PrintJob(session, device.Get());
-    session_table.PrinterContexts[session->SessionId] = nullptr;
-    return result;
+    return PrintJob(session, device.Get());
 }
 
 INT_PTR CALLBACK PrintParam(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {

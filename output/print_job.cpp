@@ -28,7 +28,7 @@ void OpenPrinterProgress(Session *session) {
                  session->printer.DeviceName);
     session->run.AbortProc = PrintProc;
     SetAbortProc(device, PrintProc);
-    session_table.PrinterContexts[session->SessionId] = device;
+    NotePrinterContext(session, device);
 }
 
 void ShowProgress(const Session *session) {
@@ -43,15 +43,20 @@ const char *NameBehindFolders(const char *path) {
 
 } // namespace
 
+bool StartDocument(const Session *session, HDC device) {
+    DOCINFOA document{};
+    document.cbSize = sizeof document;
+    static_assert(sizeof document == 20);
+    document.lpszDocName = session->form.Header.ReportName;
+    return StartDocA(device, &document) > 0;
+}
+
 void StartPrinterRun(Session *session) {
     const bool silent = session->RunBlock.Silent;
     if (!silent) OpenPrinterProgress(session);
-    DOCINFOA document{};
-    document.cbSize = 20;
-    document.lpszDocName = session->form.Header.ReportName;
-    const int started = StartDocA(session->device.ScreenDC, &document);
+    const bool started = StartDocument(session, session->device.ScreenDC);
     RaisePending(session);
-    if (started <= 0) FatalError(session, "Unable to Start the Print Job", CODE_PRINTER);
+    if (!started) FatalError(session, "Unable to Start the Print Job", CODE_PRINTER);
     StartPrinterPage(session);
     if (!silent) ShowProgress(session);
     const RunState &run = session->run;

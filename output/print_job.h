@@ -13,6 +13,9 @@ void StartPrinterPage(Session *session); // StartPage and the unit mapping
 void FilePrintPump(Session *session);
 void FinishOutput(Session *session); // closing steps: dialog, document, report of the count
 
+// Starts a document of the report's name; false when the device refuses.
+bool StartDocument(const Session *session, HDC device);
+
 // Prints finished pages of a preview. 1, also when the user cancelled; 0 after a message.
 int PrintPages(Session *session, int askRange);
 
