@@ -170,3 +170,16 @@ TEST(DrawingObjectCount, SeesAPenComeAndGo) {
     DeleteObject(pen);
     EXPECT_EQ(CountGdiObjects(), before);
 }
+
+TEST_F(DeviceProperties, SetUpThatFailedLeavesNoDrawingObjectsBehindItsClose) {
+    ASSERT_EQ(StartOn(form), 0);
+    End();
+    const int before = CountGdiObjects();
+    for (int time = 0; time < 3; ++time) {
+        TextsOf("CreateCompatibleDC", CreateCompatibleDC, 2);
+        TextsOf("CreateSolidBrush", CreateSolidBrush, 3);
+        TextsOf("CreatePen", CreatePen, 3);
+        TextsOf("GetTextMetricsA", GetTextMetricsA, 2);
+    }
+    EXPECT_LE(CountGdiObjects(), before + 1);
+}

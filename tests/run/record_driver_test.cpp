@@ -288,3 +288,15 @@ TEST(RecordDriver, UnknownSessionGives18) {
     EXPECT_EQ(tessarine::RepRec(99, 0), CODE_NO_SESSION);
     EXPECT_EQ(tessarine::RepExit(99, 0, nullptr), CODE_NO_SESSION);
 }
+
+TEST(RecordDriver, RecordOfStableWidthsTakesNoMemory) {
+    MessageBoxes boxes;
+    ReportRun run{TwoLevels{}};
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    ASSERT_EQ(run.Feed(Pair("A", "x")), 0);
+    tessarine::FailAllocation(1);
+    for (const char *inner : {"x", "y", "y"}) EXPECT_EQ(run.Feed(Pair("A", inner)), 0);
+    tessarine::FailAllocation(0);
+    EXPECT_TRUE(boxes.Log().empty());
+    run.Finish();
+}
