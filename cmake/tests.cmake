@@ -39,6 +39,9 @@ add_room_tests(dll ${import_library})
 if(TARGET dll_tests)
   add_dependencies(dll_tests tessarine import_library)
 endif()
+add_test(NAME tools.PrintedPages
+  COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/printed_pages.sh $<TARGET_FILE:output_tests>
+          ${CMAKE_SOURCE_DIR})
 if(TARGET host)
   add_room_tests(host host ${import_library})
   if(TARGET host_tests)

@@ -1,0 +1,420 @@
+// Printing from the preview: ranges, cancelling, failures, while the run goes on and behind it.
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "frame/session_table.h"
+#include "output/print_job.h"
+#include "output/report_file.h"
+#include "tests/support/failing_call.h"
+#include "tests/support/gdi_objects.h"
+#include "tests/support/message_boxes.h"
+#include "tests/support/printer_calls.h"
+#include "tests/support/report_run.h"
+
+using namespace tessarine;
+
+namespace {
+
+using Calls = std::vector<std::string>;
+
+std::string ItemText(HWND dialog, int control) {
+    char text[100] = "";
+    GetDlgItemTextA(dialog, control, text, sizeof text);
+    return text;
+}
+
+// Five records a page.
+struct ListForm : FormBuilder {
+    ListForm() {
+        const int name = Field(FIELD_DATA, "NAME", TYPE_TEXT);
+        Section(SECTION_DETAIL_1, 500);
+        FieldItem(SECTION_DETAIL_1, 200, 0, 500, 50, name);
+    }
+};
+
+// A preview whose run is going on.
+class PreviewPrinting : public testing::Test {
+protected:
+    PreviewPrinting() : run(ListForm{}) {
+        run.params.Device = 'S';
+        run.params.WindowStyle = WS_OVERLAPPEDWINDOW;
+        run.params.WindowWidth = run.params.WindowHeight = 500;
+        EXPECT_EQ(run.Start(), 0) << boxes.LastText();
+        session = GetSessionPointer(nullptr, run.params.SessionId);
+        boxes.OnDialog("Printing In Progress...", [](HWND) {});
+    }
+    ~PreviewPrinting() override {
+        if (GetSessionPointer(nullptr, run.params.SessionId) != session) return;
+        session->run.ViewingFile = 0;
+        if (session->run.RunPhase != PHASE_FINISHED) run.Finish();
+        SendMessageA(session->device.Window, WM_CLOSE, 0, 0);
+    }
+
+    // Goes on until this page is under construction.
+    void FeedToPage(int page) {
+        while (session->run.PageCount < page) ASSERT_EQ(run.Feed({{"NAME", "record"}}), 0);
+    }
+    // Enters a range in the dialog and, when it is refused, cancels.
+    int Ask(const char *first, const char *last) {
+        boxes.OnDialog("Print Selected Pages", [this, first, last](HWND dialog) {
+            SetDlgItemTextA(dialog, 896, first);
+            SetDlgItemTextA(dialog, 897, last);
+            SetFocus(GetDlgItem(dialog, IDOK));
+            SendMessageA(dialog, WM_COMMAND, IDOK, 0);
+            if (!IsWindowVisible(dialog)) return;
+            focus_behind_refusal = GetDlgCtrlID(GetFocus());
+            PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+        });
+        return PrintPages(session, 1);
+    }
+    int Print(int first, int last) {
+        session->run.FirstPrintPage = first;
+        session->run.LastPrintPage = last;
+        return PrintPages(session, 0);
+    }
+    BoxRecord Last() const { return boxes.Log().empty() ? BoxRecord{} : boxes.Log().back(); }
+
+    MessageBoxes boxes;
+    ReportRun run;
+    Session *session = nullptr;
+    int focus_behind_refusal = 0;
+};
+
+const Calls two_pages{"SetAbortProc", "StartDocA", "StartPage", "EndPage",
+                      "StartPage",    "EndPage",   "EndDoc"};
+
+} // namespace
+
+// ---- the range ---------------------------------------------------------------------------------
+
+TEST_F(PreviewPrinting, BothFieldsStartAtTheShownPage) {
+    FeedToPage(4);
+    session->pages.ShownPageIndex = 2;
+    std::string first, last;
+    boxes.OnDialog("Print Selected Pages", [&](HWND dialog) {
+        first = ItemText(dialog, 896);
+        last = ItemText(dialog, 897);
+        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    const PrinterCalls calls(PrinterCalls::PRETEND);
+    const FailingCall contexts("CreateDCA", CreateDCA, nullptr, EVERY_CALL);
+    EXPECT_EQ(PrintPages(session, 1), 1);
+    EXPECT_EQ(first, "3");
+    EXPECT_EQ(last, "3");
+    EXPECT_TRUE(calls.Log().empty()); // Cancel: nothing is printed
+    EXPECT_EQ(contexts.Seen(), 0);
+    session->pages.ShownPageIndex = 0;
+}
+
+TEST_F(PreviewPrinting, Pages3To2AreAnInvalidSelection) {
+    FeedToPage(5);
+    const PrinterCalls calls(PrinterCalls::PRETEND);
+    EXPECT_EQ(Ask("3", "2"), 1);
+    EXPECT_EQ(Last(), (BoxRecord{"", "Invalid page selection.", {IDOK}}));
+    EXPECT_EQ(focus_behind_refusal, 896);
+    EXPECT_TRUE(calls.Log().empty());
+}
+
+TEST_F(PreviewPrinting, RangeBeginsAtPage1) {
+    FeedToPage(5);
+    const PrinterCalls calls(PrinterCalls::PRETEND);
+    for (const char *first : {"0", "-1", "", "one"}) {
+        boxes.Clear();
+        Ask(first, "2");
+        EXPECT_EQ(Last(), (BoxRecord{"", "Invalid page selection.", {IDOK}})) << first;
+    }
+    EXPECT_TRUE(calls.Log().empty());
+}
+
+TEST_F(PreviewPrinting, HighestLastPageIs4WhilePage5IsUnderConstruction) {
+    FeedToPage(5);
+    EXPECT_EQ(FinishedPages(session), 4);
+    const PrinterCalls calls(PrinterCalls::PRETEND);
+    Ask("4", "5");
+    EXPECT_EQ(Last(), (BoxRecord{"", "Invalid page selection.", {IDOK}}));
+    EXPECT_EQ(calls.Count("EndPage"), 0);
+    boxes.Clear();
+    EXPECT_EQ(Ask("2", "4"), 1);
+    EXPECT_TRUE(boxes.Log().empty());
+    EXPECT_EQ(calls.Count("EndPage"), 3);
+}
+
+TEST_F(PreviewPrinting, FinishedReportOffersItsLastPage) {
+    FeedToPage(3);
+    ASSERT_EQ(run.Finish(), 0);
+    const PrinterCalls calls(PrinterCalls::PRETEND);
+    EXPECT_EQ(Ask("3", "3"), 1);
+    EXPECT_TRUE(boxes.Log().empty());
+    EXPECT_EQ(calls.Count("EndPage"), 1);
+}
+
+// ---- the job -----------------------------------------------------------------------------------
+
+TEST_F(PreviewPrinting, JobIsOneDocumentOfTheReportsNameWithAPairOfCallsAPage) {
+    std::strcpy(session->form.Header.ReportName, "Name of the report");
+    FeedToPage(4);
+    const PrinterCalls calls(PrinterCalls::PRETEND);
+    EXPECT_EQ(Print(2, 3), 1);
+    EXPECT_EQ(calls.Log(), two_pages);
+    EXPECT_EQ(calls.document, "Name of the report");
+    EXPECT_EQ(calls.document_size, 20);
+}
+
+TEST_F(PreviewPrinting, DialogCountsPagesWhileTheWindowIsDisabledUntilTheDocumentEnds) {
+    FeedToPage(4);
+    PrinterCalls calls(PrinterCalls::PRETEND);
+    Calls shown;
+    calls.Before("StartPage", [&](HDC) {
+        shown.push_back(ItemText(session->run.AbortDialog, 842) == session->printer.DeviceName
+                            ? ItemText(session->run.AbortDialog, 844)
+                            : "another device");
+        EXPECT_FALSE(IsWindowEnabled(session->device.Window));
+    });
+    bool stands_at_end = false;
+    calls.Before("EndDoc", [&](HDC) {
+        stands_at_end = IsWindow(session->run.AbortDialog) &&
+                        !IsWindowEnabled(session->device.Window) && session->run.PageCount == 4;
+    });
+    EXPECT_EQ(Print(1, 3), 1);
+    EXPECT_EQ(shown, (Calls{"0", "1", "2"}));
+    EXPECT_TRUE(stands_at_end);
+    EXPECT_EQ(session->run.AbortDialog, nullptr);
+    EXPECT_TRUE(IsWindowEnabled(session->device.Window));
+}
+
+TEST_F(PreviewPrinting, PagesAreMappedByThePrintersPixelsAndTheSessionsComeBack) {
+    FeedToPage(3);
+    PrinterCalls calls(PrinterCalls::PRETEND);
+    const int pixels = session->device.LogPixelsX;
+    calls.Before("EndPage", [&](HDC device) {
+        SIZE extent{};
+        EXPECT_EQ(GetMapMode(device), MM_ANISOTROPIC);
+        GetWindowExtEx(device, &extent);
+        EXPECT_EQ(extent.cx, 250);
+        GetViewportExtEx(device, &extent);
+        EXPECT_EQ(extent.cx, GetDeviceCaps(device, LOGPIXELSX));
+        EXPECT_EQ(session->device.LogPixelsX, GetDeviceCaps(device, LOGPIXELSX));
+    });
+    EXPECT_EQ(Print(1, 2), 1);
+    EXPECT_EQ(calls.Count("EndPage"), 2);
+    EXPECT_EQ(session->device.LogPixelsX, pixels);
+}
+
+TEST_F(PreviewPrinting, ShownPageIsNotTouchedAndTheRunGoesOn) {
+    FeedToPage(3);
+    const HMETAFILE shown = session->pages.ShownPage;
+    {
+        const PrinterCalls calls(PrinterCalls::PRETEND);
+        EXPECT_EQ(Print(1, 2), 1);
+    }
+    EXPECT_EQ(session->pages.ShownPage, shown);
+    EXPECT_EQ(session->pages.ShownPageIndex, 0);
+    EXPECT_EQ(session->run.PageCount, 3);
+    FeedToPage(6);
+    ASSERT_EQ(run.Finish(), 0);
+    EXPECT_EQ(run.page_count, 6);
+}
+
+TEST_F(PreviewPrinting, EntryOfTheJobStandsUntilTheSessionCloses) {
+    FeedToPage(3);
+    const PrinterCalls calls(PrinterCalls::PRETEND);
+    Print(1, 1);
+    const int slot = session->SessionId;
+    EXPECT_NE(session_table.PrinterContexts[slot], nullptr);
+    run.Finish();
+    SendMessageA(session->device.Window, WM_CLOSE, 0, 0);
+    EXPECT_EQ(session_table.PrinterContexts[slot], nullptr);
+}
+
+TEST_F(PreviewPrinting, CommandOfTheMenuAsksForTheRange) {
+    FeedToPage(3);
+    int asked = 0;
+    boxes.OnDialog("Print Selected Pages", [&](HWND dialog) {
+        ++asked;
+        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    SendMessageA(session->device.Window, WM_COMMAND, 695, 0);
+    EXPECT_EQ(asked, 1);
+}
+
+// ---- Cancel ------------------------------------------------------------------------------------
+
+TEST_F(PreviewPrinting, CancelFinishesThePageInHandAndThePreviewGoesOn) {
+    FeedToPage(5);
+    PrinterCalls calls(PrinterCalls::PRETEND);
+    calls.Before("EndPage", [&](HDC) {
+        if (calls.Count("EndPage") == 2)
+            PostMessageA(session->run.AbortDialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    std::string device_line;
+    calls.Before("EndDoc", [&](HDC) { device_line = ItemText(session->run.AbortDialog, 842); });
+    EXPECT_EQ(Print(1, 4), 1);
+    EXPECT_EQ(calls.Log(), two_pages);
+    EXPECT_EQ(device_line, "Cancelling..., Please Wait.");
+    EXPECT_EQ(session->run.CancelState, CANCEL_NONE);
+    EXPECT_EQ(session->run.PageCount, 5);
+    EXPECT_TRUE(IsWindowEnabled(session->device.Window));
+    FeedToPage(6);
+    EXPECT_EQ(run.Finish(), 0);
+}
+
+TEST_F(PreviewPrinting, CancelBeforeTheFirstPageStillPrintsThatPage) {
+    FeedToPage(5);
+    PrinterCalls calls(PrinterCalls::PRETEND);
+    calls.Before("StartPage",
+                 [&](HDC) { SendMessageA(session->run.AbortDialog, WM_COMMAND, IDCANCEL, 0); });
+    EXPECT_EQ(Print(1, 4), 1);
+    EXPECT_EQ(calls.Count("EndPage"), 1);
+    EXPECT_EQ(calls.Count("EndDoc"), 1);
+    EXPECT_EQ(session->run.CancelState, CANCEL_NONE);
+}
+
+TEST_F(PreviewPrinting, CancelBehindTheLastPageChangesNothing) {
+    FeedToPage(4);
+    PrinterCalls calls(PrinterCalls::PRETEND);
+    calls.Before("EndDoc", [&](HDC) { SendMessageA(session->run.AbortDialog, WM_CLOSE, 0, 0); });
+    EXPECT_EQ(Print(1, 2), 1);
+    EXPECT_EQ(calls.Log(), two_pages);
+    EXPECT_EQ(session->run.AbortDialog, nullptr);
+}
+
+TEST_F(PreviewPrinting, ClosingThePreviewWaitsForTheJob) {
+    FeedToPage(4);
+    PrinterCalls calls(PrinterCalls::PRETEND);
+    bool asked = false;
+    calls.Before("EndPage", [&](HDC) {
+        if (!asked) PostMessageA(session->device.Window, WM_CLOSE, 0, 0);
+        asked = true;
+    });
+    EXPECT_EQ(Print(1, 3), 1);
+    EXPECT_EQ(calls.Count("EndDoc"), 1);
+    EXPECT_EQ(session->run.AbortDialog, nullptr);
+    EXPECT_EQ(GetSessionPointer(nullptr, run.params.SessionId), session);
+}
+
+// ---- failures ----------------------------------------------------------------------------------
+
+TEST_F(PreviewPrinting, PrinterWithoutAContextIsToldAndTheCommandDoesNothing) {
+    FeedToPage(3);
+    const PrinterCalls calls(PrinterCalls::PRETEND);
+    const FailingCall none("CreateDCA", CreateDCA, nullptr, 1, EVERY_CALL);
+    EXPECT_EQ(Print(1, 2), 0);
+    EXPECT_EQ(Last(), (BoxRecord{"", "Can not initialize printing", {IDOK}}));
+    EXPECT_TRUE(calls.Log().empty());
+    EXPECT_TRUE(IsWindowEnabled(session->device.Window));
+}
+
+TEST_F(PreviewPrinting, DocumentThatDoesNotStartIsToldAndTheCommandReturns) {
+    FeedToPage(3);
+    const FailingCall none("StartDocA", StartDocA, SP_ERROR);
+    const FailingCall pages("StartPage", StartPage, 0, EVERY_CALL);
+    EXPECT_EQ(Print(1, 2), 0);
+    EXPECT_EQ(Last(), (BoxRecord{"", "Unable to Start the Print Job", {IDOK}}));
+    EXPECT_EQ(pages.Seen(), 0);
+    EXPECT_EQ(session->run.AbortDialog, nullptr);
+    EXPECT_TRUE(IsWindowEnabled(session->device.Window));
+    EXPECT_EQ(session->run.PageCount, 3);
+}
+
+TEST_F(PreviewPrinting, PageThatCannotBeReadAbortsTheDocumentAndLeavesNothingBehind) {
+    FeedToPage(4);
+    PrinterCalls calls(PrinterCalls::PRETEND);
+    const uint32_t table_row = session->pages.PageTable[1];
+    session->pages.PageTable[1] = 0x7FFFFFF0;
+    boxes.OnDialog("Print Selected Pages", [](HWND dialog) {
+        SetDlgItemTextA(dialog, 896, "1");
+        SetDlgItemTextA(dialog, 897, "3");
+        PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+    });
+    SendMessageA(session->device.Window, WM_COMMAND, 695, 0);
+    session->pages.PageTable[1] = table_row;
+    EXPECT_EQ(calls.Count("AbortDoc"), 1);
+    EXPECT_EQ(calls.Count("EndDoc"), 0);
+    EXPECT_EQ(Last().title, "Fatal Error");
+    EXPECT_EQ(session->run.AbortDialog, nullptr);
+    EXPECT_TRUE(IsWindowEnabled(session->device.Window));
+    EXPECT_EQ(session->run.PageCount, 4);
+}
+
+// ---- a saved report ----------------------------------------------------------------------------
+
+TEST_F(PreviewPrinting, SavedReportHasItsOwnPaper) {
+    FeedToPage(3);
+    ASSERT_EQ(run.Finish(), 0);
+    session->run.ViewingFile = 1;
+    ReportFileHeader &header = session->pages.Header;
+    header.Orientation = DMORIENT_LANDSCAPE;
+    header.PaperSize = DMPAPER_LETTER;
+    header.PaperLength = 2794;
+    header.PaperWidthTenths = 2159;
+    header.PrintQuality = 300;
+    PrinterCalls calls(PrinterCalls::PRETEND);
+    bool landscape = false;
+    calls.Before("StartPage", [&](HDC device) {
+        landscape = GetDeviceCaps(device, HORZRES) > GetDeviceCaps(device, VERTRES);
+    });
+    EXPECT_EQ(Print(1, 1), 1);
+    const DEVMODEA &mode = *session->printer.DevMode;
+    EXPECT_EQ(mode.dmOrientation, DMORIENT_LANDSCAPE);
+    EXPECT_EQ(mode.dmPaperSize, DMPAPER_LETTER);
+    EXPECT_EQ(mode.dmPaperLength, 2794);
+    EXPECT_EQ(mode.dmPaperWidth, 2159);
+    EXPECT_EQ(mode.dmPrintQuality, 300);
+    EXPECT_TRUE(landscape);
+    EXPECT_EQ(calls.Count("EndDoc"), 1);
+}
+
+TEST_F(PreviewPrinting, RunsOwnPreviewKeepsThePrintersPaper) {
+    FeedToPage(3);
+    const short orientation = session->printer.DevMode->dmOrientation;
+    session->pages.Header.Orientation = DMORIENT_LANDSCAPE;
+    const PrinterCalls calls(PrinterCalls::PRETEND);
+    EXPECT_EQ(Print(1, 1), 1);
+    EXPECT_EQ(session->printer.DevMode->dmOrientation, orientation);
+}
+
+TEST_F(PreviewPrinting, SilentJobOfASavedReportHasNoDialogAndStillADocument) {
+    FeedToPage(3);
+    ASSERT_EQ(run.Finish(), 0);
+    session->run.ViewingFile = 1;
+    session->ViewBlock.Silent = 1;
+    session->pages.Header.Orientation = DMORIENT_PORTRAIT;
+    PrinterCalls calls(PrinterCalls::PRETEND);
+    calls.Before("EndPage", [&](HDC) {
+        EXPECT_EQ(session->run.AbortDialog, nullptr);
+        EXPECT_TRUE(IsWindowEnabled(session->device.Window));
+    });
+    EXPECT_EQ(Print(1, 1), 1);
+    EXPECT_EQ(calls.Log(), (Calls{"StartDocA", "StartPage", "EndPage", "EndDoc"}));
+}
+
+// ---- leaks -------------------------------------------------------------------------------------
+
+namespace {
+// The number that the next handle gets; the lowest free one is taken first.
+uintptr_t NextHandle() {
+    const HANDLE event = CreateEventA(nullptr, FALSE, FALSE, nullptr);
+    CloseHandle(event);
+    return reinterpret_cast<uintptr_t>(event);
+}
+} // namespace
+
+// The printer itself is left out after StartDoc: its own work for 200 documents takes minutes.
+TEST_F(PreviewPrinting, TwoHundredJobsLeakNothing) {
+    FeedToPage(4);
+    PrinterCalls calls(PrinterCalls::PRETEND);
+    calls.Before("EndPage", [&](HDC) { // every fourth job is cancelled, at its first page
+        if (calls.Count("StartDocA") % 4 == 0)
+            PostMessageA(session->run.AbortDialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    Print(1, 2);
+    const int objects = CountGdiObjects();
+    const uintptr_t handle = NextHandle();
+    const SIZE_T settings = GlobalSize(session->printer.DevModeMemory);
+    for (int job = 0; job < 200; ++job) ASSERT_EQ(Print(1, 2), 1);
+    EXPECT_LE(CountGdiObjects(), objects + 1);
+    EXPECT_LE(NextHandle(), handle + 100); // a file left open at each would count 800
+    EXPECT_EQ(GlobalSize(session->printer.DevModeMemory), settings);
+    EXPECT_EQ(calls.Count("EndDoc"), 201);
+}

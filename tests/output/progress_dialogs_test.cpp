@@ -1,0 +1,309 @@
+// The progress dialogs, and the routines that give messages their turn behind them.
+#include "output/progress_dialogs.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "frame/session_table.h"
+#include "output/print_job.h"
+#include "rep_dlg.h"
+#include "tests/support/message_boxes.h"
+#include "tests/support/test_session.h"
+
+using namespace tessarine;
+
+namespace {
+
+struct DialogRow {
+    const char *name;
+    DLGPROC procedure;
+};
+constexpr DialogRow dialogs[] = {{"PrintAbortParam", PrintAbortParam},
+                                 {"ScrPrintAbortParam", ScrPrintAbortParam},
+                                 {"FilePrintAbortParam", FilePrintAbortParam}};
+
+std::string TextOf(HWND window) {
+    char text[200] = "";
+    GetWindowTextA(window, text, sizeof text);
+    return text;
+}
+
+std::string ItemText(HWND dialog, int control) { return TextOf(GetDlgItem(dialog, control)); }
+
+// All that a dialog shows, from top to bottom.
+std::vector<std::string> TextsOf(HWND dialog) {
+    std::vector<std::string> texts{TextOf(dialog)};
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        texts.push_back(TextOf(child));
+    return texts;
+}
+
+// A session that has a progress dialog, with a device of its own that no printer stands behind.
+class Progress : public testing::Test {
+protected:
+    Progress() {
+        session->run.CancelState = CANCEL_NONE;
+        session->device.ScreenDC = CreateCompatibleDC(nullptr);
+    }
+    ~Progress() override {
+        CloseProgress(session);
+        DeleteDC(session->device.ScreenDC);
+    }
+    HWND Show(const char *name, DLGPROC procedure) {
+        CloseProgress(session);
+        OpenProgress(session, name, procedure, nullptr, "Laser");
+        return session->run.AbortDialog;
+    }
+    HWND ShowPrinterRun() {
+        NotePrinterContext(session, session->device.ScreenDC);
+        return Show("PrintAbortParam", PrintAbortParam);
+    }
+    HWND ShowPreviewJob() {
+        NotePrinterContext(session, session->device.ScreenDC);
+        return Show("ScrPrintAbortParam", ScrPrintAbortParam);
+    }
+    HWND ShowFileRun() { return Show("FilePrintAbortParam", FilePrintAbortParam); }
+    HDC Device() { return session->device.ScreenDC; }
+    // Whether a message that was posted to this thread still waits.
+    static bool Waits() {
+        MSG message;
+        return PeekMessageA(&message, nullptr, WM_APP, WM_APP, PM_NOREMOVE);
+    }
+    static void PostOne() { PostThreadMessageA(GetCurrentThreadId(), WM_APP, 0, 0); }
+    static void Drain() {
+        MSG message;
+        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
+    }
+
+    BareSession session;
+};
+
+} // namespace
+
+// ---- what they show ----------------------------------------------------------------------------
+
+TEST_F(Progress, DialogOfARunToThePrinterShowsPrinterPagesAndRecords) {
+    EXPECT_EQ(TextsOf(ShowPrinterRun()),
+              (std::vector<std::string>{"Printing In Progress...", "Printer: ", "Laser",
+                                        "Number of Pages Printed:", "0",
+                                        "Number of Records Printed:", "0", "Cancel"}));
+}
+
+TEST_F(Progress, DialogOfAPreviewsJobShowsPrinterAndPages) {
+    const HWND dialog = ShowPreviewJob();
+    EXPECT_EQ(TextsOf(dialog),
+              (std::vector<std::string>{"Printing In Progress...", "Printer: ", "Laser",
+                                        "Number of Pages Printed:", "0", "Cancel"}));
+    EXPECT_EQ(GetDlgItem(dialog, 843), nullptr);
+}
+
+TEST_F(Progress, DialogOfARunToDiskShowsFileAndPages) {
+    const HWND dialog = ShowFileRun();
+    EXPECT_EQ(TextsOf(dialog),
+              (std::vector<std::string>{"Printing to File...", "File Name:", "Laser",
+                                        "Number of Pages Printed:", "0", "Cancel"}));
+    EXPECT_EQ(GetDlgItem(dialog, 843), nullptr);
+}
+
+TEST_F(Progress, ControlsHaveTheNumbersThatHostsKnow) {
+    const HWND dialog = ShowPrinterRun();
+    EXPECT_EQ(ItemText(dialog, 842), "Laser");
+    EXPECT_EQ(ItemText(dialog, 843), "0");
+    EXPECT_EQ(ItemText(dialog, 844), "0");
+    EXPECT_EQ(ItemText(dialog, IDCANCEL), "Cancel");
+}
+
+TEST_F(Progress, EachDialogStandsInTheMiddleWithTheFocusOnCancel) {
+    for (const auto &[name, procedure] : dialogs) {
+        const HWND dialog = Show(name, procedure);
+        RECT place;
+        GetWindowRect(dialog, &place);
+        const int width = place.right - place.left;
+        EXPECT_EQ(place.left, GetSystemMetrics(SM_CXSCREEN) / 2 - width / 2) << name;
+        EXPECT_TRUE(IsWindowVisible(dialog)) << name;
+        EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDCANCEL)) << name;
+    }
+}
+
+// ---- Cancel ------------------------------------------------------------------------------------
+
+TEST_F(Progress, CancelInTheDialogOfARunToThePrinterChangesNothingVisible) {
+    const HWND dialog = ShowPrinterRun();
+    const auto before = TextsOf(dialog);
+    SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    EXPECT_EQ(session->run.CancelState, CANCEL_STOP);
+    EXPECT_EQ(TextsOf(dialog), before);
+    EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog, IDCANCEL)));
+}
+
+TEST_F(Progress, CancelOfAPreviewsJobGreysTheButtonAndSaysPleaseWait) {
+    const HWND dialog = ShowPreviewJob();
+    SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    EXPECT_EQ(session->run.CancelState, CANCEL_STOP);
+    EXPECT_EQ(ItemText(dialog, 842), "Cancelling..., Please Wait.");
+    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDCANCEL)));
+}
+
+TEST_F(Progress, CancelOfARunToDiskGreysTheButtonAndSaysPleaseWait) {
+    const HWND dialog = ShowFileRun();
+    SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    EXPECT_EQ(session->run.CancelState, CANCEL_STOP);
+    EXPECT_EQ(ItemText(dialog, 842), "Cancelling..., Please Wait.");
+    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDCANCEL)));
+}
+
+TEST_F(Progress, AnyCommandCancels) {
+    for (const auto &[name, procedure] : dialogs) {
+        session->run.CancelState = CANCEL_NONE;
+        SendMessageA(Show(name, procedure), WM_COMMAND, 12345, 0);
+        EXPECT_EQ(session->run.CancelState, CANCEL_STOP) << name;
+    }
+}
+
+// ---- the abort procedure of a run to the printer -----------------------------------------------
+
+TEST_F(Progress, PrinterRunRefreshesPagesOnlyTogetherWithRecords) {
+    const HWND dialog = ShowPrinterRun();
+    session->run.PageCount = 3;
+    EXPECT_EQ(PrintProc(Device(), 0), 1);
+    EXPECT_EQ(ItemText(dialog, 844), "0");
+    session->run.RecordCount = 7;
+    EXPECT_EQ(PrintProc(Device(), 0), 1);
+    EXPECT_EQ(ItemText(dialog, 844), "3");
+    EXPECT_EQ(ItemText(dialog, 843), "7");
+}
+
+TEST_F(Progress, DeviceOfNoJobIsLeftAlone) {
+    const HWND dialog = ShowPrinterRun();
+    session->run.RecordCount = 7;
+    PostOne();
+    const HDC other = CreateCompatibleDC(nullptr);
+    for (const HDC device : {other, HDC{}}) {
+        EXPECT_EQ(PrintProc(device, 0), 1);
+        EXPECT_EQ(ScrPrintProc(device, 0), 1);
+    }
+    DeleteDC(other);
+    EXPECT_EQ(ItemText(dialog, 843), "0");
+    EXPECT_TRUE(Waits());
+    Drain();
+}
+
+TEST_F(Progress, PrinterRunPumpsForItsOutputDeviceAlone) {
+    ShowPrinterRun();
+    const HDC other = CreateCompatibleDC(nullptr);
+    NotePrinterContext(session, other);
+    PostOne();
+    EXPECT_EQ(PrintProc(other, 0), 1);
+    EXPECT_TRUE(Waits());
+    NotePrinterContext(session, Device());
+    EXPECT_EQ(PrintProc(Device(), 0), 1);
+    EXPECT_FALSE(Waits());
+    DeleteDC(other);
+}
+
+TEST_F(Progress, PumpHandsCancelToTheDialogAndThenStops) {
+    const HWND dialog = ShowPrinterRun();
+    Drain();
+    PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    PostOne();
+    PrintProc(Device(), 0);
+    EXPECT_EQ(session->run.CancelState, CANCEL_STOP);
+    EXPECT_TRUE(Waits());
+    Drain();
+}
+
+TEST_F(Progress, KeysReachTheDialog) {
+    const HWND dialog = ShowPrinterRun();
+    Drain();
+    PostMessageA(GetDlgItem(dialog, IDCANCEL), WM_KEYDOWN, VK_ESCAPE, 0);
+    PrintProc(Device(), 0);
+    EXPECT_EQ(session->run.CancelState, CANCEL_STOP);
+}
+
+TEST_F(Progress, SpoolersErrorCancelsAfterOneMessage) {
+    for (const ABORTPROC procedure : {&PrintProc, &ScrPrintProc}) {
+        ShowPrinterRun();
+        Drain();
+        session->run.CancelState = CANCEL_NONE;
+        EXPECT_EQ(procedure(Device(), SP_ERROR), 1);
+        EXPECT_EQ(session->run.CancelState, CANCEL_NONE); // there was no message
+        PostOne();
+        PostOne();
+        EXPECT_EQ(procedure(Device(), SP_ERROR), 1);
+        EXPECT_EQ(session->run.CancelState, CANCEL_STOP);
+        EXPECT_TRUE(Waits());
+        Drain();
+    }
+}
+
+// ---- the abort procedure of a preview's job ----------------------------------------------------
+
+TEST_F(Progress, PreviewsJobRefreshesItsPagesAndPumpsForAnyDeviceOfIts) {
+    const HWND dialog = ShowPreviewJob();
+    const HDC other = CreateCompatibleDC(nullptr);
+    NotePrinterContext(session, other);
+    session->run.PageCount = 2;
+    PostOne();
+    EXPECT_EQ(ScrPrintProc(other, 0), 1);
+    EXPECT_EQ(ItemText(dialog, 844), "2");
+    EXPECT_FALSE(Waits());
+    DeleteDC(other);
+}
+
+TEST_F(Progress, SilentPreviewsJobHasNoPump) {
+    NotePrinterContext(session, Device());
+    PostOne();
+    EXPECT_EQ(ScrPrintProc(Device(), 0), 1);
+    EXPECT_TRUE(Waits());
+    Drain();
+}
+
+// ---- the pump of a run to disk -----------------------------------------------------------------
+
+TEST_F(Progress, FilePumpRefreshesPagesAndHandsOutMessages) {
+    const HWND dialog = ShowFileRun();
+    session->run.PageCount = 4;
+    PostOne();
+    FilePrintPump(session);
+    EXPECT_EQ(ItemText(dialog, 844), "4");
+    EXPECT_FALSE(Waits());
+}
+
+TEST_F(Progress, FilePumpWithoutADialogLeavesMessagesAlone) {
+    PostOne();
+    FilePrintPump(session);
+    EXPECT_TRUE(Waits());
+    Drain();
+}
+
+TEST_F(Progress, FilePumpOfACancelledRunLeavesMessagesAlone) {
+    ShowFileRun();
+    Drain();
+    session->run.CancelState = CANCEL_STOP;
+    PostOne();
+    FilePrintPump(session);
+    EXPECT_TRUE(Waits());
+    Drain();
+}
+
+// ---- which session a device belongs to ---------------------------------------------------------
+
+TEST_F(Progress, DeviceLeadsToTheSessionThatNotedItLast) {
+    ShowPrinterRun();
+    BareSession other;
+    NotePrinterContext(other, Device()); // the first job's handle, given out again
+    EXPECT_EQ(session_table.PrinterContexts[session->SessionId], nullptr);
+    EXPECT_EQ(session_table.PrinterContexts[other->SessionId], Device());
+}
+
+TEST(PrinterContexts, ClosingOfTheSessionClearsItsEntry) {
+    int slot = -1;
+    {
+        BareSession session;
+        slot = session->SessionId;
+        NotePrinterContext(session, reinterpret_cast<HDC>(1));
+        EXPECT_NE(session_table.PrinterContexts[slot], nullptr);
+    }
+    EXPECT_EQ(session_table.PrinterContexts[slot], nullptr);
+}
