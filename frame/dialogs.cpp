@@ -1,6 +1,7 @@
 #include "frame/dialogs.h"
 
 #include <cstdlib>
+#include <cstring>
 
 #include "frame/fatal_error.h"
 #include "frame/message_box.h"
@@ -55,20 +56,33 @@ void ShowHelp(Session *session, int helpNumber) {
              static_cast<ULONG_PTR>(helpNumber));
 }
 
-int ReadNumberItem(HWND dialog, int control, uint32_t *value) {
+namespace {
+
+// A negative number is none here; some systems read it as a very large one.
+bool ReadUnsigned(HWND dialog, int control, uint32_t *value) {
     BOOL valid = FALSE;
+    char text[101] = "";
     *value = GetDlgItemInt(dialog, control, &valid, FALSE);
-    if (valid) return 1;
+    GetDlgItemTextA(dialog, control, text, sizeof text);
+    return valid && !std::strchr(text, '-');
+}
+
+} // namespace
+
+int ReadNumberItem(HWND dialog, int control, uint32_t *value) {
+    if (ReadUnsigned(dialog, control, value)) return 1;
     ShowBox(dialog, "Must Enter a Valid Number");
     SetFocus(GetDlgItem(dialog, control));
     return 0;
 }
 
 int CheckRangeItem(HWND dialog, char kind, int control, double low, double high) {
-    BOOL valid = TRUE;
+    bool valid = true;
     double value = 0.0;
     if (kind == 'I') {
-        value = GetDlgItemInt(dialog, control, &valid, FALSE);
+        uint32_t whole = 0;
+        valid = ReadUnsigned(dialog, control, &whole);
+        value = whole;
     } else {
         char text[101] = "";
         GetDlgItemTextA(dialog, control, text, sizeof text);

@@ -69,6 +69,47 @@ TEST(SessionTable, SessionWithoutMemoryIsCode3) {
     EXPECT_EQ(boxes.LastText(), "Memory Allocation Error (OurAlloc)");
 }
 
+TEST(SessionTable, ChildOfASessionsWindowHasItsParent) {
+    BareSession session;
+    session->ParentWindow = GetDesktopWindow();
+    WNDCLASSA window_class{};
+    window_class.lpfnWndProc = DefWindowProcA;
+    window_class.cbWndExtra = 4;
+    window_class.lpszClassName = "RepClass32";
+    RegisterClassA(&window_class);
+    const HWND window = CreateWindowExA(0, "RepClass32", "", WS_OVERLAPPEDWINDOW, 0, 0, 90, 90,
+                                        nullptr, nullptr, nullptr, nullptr);
+    const HWND child =
+        CreateWindowExA(0, "STATIC", "", WS_CHILD, 0, 0, 9, 9, window, nullptr, nullptr, nullptr);
+    SetWindowLongA(window, 0, reinterpret_cast<LONG>(static_cast<Session *>(session)));
+    EXPECT_EQ(tessarine::GetSessionPointer(window, -1), static_cast<Session *>(session));
+    EXPECT_EQ(tessarine::RepGetParent(window, -1), GetDesktopWindow());
+    EXPECT_EQ(tessarine::GetSessionPointer(child, -1), nullptr);
+    EXPECT_EQ(tessarine::RepGetParent(child, -1), GetDesktopWindow());
+    EXPECT_EQ(tessarine::RepGetParent(nullptr, session->SessionId), GetDesktopWindow());
+    DestroyWindow(window);
+    UnregisterClassA("RepClass32", nullptr);
+}
+
+TEST(SessionTable, NobodyHasNoParentAndTakesNoCallback) {
+    EXPECT_EQ(tessarine::RepGetParent(nullptr, 5000), nullptr);
+    EXPECT_EQ(tessarine::RepGetParent(GetDesktopWindow(), 0), nullptr);
+    EXPECT_EQ(tessarine::RepSetMsgCallback(nullptr, 5000, nullptr), 0);
+}
+
+TEST(SessionTable, TablesWithoutMemoryAreFatal) {
+    MessageBoxes boxes;
+    for (int table = 1; table <= 4; ++table) {
+        BareSession session;
+        tessarine::FailAllocation(table);
+        EXPECT_THROW(tessarine::AllocArrayMem(session), tessarine::Unwinding);
+        tessarine::FailAllocation(0);
+        EXPECT_EQ(session->ErrorCode, CODE_MEMORY);
+        EXPECT_EQ(boxes.LastText(), "Ran Out of Memory (AllocArrayMem)");
+        tessarine::AllocArrayMem(session);
+    }
+}
+
 TEST(FatalError, MessageComesFirstAndTheCodeStands) {
     MessageBoxes boxes;
     BareSession session;

@@ -1,0 +1,253 @@
+#include "form/fonts.h"
+
+#include <cstring>
+
+#include "tests/support/failing_call.h"
+#include "tests/support/form_session.h"
+
+using namespace tessarine;
+
+namespace {
+
+// A designer on a form whose items are labels; row 0 is the default font.
+class FontTable : public FormSession {
+protected:
+    void SetUp() override { ASSERT_EQ(StartOn(form), 0) << boxes.LastText(); }
+
+    FontEntry &Row(int row) { return session->form.Fonts[row]; }
+    LOGFONTA FontOfHeight(int height) {
+        LOGFONTA font{};
+        font.lfHeight = -height;
+        std::strcpy(font.lfFaceName, "Arial");
+        return font;
+    }
+    int AddItem(int type, int font) {
+        const int row = session->form.TotalItems++;
+        ItemRecord *item = &session->form.Items[row];
+        *item = ItemRecord{};
+        item->ItemType = static_cast<uint16_t>(type);
+        item->FontIndex = static_cast<int16_t>(font);
+        std::strcpy(item->LabelText, "Text");
+        return row;
+    }
+    // Fills the table with fonts of different heights, each shown by a label.
+    void FillTable() {
+        while (session->form.FontCount < MAX_FONTS) {
+            const int row = FindFontRow(session);
+            Row(row).LogFont = FontOfHeight(100 + row);
+            Row(row).InUse = 1;
+        }
+        for (int row = 1; row < MAX_FONTS; ++row) {
+            Row(row).IsPicture = 0;
+            Row(row).LogFont = FontOfHeight(100 + row);
+            Row(row).InUse = 1;
+            AddItem(ITEM_LABEL, row);
+        }
+    }
+    // A label with the focus.
+    ItemRecord *Focus(int type = ITEM_LABEL, int font = 0) {
+        session->designer.SelectedItem = AddItem(type, font);
+        return &session->form.Items[session->designer.SelectedItem];
+    }
+
+    FullForm form;
+};
+
+} // namespace
+
+TEST_F(FontTable, ItemsWithAnEqualFontShareARow) {
+    const LOGFONTA font = FontOfHeight(60);
+    ItemRecord *first = Focus();
+    ASSERT_EQ(FrFonts(session, &font), 1);
+    ItemRecord *second = Focus();
+    ASSERT_EQ(FrFonts(session, &font), 1);
+    EXPECT_NE(+first->FontIndex, 0);
+    EXPECT_EQ(+first->FontIndex, +second->FontIndex);
+    EXPECT_EQ(session->form.FormModified, 1u);
+}
+
+TEST_F(FontTable, LabelTakesTheSizeOfItsNewFont) {
+    const LOGFONTA font = FontOfHeight(120);
+    ItemRecord *label = Focus();
+    FrFonts(session, &font);
+    EXPECT_EQ(+label->height, static_cast<int>(Row(label->FontIndex).Height));
+    EXPECT_GT(+label->width, 100);
+    label->KeepSize = 1;
+    label->width = 30;
+    const LOGFONTA other = FontOfHeight(90);
+    FrFonts(session, &other);
+    EXPECT_EQ(+label->width, 30);
+}
+
+TEST_F(FontTable, OnlyLabelsFieldsAndTheGroupTakeAFont) {
+    const LOGFONTA font = FontOfHeight(60);
+    session->designer.SelectedItem = -1;
+    EXPECT_EQ(FrFonts(session, &font), 1);
+    for (const int type : {ITEM_LINE, ITEM_PICTURE, ITEM_BAR}) {
+        ItemRecord *item = Focus(type);
+        EXPECT_EQ(FrFonts(session, &font), 1);
+        EXPECT_EQ(+item->FontIndex, 0);
+    }
+    EXPECT_EQ(session->form.FormModified, 0u);
+}
+
+TEST_F(FontTable, MarkedItemsOfTheGroupTakeTheFontAndLoseTheirMarks) {
+    const LOGFONTA font = FontOfHeight(60);
+    const int marked = AddItem(ITEM_LABEL, 0);
+    const int other = AddItem(ITEM_LABEL, 0);
+    session->form.Items[marked].GroupMark = 1;
+    ItemRecord *group = Focus(ITEM_GROUP);
+    group->TextColor = 0x1234;
+    EXPECT_EQ(FrFonts(session, &font), 1);
+    EXPECT_NE(+session->form.Items[marked].FontIndex, 0);
+    EXPECT_EQ(+session->form.Items[marked].TextColor, 0x1234u);
+    EXPECT_EQ(+session->form.Items[marked].GroupMark, 0);
+    EXPECT_EQ(+session->form.Items[other].FontIndex, 0);
+}
+
+TEST_F(FontTable, CancelledDialogChangesNothing) {
+    ItemRecord *label = Focus();
+    bool asked = false;
+    boxes.OnDialog("Font", [&](HWND dialog) {
+        asked = true;
+        SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    EXPECT_EQ(FrFonts(session, nullptr), 0);
+    EXPECT_TRUE(asked);
+    EXPECT_EQ(+label->FontIndex, 0);
+}
+
+TEST_F(FontTable, ChosenFontHasItsPointSizeInFormUnits) {
+    ItemRecord *label = Focus();
+    boxes.OnDialog("Font", [&](HWND dialog) { SendMessageA(dialog, WM_COMMAND, IDOK, 0); });
+    EXPECT_EQ(FrFonts(session, nullptr), 1);
+    // The default font's 11 points, as the dialog gives them in tenths.
+    EXPECT_NEAR(Row(label->FontIndex).LogFont.lfHeight, -(110 * 250 / 720), 4);
+}
+
+TEST_F(FontTable, FullTableWithoutDuplicatesIsTold) {
+    FillTable();
+    EXPECT_EQ(FindFontRow(session), -1);
+    ASSERT_EQ(boxes.Log().size(), 1u);
+    EXPECT_EQ(boxes.Log()[0], (BoxRecord{"", "Ran Out of Font/Picture Table", {IDOK}}));
+}
+
+TEST_F(FontTable, FullTableGivesUpARowThatNothingShows) {
+    FillTable();
+    session->form.Items[session->form.TotalItems - 1].FontIndex = 5; // row 31 is shown no more
+    EXPECT_EQ(FindFontRow(session), MAX_FONTS - 1);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(FontTable, FullTableSharesRowsOfEqualFonts) {
+    FillTable();
+    Row(9).LogFont = Row(4).LogFont;
+    const int label = session->form.TotalItems - (MAX_FONTS - 9);
+    ASSERT_EQ(+session->form.Items[label].FontIndex, 9);
+    EXPECT_EQ(FindFontRow(session), 9);
+    EXPECT_EQ(+session->form.Items[label].FontIndex, 4);
+}
+
+TEST_F(FontTable, SqueezeGivesUpEveryPicture) {
+    FillTable();
+    Row(7).IsPicture = 1;
+    const int label = session->form.TotalItems - (MAX_FONTS - 7);
+    session->form.Items[label].ItemType = ITEM_PICTURE;
+    EXPECT_EQ(FindFontRow(session), 7);
+    EXPECT_EQ(Row(7).IsPicture, 0u);
+}
+
+TEST_F(FontTable, FontThatFindsNoRowIsRefused) {
+    FillTable();
+    ItemRecord *label = Focus();
+    const LOGFONTA font = FontOfHeight(77);
+    EXPECT_EQ(FrFonts(session, &font), 0);
+    EXPECT_EQ(boxes.Texts(),
+              (std::vector<std::string>{"Ran Out of Font/Picture Table", "Ran out of Font Table"}));
+    EXPECT_EQ(+label->FontIndex, 0);
+}
+
+TEST_F(FontTable, FontThatCannotBeMadeLeavesItsRowFree) {
+    Focus();
+    const LOGFONTA font = FontOfHeight(77);
+    const int count = session->form.FontCount;
+    const FailingCall fails("CreateFontIndirectA", 1);
+    EXPECT_EQ(FrFonts(session, &font), 0);
+    EXPECT_EQ(Row(count).InUse, 0u);
+}
+
+TEST_F(FontTable, BoldFontIsMadeFromRow0EachTime) {
+    const int first = CreateDefaultBoldFont(session);
+    const int second = CreateDefaultBoldFont(session);
+    ASSERT_GT(first, 0);
+    EXPECT_NE(second, first);
+    for (const int row : {first, second}) {
+        EXPECT_EQ(Row(row).LogFont.lfWeight, 700);
+        EXPECT_STREQ(Row(row).LogFont.lfFaceName, Row(0).LogFont.lfFaceName);
+        EXPECT_EQ(Row(row).LogFont.lfHeight, Row(0).LogFont.lfHeight);
+    }
+}
+
+TEST_F(FontTable, BoldFontWithoutARowIsTold) {
+    FillTable();
+    EXPECT_EQ(CreateDefaultBoldFont(session), 0);
+    EXPECT_EQ(boxes.Texts(),
+              (std::vector<std::string>{"Ran Out of Font/Picture Table", "Ran out of Font Table"}));
+}
+
+TEST_F(FontTable, BoldFontThatCannotBeMadeIsToldAndItsRowCleared) {
+    const int count = session->form.FontCount;
+    const FailingCall fails("CreateFontIndirectA", 1);
+    EXPECT_EQ(CreateDefaultBoldFont(session), 0);
+    EXPECT_EQ(boxes.Texts(), std::vector<std::string>{"Unable to create default bold font."});
+    EXPECT_EQ(Row(count).InUse, 0u);
+}
+
+TEST_F(FontTable, FontOfAnotherDeviceKeepsItsSizeInWholePoints) {
+    const int row = FindFontRow(session);
+    for (const int height : {29, 33, 36, 41, 58}) {
+        Row(row).LogFont = FontOfHeight(height);
+        ASSERT_EQ(MakeFont(session, session->device.ScreenDC, row, true), 1);
+        bool whole = false;
+        for (int points = 4; points < 40; ++points)
+            whole |= Row(row).LogFont.lfHeight == -MulDiv(points * 10, 250, 720);
+        EXPECT_TRUE(whole) << Row(row).LogFont.lfHeight;
+    }
+}
+
+TEST_F(FontTable, ReportMeasuresCharactersAloneAndGivesTheFirstNoWidth) {
+    End();
+    ASSERT_EQ(StartOn(form, KIND_REPORT), 0);
+    EXPECT_EQ(Row(0).CharWidth[0], 0);
+    EXPECT_GT(Row(0).CharWidth['M'], 0);
+    EXPECT_STREQ(Row(0).LogFont.lfFaceName, "Courier New");
+    EXPECT_EQ(Row(0).CharWidth['i'], Row(0).CharWidth['M']);
+}
+
+TEST_F(FontTable, NumbersThatDoNotFit16BitsMakeNoPortableFont) {
+    LOGFONTA font = FontOfHeight(60);
+    PortableFont packed{};
+    EXPECT_TRUE(WritePortableFont(font, &packed));
+    EXPECT_EQ(+packed.OutPrecision, 7);
+    font.lfWidth = 32768;
+    EXPECT_FALSE(WritePortableFont(font, &packed));
+}
+
+TEST_F(FontTable, FaceNameIsCutAt30Characters) {
+    LOGFONTA font = FontOfHeight(60);
+    std::memcpy(font.lfFaceName, "A face name that is too long, i", 32);
+    PortableFont packed{};
+    ASSERT_TRUE(WritePortableFont(font, &packed));
+    EXPECT_EQ(std::strlen(packed.FaceName), 30u);
+    LOGFONTA read{};
+    ReadPortableFont(packed, &read);
+    EXPECT_EQ(std::strlen(read.lfFaceName), 30u);
+}
+
+TEST_F(FontTable, SessionWithoutASystemFontIsFatal) {
+    End();
+    const FailingCall fails("CreateFontIndirectA", 1);
+    EXPECT_EQ(StartOn(form), 12);
+    EXPECT_EQ(boxes.LastText(), "Error Creating Font(InitDeviceProp)");
+    EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
+}

@@ -1,0 +1,159 @@
+#include "form/pictures.h"
+
+#include "form/fonts.h"
+#include "frame/memory.h"
+#include "tests/support/failing_call.h"
+#include "tests/support/form_session.h"
+
+using namespace tessarine;
+
+namespace {
+
+constexpr int WIDTH = 96; // pixels
+constexpr int HEIGHT = 48;
+
+class Pictures : public FormSession {
+protected:
+    Pictures() {
+        const HDC screen = GetDC(nullptr);
+        bitmap = CreateCompatibleBitmap(screen, WIDTH, HEIGHT);
+        const HDC memory = CreateCompatibleDC(screen);
+        const HGDIOBJ old = SelectObject(memory, bitmap);
+        PatBlt(memory, 0, 0, WIDTH, HEIGHT, WHITENESS);
+        PatBlt(memory, 0, 0, WIDTH / 2, HEIGHT / 2, BLACKNESS);
+        SelectObject(memory, old);
+        DeleteDC(memory);
+        ReleaseDC(nullptr, screen);
+    }
+    ~Pictures() override { DeleteObject(bitmap); }
+    void SetUp() override { ASSERT_EQ(StartOn(form), 0) << boxes.LastText(); }
+
+    // The one box that the failure shows; the row that was taken for the picture is free again.
+    void ExpectFailure(const char *text) {
+        const int row = session->form.FontCount;
+        EXPECT_EQ(StoreBitmap(session, bitmap), -1);
+        EXPECT_EQ(boxes.LastText(), text);
+        EXPECT_EQ(boxes.LastTitle(), "");
+        EXPECT_EQ(session->form.Fonts[row].InUse, 0u);
+        EXPECT_EQ(session->form.Fonts[row].InfoBlock, nullptr);
+        boxes.Clear();
+    }
+    int Restore(int row) { return RestoreBitmap(session, session->device.ScreenDC, row); }
+
+    FullForm form;
+    HBITMAP bitmap;
+};
+
+COLORREF PixelOf(HBITMAP bitmap, int x, int y) {
+    const HDC memory = CreateCompatibleDC(nullptr);
+    const HGDIOBJ old = SelectObject(memory, bitmap);
+    const COLORREF color = GetPixel(memory, x, y);
+    SelectObject(memory, old);
+    DeleteDC(memory);
+    return color;
+}
+
+} // namespace
+
+TEST_F(Pictures, BitmapIsStoredWithItsSizeInPointsAndRestored) {
+    const int row = StoreBitmap(session, bitmap);
+    ASSERT_GT(row, 0);
+    FontEntry &picture = session->form.Fonts[row];
+    EXPECT_EQ(picture.IsPicture, 1u);
+    EXPECT_EQ(picture.InfoSize, 1064u);
+    EXPECT_EQ(picture.PointWidth, 72u); // 96 pixels at 96 to the inch
+    EXPECT_EQ(picture.PointHeight, 36u);
+    ASSERT_EQ(Restore(row), 1);
+    EXPECT_EQ(picture.PixelWidth, 96u);
+    EXPECT_EQ(picture.PixelHeight, 48u);
+    EXPECT_EQ(picture.Height, 125u);
+    EXPECT_EQ(picture.Ascent, 125u);
+    EXPECT_EQ(picture.CharWidth[0], 250);
+    EXPECT_EQ(picture.CharWidth[255], 250);
+    EXPECT_EQ(PixelOf(picture.Bitmap, 10, 10), RGB(0, 0, 0));
+    EXPECT_EQ(PixelOf(picture.Bitmap, 60, 10), RGB(255, 255, 255));
+}
+
+TEST_F(Pictures, RestoringAgainReplacesTheBitmap) {
+    const int row = StoreBitmap(session, bitmap);
+    ASSERT_EQ(Restore(row), 1);
+    ASSERT_EQ(Restore(row), 1);
+    EXPECT_EQ(PixelOf(session->form.Fonts[row].Bitmap, 10, 10), RGB(0, 0, 0));
+}
+
+TEST_F(Pictures, MemoryForTheInformationBlockIsMissed) {
+    FailAllocation(1);
+    ExpectFailure("Ran out of memory for Bitmap Info!");
+    FailAllocation(0);
+}
+
+TEST_F(Pictures, MemoryForTheBitsIsMissed) {
+    FailAllocation(2);
+    ExpectFailure("Ran out of memory for Bitmap Image!");
+    FailAllocation(0);
+}
+
+TEST_F(Pictures, BitmapWhoseShapeCannotBeReadIsTold) {
+    const FailingCall fails("GetDIBits", 7);
+    ExpectFailure("Error Creating Device Independent Bitmap Structure!");
+}
+
+TEST_F(Pictures, BitmapWhoseBitsCannotBeReadIsTold) {
+    const FailingCall fails("GetDIBits", 7, 0, 1);
+    ExpectFailure("Error Creating Device Independent Bitmap Image!");
+}
+
+TEST_F(Pictures, RowWithoutBlocksCannotBeRestored) {
+    const int row = StoreBitmap(session, bitmap);
+    const FailingCall fails("GlobalLock", 1);
+    EXPECT_EQ(Restore(row), 0);
+    EXPECT_EQ(boxes.Log()[0],
+              (BoxRecord{"", "Ran out of memory for Bitmap Image and info!", {IDOK}}));
+}
+
+TEST_F(Pictures, BitmapThatCannotBeMadeIsTold) {
+    const int row = StoreBitmap(session, bitmap);
+    const FailingCall fails("CreateBitmap", 5);
+    EXPECT_EQ(Restore(row), 0);
+    EXPECT_EQ(boxes.LastText(), "Error Creating the Bitmap");
+}
+
+TEST_F(Pictures, BitmapThatCannotBeFilledIsTold) {
+    const int row = StoreBitmap(session, bitmap);
+    const FailingCall fails("SetDIBits", 7);
+    EXPECT_EQ(Restore(row), 0);
+    EXPECT_EQ(boxes.LastText(), "Error Initializing the Bitmap");
+}
+
+TEST_F(Pictures, FullTableTakesNoPicture) {
+    session->form.FontCount = MAX_FONTS;
+    for (int row = 1; row < MAX_FONTS; ++row) {
+        session->form.Fonts[row].InUse = 1;
+        session->form.Fonts[row].LogFont.lfHeight = -row;
+        ItemRecord *item = &session->form.Items[session->form.TotalItems++];
+        *item = ItemRecord{};
+        item->ItemType = ITEM_LABEL;
+        item->FontIndex = static_cast<int16_t>(row);
+    }
+    EXPECT_EQ(StoreBitmap(session, bitmap), -1);
+    EXPECT_EQ(boxes.LastText(), "Ran Out of Font/Picture Table");
+}
+
+TEST_F(Pictures, BrushesAreWidenedAndNarrowed) {
+    LOGBRUSH brush{BS_HATCHED, RGB(1, 2, 3), HS_DIAGCROSS};
+    RepLogbrush packed{};
+    EXPECT_EQ(WriteRepLogbrush(&brush, &packed), 1);
+    LOGBRUSH read{};
+    EXPECT_EQ(ReadRepLogbrush(&packed, &read), 1);
+    EXPECT_EQ(read.lbStyle, brush.lbStyle);
+    EXPECT_EQ(read.lbColor, brush.lbColor);
+    EXPECT_EQ(read.lbHatch, brush.lbHatch);
+}
+
+TEST_F(Pictures, BrushBeyond16BitsKeepsItsColorAlone) {
+    const LOGBRUSH brush{0x10000, RGB(9, 8, 7), 2};
+    RepLogbrush packed{1, 0, 1};
+    EXPECT_EQ(WriteRepLogbrush(&brush, &packed), 0);
+    EXPECT_EQ(+packed.Style, 1);
+    EXPECT_EQ(+packed.Color, static_cast<uint32_t>(RGB(9, 8, 7)));
+}
