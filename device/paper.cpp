@@ -57,8 +57,10 @@ void RemakeInfoDevice(Session *session) {
     session->device.LogPixelsX = GetDeviceCaps(printer.InfoDevice, LOGPIXELSX);
     session->device.LogPixelsY = GetDeviceCaps(printer.InfoDevice, LOGPIXELSY);
     ApplyMapping(session, printer.InfoDevice);
+    printer.InfoPixelsX = session->device.LogPixelsX;
     session->device.LogPixelsX = screen.LogPixelsX;
     session->device.LogPixelsY = screen.LogPixelsY;
+    ZeroMemory(session->run.Measures, sizeof session->run.Measures);
 }
 
 void SettlePaper(Session *session) {

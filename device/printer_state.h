@@ -11,9 +11,10 @@ struct PrinterState {
     char DriverName[60]; // ends in ".drv" or ".DRV"
     char PortName[60];
     HGLOBAL DevModeMemory;
-    DEVMODEA *DevMode; // locked for the life of the session
-    HDC InfoDevice;    // a context of the printer, for measuring
-    float PaperWidth;  // inches, as the next three
+    DEVMODEA *DevMode;   // locked for the life of the session
+    HDC InfoDevice;      // a context of the printer, for measuring
+    int32_t InfoPixelsX; // pixels per inch of that context
+    float PaperWidth;    // inches, as the next three
     float PaperHeight;
     float UsableWidth;
     float UsableHeight;

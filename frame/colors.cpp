@@ -20,7 +20,7 @@ uint32_t EditColor(HWND owner, uint32_t color, int fullOpen) {
     choice.hwndOwner = owner;
     choice.rgbResult = color;
     choice.lpCustColors = greys;
-    choice.Flags = CC_RGBINIT | (fullOpen ? CC_FULLOPEN : CC_PREVENTFULLOPEN);
+    choice.Flags = CC_RGBINIT | (fullOpen ? CC_FULLOPEN : 0);
     return ChooseColorA(&choice) ? choice.rgbResult : color;
 }
 

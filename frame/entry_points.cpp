@@ -49,6 +49,11 @@ Result OnSession(Session *session, Result fallback, Body body) {
     return result;
 }
 
+// What a host gives to measure: a row of the font table, and a text.
+bool Measurable(const Session *session, const char *text, int32_t font) {
+    return session && session->form.Fonts && text && font >= 0 && font < MAX_FONTS;
+}
+
 } // namespace
 
 extern "C" {
@@ -162,15 +167,16 @@ int32_t __stdcall ValidateMargins(Session *session, int32_t showMessage) {
 }
 
 int32_t __stdcall GetLabelLen(Session *session, const char *text, int32_t font) {
-    return session ? tessarine::GetLabelLen(session, text, font) : 0;
+    return Measurable(session, text, font) ? tessarine::GetLabelLen(session, text, font) : 0;
 }
 
 int32_t __stdcall GetLabelHeight(Session *session, const char *text, int32_t font) {
-    return session ? tessarine::GetLabelHeight(session, text, font) : 0;
+    return Measurable(session, text, font) ? tessarine::GetLabelHeight(session, text, font) : 0;
 }
 
 int32_t __stdcall TruncateText(Session *session, char *text, int32_t width, int32_t font) {
-    return session ? tessarine::TruncateText(session, text, width, font) : 1;
+    return Measurable(session, text, font) ? tessarine::TruncateText(session, text, width, font)
+                                           : 1;
 }
 
 int32_t __stdcall GenerateSymbols(Session *session, const char *text, uint16_t *cells,

@@ -7,6 +7,7 @@
 #include "frame/text.h"
 #include "frame/text_measure.h"
 #include "run/items.h"
+#include "run/text_extent.h"
 #include "run/text_items.h"
 #include "run/wrapped_text.h"
 
@@ -113,28 +114,13 @@ void MakeBarcode(FieldText *out) {
         out->font = 0;
 }
 
-// The font stays selected for the section's next item: selecting one is dearer than measuring with
-// it.
-void SelectForMeasuring(const Session *session, int font) {
-    const HDC device = session->printer.InfoDevice;
-    const HFONT made = session->form.Fonts[font].Font;
-    const HGDIOBJ wanted = made ? made : GetStockObject(SYSTEM_FONT);
-    if (GetCurrentObject(device, OBJ_FONT) != wanted) SelectObject(device, wanted);
-}
-
 // A field is measured by the printer's own text metrics, and drawn with the device's. The measure
 // is that of the item's font, also where the text falls back to the first font. Text at the left
-// needs its height alone, which is the font's.
+// needs its height alone.
 SIZE Measure(Session *session, const ItemRecord &item, const FieldRecord &field, FieldText *out) {
-    int32_t &height = session->run.MeasuredHeights[out->font];
     const int font = out->font;
     if (field.FieldFlags & FIELD_POSTNET) MakeBarcode(out);
-    if ((item.ItemFlags & FLAG_LEFT) && height) return {0, height};
-    SelectForMeasuring(session, font);
-    SIZE size{};
-    GetTextExtentPoint32A(session->printer.InfoDevice, out->shown, Length(out->shown), &size);
-    if (*out->shown) height = size.cy;
-    return size;
+    return TextExtent(session, font, out->shown, item.ItemFlags & FLAG_LEFT);
 }
 
 int PlaceAcross(const ItemRecord &item, const RECT &place, const FieldText &text, int width) {
@@ -159,12 +145,6 @@ void Draw(const Session *session, HDC device, const ItemRecord &item, const Fiel
 }
 
 } // namespace
-
-void EndMeasuring(const Session *session) {
-    const HDC device = session->printer.InfoDevice;
-    const HGDIOBJ stock = GetStockObject(SYSTEM_FONT);
-    if (device && GetCurrentObject(device, OBJ_FONT) != stock) SelectObject(device, stock);
-}
 
 void PrintField(Session *session, HDC device, int row) {
     ItemRecord *item = &session->form.Items[row];

@@ -6,7 +6,7 @@
 #include "frame/fatal_error.h"
 #include "frame/memory.h"
 #include "run/items.h"
-#include "run/text_items.h"
+#include "run/text_extent.h"
 
 namespace tessarine {
 

@@ -7,8 +7,6 @@ namespace tessarine {
 
 void PrintLabel(Session *session, HDC device, int row);
 void PrintField(Session *session, HDC device, int row);
-// Puts the stock font back into the printer's measuring context, at the end of a section.
-void EndMeasuring(const Session *session);
 // Draws a run of text by the widths of the font row, clipped. Fatal with code 3.
 void PrintText(Session *session, HDC device, int x, int y, const char *text, int length, int font,
                const RECT &clip);

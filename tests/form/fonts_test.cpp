@@ -171,7 +171,7 @@ TEST_F(FontTable, FontThatCannotBeMadeLeavesItsRowFree) {
     Focus();
     const LOGFONTA font = FontOfHeight(77);
     const int count = session->form.FontCount;
-    const FailingCall fails("CreateFontIndirectA", 1);
+    const FailingCall fails("CreateFontIndirectA", CreateFontIndirectA, nullptr, 1, EVERY_CALL);
     EXPECT_EQ(FrFonts(session, &font), 0);
     EXPECT_EQ(Row(count).InUse, 0u);
 }
@@ -197,7 +197,7 @@ TEST_F(FontTable, BoldFontWithoutARowIsTold) {
 
 TEST_F(FontTable, BoldFontThatCannotBeMadeIsToldAndItsRowCleared) {
     const int count = session->form.FontCount;
-    const FailingCall fails("CreateFontIndirectA", 1);
+    const FailingCall fails("CreateFontIndirectA", CreateFontIndirectA, nullptr, 1, EVERY_CALL);
     EXPECT_EQ(CreateDefaultBoldFont(session), 0);
     EXPECT_EQ(boxes.Texts(), std::vector<std::string>{"Unable to create default bold font."});
     EXPECT_EQ(Row(count).InUse, 0u);
@@ -246,7 +246,7 @@ TEST_F(FontTable, FaceNameIsCutAt30Characters) {
 
 TEST_F(FontTable, SessionWithoutASystemFontIsFatal) {
     End();
-    const FailingCall fails("CreateFontIndirectA", 1);
+    const FailingCall fails("CreateFontIndirectA", CreateFontIndirectA, nullptr, 1, EVERY_CALL);
     EXPECT_EQ(StartOn(form), 12);
     EXPECT_EQ(boxes.LastText(), "Error Creating Font(InitDeviceProp)");
     EXPECT_EQ(boxes.LastTitle(), "Fatal Error");

@@ -94,18 +94,18 @@ TEST_F(Pictures, MemoryForTheBitsIsMissed) {
 }
 
 TEST_F(Pictures, BitmapWhoseShapeCannotBeReadIsTold) {
-    const FailingCall fails("GetDIBits", 7);
+    const FailingCall fails("GetDIBits", GetDIBits, 0, 1, EVERY_CALL);
     ExpectFailure("Error Creating Device Independent Bitmap Structure!");
 }
 
 TEST_F(Pictures, BitmapWhoseBitsCannotBeReadIsTold) {
-    const FailingCall fails("GetDIBits", 7, 0, 1);
+    const FailingCall fails("GetDIBits", GetDIBits, 0, 2);
     ExpectFailure("Error Creating Device Independent Bitmap Image!");
 }
 
 TEST_F(Pictures, RowWithoutBlocksCannotBeRestored) {
     const int row = StoreBitmap(session, bitmap);
-    const FailingCall fails("GlobalLock", 1);
+    const FailingCall fails("GlobalLock", GlobalLock, nullptr, 1, EVERY_CALL);
     EXPECT_EQ(Restore(row), 0);
     EXPECT_EQ(boxes.Log()[0],
               (BoxRecord{"", "Ran out of memory for Bitmap Image and info!", {IDOK}}));
@@ -113,14 +113,14 @@ TEST_F(Pictures, RowWithoutBlocksCannotBeRestored) {
 
 TEST_F(Pictures, BitmapThatCannotBeMadeIsTold) {
     const int row = StoreBitmap(session, bitmap);
-    const FailingCall fails("CreateBitmap", 5);
+    const FailingCall fails("CreateBitmap", CreateBitmap, nullptr, 1, EVERY_CALL);
     EXPECT_EQ(Restore(row), 0);
     EXPECT_EQ(boxes.LastText(), "Error Creating the Bitmap");
 }
 
 TEST_F(Pictures, BitmapThatCannotBeFilledIsTold) {
     const int row = StoreBitmap(session, bitmap);
-    const FailingCall fails("SetDIBits", 7);
+    const FailingCall fails("SetDIBits", SetDIBits, 0, 1, EVERY_CALL);
     EXPECT_EQ(Restore(row), 0);
     EXPECT_EQ(boxes.LastText(), "Error Initializing the Bitmap");
 }

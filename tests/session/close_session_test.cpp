@@ -3,7 +3,6 @@
 #include <cstring>
 
 #include "frame/session_table.h"
-#include "tests/support/failing_call.h"
 #include "tests/support/form_session.h"
 
 using namespace tessarine;

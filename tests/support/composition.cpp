@@ -37,6 +37,7 @@ Composition::Composition() : run(session->run), input_(MAX_FIELDS + 1) {
     session->printer.InfoDevice = CreateCompatibleDC(nullptr);
     session->device.LogPixelsX = session->device.LogPixelsY = 500;
     tessarine::ApplyMapping(session, session->printer.InfoDevice);
+    session->printer.InfoPixelsX = session->device.LogPixelsX;
     session->form.Header.ReportFilter[0] = CELL_END;
     std::strcpy(session->RunBlock.TempDir, folder.Root().c_str());
     tessarine::AllocPageStore(session);

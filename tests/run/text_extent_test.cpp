@@ -1,0 +1,79 @@
+#include "run/text_extent.h"
+
+#include <cstring>
+
+#include "device/printer.h"
+#include "tests/support/failing_call.h"
+#include "tests/support/form_session.h"
+
+using namespace tessarine;
+
+namespace {
+
+// A session on the real printer, whose font row 0 is measured.
+class TextExtentTest : public FormSession {
+protected:
+    void SetUp() override { ASSERT_EQ(StartOn(form, KIND_REPORT), 0) << boxes.LastText(); }
+
+    SIZE ByThePrinter(const std::string &text) {
+        const HDC device = session->printer.InfoDevice;
+        const HGDIOBJ old = SelectObject(device, session->form.Fonts[0].Font);
+        SIZE size{};
+        GetTextExtentPoint32A(device, text.c_str(), static_cast<int>(text.size()), &size);
+        SelectObject(device, old);
+        return size;
+    }
+
+    FullForm form;
+};
+
+} // namespace
+
+TEST_F(TextExtentTest, IsThePrintersOwnAlsoOnceTheAdvancesAreKnown) {
+    const std::string pieces[] = {"1", "12",  "1,234.56", "-0.5",    "Wide words", "iiiiiiii",
+                                  "A", "(7)", "99999999", "$ 12.00", "\xE9t\xE9"};
+    for (int round = 0; round < 2; ++round)
+        for (const std::string &head : pieces)
+            for (const std::string &tail : pieces) {
+                const std::string text = head + tail;
+                const SIZE size = TextExtent(session, 0, text.c_str(), false);
+                EXPECT_EQ(size.cx, ByThePrinter(text).cx) << text;
+                EXPECT_EQ(size.cy, ByThePrinter(text).cy) << text;
+            }
+}
+
+TEST_F(TextExtentTest, KnownAdvancesAreNotMeasuredAgain) {
+    TextExtent(session, 0, "0123456789", false);
+    TextExtent(session, 0, "0123456789", false); // now each digit is known
+    int asked = 0;
+    for (const char *text : {"1", "12", "123", "1234", "12345", "123456"}) {
+        const FailingCall counts("GetTextExtentPoint32A", GetTextExtentPoint32A, 0, 1, 0);
+        TextExtent(session, 0, text, false);
+        asked += counts.Seen();
+    }
+    EXPECT_LE(asked, 2); // of six, those that would round a half
+}
+
+TEST_F(TextExtentTest, HeightAloneIsAskedOnce) {
+    EXPECT_EQ(TextExtent(session, 0, "x", true).cy, ByThePrinter("x").cy);
+    const FailingCall fails("GetTextExtentPoint32A", GetTextExtentPoint32A, 0, 1, EVERY_CALL);
+    EXPECT_GT(TextExtent(session, 0, "y", true).cy, 0);
+    EXPECT_EQ(fails.Seen(), 0);
+}
+
+TEST_F(TextExtentTest, AnotherPrinterIsMeasuredAnew) {
+    TextExtent(session, 0, "0", false);
+    TextExtent(session, 0, "0", false);
+    EXPECT_NE(session->run.Measures[0].Advances['0'], 0);
+    ProcessPrinterData(session);
+    EXPECT_EQ(session->run.Measures[0].Advances['0'], 0);
+    EXPECT_EQ(session->run.Measures[0].Height, 0);
+}
+
+TEST_F(TextExtentTest, CharacterWithoutAWholeAdvanceIsAlwaysMeasured) {
+    TextExtent(session, 0, "5", false);
+    session->run.Measures[0].Advances['5'] = 65535;
+    const FailingCall counts("GetTextExtentPoint32A", GetTextExtentPoint32A, 0, 1, 0);
+    EXPECT_EQ(TextExtent(session, 0, "55", false).cx, ByThePrinter("55").cx);
+    EXPECT_GE(counts.Seen(), 1);
+}
