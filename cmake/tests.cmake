@@ -37,6 +37,7 @@ foreach(room IN LISTS rooms)
 endforeach()
 add_room_tests(dll ${import_library})
 if(TARGET dll_tests)
+  target_sources(dll_tests PRIVATE tests/dll/block_sizes.c)
   add_dependencies(dll_tests tessarine import_library)
 endif()
 add_test(NAME tools.PrintedPages

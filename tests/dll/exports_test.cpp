@@ -1,0 +1,146 @@
+// The library as a host has it: through its exports alone.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "tessarine.h"
+#include "tests/dll/block_sizes.h"
+#include "tests/support/form_builder.h"
+#include "tests/support/message_boxes.h"
+#include "tests/support/test_session.h"
+
+namespace {
+
+std::vector<std::string> NamesOfTheModuleDefinition() {
+    std::ifstream file(TEST_ROOT "/frame/tessarine.def");
+    std::vector<std::string> names;
+    std::string word;
+    while (file >> word && word != "EXPORTS") {
+    }
+    while (file >> word) names.push_back(word);
+    return names;
+}
+
+TEST(Exports, EachIsFoundByItsPlainName) {
+    const HMODULE library = GetModuleHandleA("tessarine.dll");
+    ASSERT_TRUE(library);
+    const std::vector<std::string> names = NamesOfTheModuleDefinition();
+    ASSERT_FALSE(names.empty());
+    for (const std::string &name : names)
+        EXPECT_TRUE(GetProcAddress(library, name.c_str())) << name;
+}
+
+TEST(Exports, BlocksHaveTheirSizesInC) {
+    for (int block = 0; block < block_total; ++block)
+        EXPECT_EQ(block_sizes[block].seen, block_sizes[block].wanted) << block_sizes[block].name;
+}
+
+TEST(Exports, UnknownSessionGives18WhateverTheSecondArgument) {
+    for (const int ignored : {0, 1, -1}) EXPECT_EQ(RepRec(55, ignored, 0), CODE_NO_SESSION);
+    int32_t pages = 77;
+    EXPECT_EQ(RepExit(-1, 0, &pages), CODE_NO_SESSION);
+    EXPECT_EQ(pages, 77);
+}
+
+TEST(Exports, MissingFormIsToldAndGives1) {
+    MessageBoxes boxes;
+    RepParams params{};
+    std::strcpy(params.FormFile, "C:\\NO\\SUCH.FP");
+    params.Device = 'F';
+    EXPECT_EQ(RepInit(&params, 0, nullptr, nullptr), CODE_FILE);
+    const std::vector<BoxRecord> expected{{"Fatal Error", "Form File Not Found!", {IDOK}}};
+    EXPECT_EQ(boxes.Log(), expected);
+}
+
+TEST(Exports, NoSessionOfAnOrdinaryWindow) {
+    EXPECT_FALSE(GetSessionPointer(GetDesktopWindow(), 0));
+    EXPECT_FALSE(GetSessionPointer(nullptr, -1));
+    EXPECT_FALSE(RepGetParent(GetDesktopWindow(), 0));
+    EXPECT_EQ(RepSetMsgCallback(nullptr, 99, nullptr), 0);
+}
+
+TEST(Exports, ElevenBlocksAreOneTooMany) {
+    HostData blocks[11]{};
+    for (int block = 0; block < 10; ++block) EXPECT_EQ(SetCRepData(&blocks[block]), block);
+    EXPECT_EQ(SetCRepData(&blocks[10]), 10);
+    for (int block = 0; block < 10; ++block) EXPECT_EQ(RemoveCRepData(&blocks[block]), block);
+    EXPECT_EQ(RemoveCRepData(&blocks[10]), 10);
+}
+
+// A host's window, its messages of ended sessions, and a form of one field.
+class HostRun : public testing::Test {
+protected:
+    HostRun() {
+        parent = CreateWindowExA(0, "STATIC", "Host", 0, 0, 0, 10, 10, nullptr, nullptr, nullptr,
+                                 nullptr);
+        FormBuilder form;
+        form.Section(SECTION_DETAIL_1, 50);
+        const int field = form.Field(FIELD_DATA, "CITY", TYPE_TEXT);
+        form.FieldItem(SECTION_DETAIL_1, 125, 0, 400, 45, field);
+        form.Write(folder.Path("CITY.FP"));
+        std::strcpy(params.FormFile, folder.Path("CITY.FP").c_str());
+        std::strcpy(params.OutputFile, folder.Path("CITY.FRC").c_str());
+        std::strcpy(params.TempDir, folder.Root().c_str());
+        params.Device = 'F';
+        params.Silent = 1;
+        params.ParentWindow = parent;
+        ended.clear();
+    }
+    ~HostRun() override { DestroyWindow(parent); }
+
+    static int32_t __stdcall TakeMessage(HWND window, uint32_t message) {
+        ended.emplace_back(window, message);
+        return 0;
+    }
+    static inline std::vector<std::pair<HWND, uint32_t>> ended;
+
+    TemporaryFolder folder;
+    MessageBoxes boxes;
+    HWND parent;
+    RepParams params{};
+};
+
+TEST_F(HostRun, ReportToAFileTakesNothingButTheExports) {
+    ASSERT_EQ(RepInit(&params, 0, nullptr, nullptr), 0);
+    EXPECT_TRUE(GetSessionPointer(nullptr, params.SessionId));
+    EXPECT_EQ(RepGetParent(nullptr, params.SessionId), parent);
+    for (const char *city : {"Oslo", "Rome"}) {
+        for (int row = 0; row < params.FieldTotal; ++row)
+            if (!std::strcmp(params.FieldTable[row].FieldName, "CITY"))
+                std::strcpy(params.FieldTable[row].TextValue, city);
+        EXPECT_EQ(RepRec(params.SessionId, 12345, 0), 0);
+    }
+    int32_t pages = 0;
+    EXPECT_EQ(RepExit(params.SessionId, 0, &pages), 0);
+    EXPECT_EQ(pages, 1);
+    EXPECT_FALSE(GetSessionPointer(nullptr, params.SessionId));
+    EXPECT_EQ(RepRec(params.SessionId, 0, 0), CODE_NO_SESSION);
+    EXPECT_GT(ReadWholeFile(params.OutputFile).size(), sizeof(ReportFileHeader));
+    EXPECT_EQ(boxes.Texts(), std::vector<std::string>{});
+}
+
+TEST_F(HostRun, EndOfTheSessionIsToldToTheCallbackOnce) {
+    ASSERT_EQ(RepInit(&params, 0, nullptr, nullptr), 0);
+    EXPECT_EQ(RepSetMsgCallback(nullptr, params.SessionId, TakeMessage), 1);
+    RepExit(params.SessionId, 0, nullptr);
+    const std::vector<std::pair<HWND, uint32_t>> expected{{parent, 1024}};
+    EXPECT_EQ(ended, expected);
+}
+
+TEST_F(HostRun, SessionWithoutAParentTellsNobodyThoughACallbackIsSet) {
+    params.ParentWindow = nullptr;
+    ASSERT_EQ(RepInit(&params, 0, nullptr, nullptr), 0);
+    EXPECT_EQ(RepSetMsgCallback(nullptr, params.SessionId, TakeMessage), 1);
+    RepExit(params.SessionId, 0, nullptr);
+    EXPECT_TRUE(ended.empty());
+}
+
+TEST_F(HostRun, EmptyOutputNameGives19) {
+    params.OutputFile[0] = 0;
+    EXPECT_EQ(RepInit(&params, 0, nullptr, nullptr), CODE_NO_OUTPUT_FILE);
+}
+
+} // namespace
