@@ -2,6 +2,7 @@
 #include <cstring>
 
 #include "frame/text_measure.h"
+#include "run/text_extent.h"
 #include "run/text_items.h"
 #include "tests/support/composition.h"
 
