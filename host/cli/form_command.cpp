@@ -15,7 +15,7 @@ int FormBuildCommand(const std::string &json, const std::string &form) {
 }
 
 int FormDumpCommand(const std::string &form, const std::string &json) {
-    WriteFileBytes(json, JsonFromForm(ReadForm(form)));
+    WriteFileBytes(json, JsonFromForm(form, ReadForm(form)));
     std::printf("%s\n", json.c_str());
     return 0;
 }

@@ -6,6 +6,7 @@
 #include "host/data/files.h"
 #include "host/export/report_pages.h"
 #include "host/forms/expression_text.h"
+#include "host/forms/form_check.h"
 #include "host/forms/form_members.h"
 #include "host/forms/form_names.h"
 
@@ -53,10 +54,11 @@ void PrintSections(const FormImage &form) {
 
 void PrintForm(const std::string &path) {
     const FormImage form = ReadForm(path);
+    const int version = ReadFormHeader(path).FormVersion;
+    CheckForm(path, form);
     const FormHeader &header = form.header;
     std::printf("form:    %s\n", Text(header.ReportName, sizeof header.ReportName).c_str());
-    std::printf("kind:    %s, version %d\n", header.LabelType ? "labels" : "report",
-                +header.FormVersion);
+    std::printf("kind:    %s, version %d\n", header.LabelType ? "labels" : "report", version);
     std::printf("margins: %.2f left, %.2f right, %.2f top, %.2f bottom inches\n",
                 static_cast<double>(header.LeftMargin), static_cast<double>(header.RightMargin),
                 static_cast<double>(header.TopMargin), static_cast<double>(header.BottomMargin));

@@ -1,11 +1,10 @@
-#include <atomic>
 #include <cstdio>
 #include <map>
 
-#include <io.h>
-
 #include "host/cli/commands.h"
 #include "host/cli/failure.h"
+#include "host/cli/interrupt.h"
+#include "host/cli/progress.h"
 #include "host/data/files.h"
 #include "host/data/values.h"
 #include "host/export/report_pages.h"
@@ -18,16 +17,11 @@ namespace {
 
 constexpr size_t PROGRESS_STEP = 500; // records
 
-std::atomic<bool> stop_wanted = false;
-
-BOOL WINAPI OnInterrupt(DWORD) {
-    stop_wanted = true;
-    return TRUE;
-}
-
 // Answers by the prompt under which the form asks for a field.
-std::map<std::string, std::string> Answers(const RunOptions &options, const FormImage &form) {
+std::map<std::string, std::string> Answers(const RunOptions &options) {
     std::map<std::string, std::string> answers;
+    if (options.answers.empty()) return answers;
+    const FormImage form = ReadForm(options.form);
     for (const std::string &answer : options.answers) {
         const size_t equals = answer.find('=');
         if (equals == std::string::npos)
@@ -46,21 +40,6 @@ std::map<std::string, std::string> Answers(const RunOptions &options, const Form
     return answers;
 }
 
-class Progress {
-public:
-    explicit Progress(size_t total) : total_(total), live_(_isatty(_fileno(stderr)) != 0) {}
-    void Show(size_t done) const {
-        if (done % PROGRESS_STEP && done != total_) return;
-        std::fprintf(stderr, live_ ? "\r%zu of %zu records" : "%zu of %zu records\n", done, total_);
-        if (live_ && done == total_) std::fprintf(stderr, "\n");
-        std::fflush(stderr);
-    }
-
-private:
-    size_t total_;
-    bool live_;
-};
-
 RunRequest Request(const RunOptions &options) {
     RunRequest request{options.form, options.output, Target::FILE};
     if (options.to == "screen") request.target = Target::SCREEN;
@@ -78,9 +57,9 @@ void Feed(const RunOptions &options, const CsvTable &table, ReportRun *run) {
     for (const std::string &column : feed.unused)
         std::fprintf(stderr, "tess: %s: no field of the form takes the column \"%s\"\n",
                      table.path.c_str(), column.c_str());
-    const Progress progress(feed.Count());
+    const Progress progress(feed.Count(), "records", PROGRESS_STEP);
     for (size_t place = 0; place < feed.Count(); ++place) {
-        if (stop_wanted) throw Failure("stopped; no report was written", EXIT_CANCELLED);
+        if (StopWanted()) throw Failure("stopped; no report was written", EXIT_CANCELLED);
         feed.Write(place, run->Params());
         run->Record();
         progress.Show(place + 1);
@@ -104,12 +83,12 @@ void ShowPreview(ReportRun *run) {
 
 int RunCommand(const RunOptions &options) {
     const RunRequest request = Request(options);
-    const FormImage form = ReadForm(options.form);
+    const FormHeader form = ReadFormHeader(options.form);
     const CsvTable table = ReadCsv(options.data);
     const bool preview = request.target == Target::SCREEN;
-    Unattended unattended(Answers(options, form), preview ? Person::PRESENT : Person::ABSENT);
-    const LabelWords words(form.header.LabelType != 0);
-    SetConsoleCtrlHandler(OnInterrupt, TRUE);
+    Unattended unattended(Answers(options), preview ? Person::PRESENT : Person::ABSENT);
+    const LabelWords words(form.LabelType != 0);
+    WatchInterrupt();
     ReportRun run(request, &unattended);
     const PreviewKeys keys;
     Feed(options, table, &run);

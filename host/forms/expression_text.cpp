@@ -73,10 +73,13 @@ bool DateOf(const FormImage &form, const std::string &literal, int32_t *date) {
 
 // ---- tokens ------------------------------------------------------------------------------------
 
+// Gives the row of a field that isn't there yet.
+using NewRow = int (*)(FormImage *form, const FieldRecord &field, const JsonPlace &place);
+
 class Compiler {
 public:
-    Compiler(FormImage *form, const JsonPlace &place)
-        : form_(form), place_(place), text_(ToCodePage(place.Text())) {}
+    Compiler(FormImage *form, const JsonPlace &place, NewRow new_row)
+        : form_(form), place_(place), new_row_(new_row), text_(place.CodePageText()) {}
 
     void Compile(uint16_t *cells) {
         size_t count = 0;
@@ -101,6 +104,7 @@ private:
         if (IsDigit(c) || (c == '.' && IsDigit(Next(1)))) return Number(before);
         if (c == '.') return DotWord(before);
         if (const int code = LongestOperator()) return code;
+        if (c == '#') return NumberedRow();
         return Name(before);
     }
 
@@ -130,6 +134,8 @@ private:
         if (decimal) ++at_;
         while (decimal && IsDigit(Next())) ++at_;
         const std::string digits = text_.substr(start, at_ - start);
+        if (digits.size() > 100 || (!decimal && std::strtod(digits.c_str(), nullptr) > INT32_MAX))
+            place_.Fail(digits + " is too large; write a point and a zero behind it");
         FieldRecord field = Constant(digits, decimal ? TYPE_DOUBLE : TYPE_NUMERIC);
         if (decimal)
             field.DoubleValue = std::strtod(digits.c_str(), nullptr);
@@ -181,14 +187,23 @@ private:
     int Name(int before) {
         const size_t start = at_++;
         while (!NameStops(start)) ++at_;
-        const std::string name = Upper(text_.substr(start, at_ - start));
-        if (Next() == '(') return CodeOf(name, "is no function");
-        return NamedOperand(name, before);
+        const std::string name = text_.substr(start, at_ - start);
+        if (Next() == '(') return CodeOf(Upper(name), "is no function");
+        if (const int row = NamedRow(*form_, name)) return row;
+        return NamedOperand(Upper(name), before);
+    }
+
+    int NumberedRow() {
+        const size_t start = at_++;
+        while (IsDigit(Next())) ++at_;
+        const std::string text = text_.substr(start, at_ - start);
+        const int row = NamedRow(*form_, text);
+        if (!row) place_.Fail("the form has no field in row " + text);
+        return row;
     }
 
     int NamedOperand(const std::string &name, int before) {
-        if (const size_t mark = name.find('@'); mark != std::string::npos)
-            return OwnRow(name.substr(0, mark), std::atoi(name.c_str() + mark + 1));
+        if (name.size() >= sizeof FieldRecord::FieldName) place_.Fail("a name is too long");
         FieldRecord field = DefaultField();
         Put(field.FieldName, name);
         if (!name.compare(0, 5, "SYS->"))
@@ -198,13 +213,6 @@ private:
         else
             MakeData(name, &field);
         return Operand(field, before);
-    }
-
-    int OwnRow(const std::string &name, int row) const {
-        if (row < 1 || row >= static_cast<int>(form_->fields.size()) ||
-            name != form_->fields[static_cast<size_t>(row)].FieldName)
-            place_.Fail("the form has no field " + name + " in row " + std::to_string(row));
-        return row;
     }
 
     void MakeSystem(const std::string &name, FieldRecord *field) const {
@@ -232,8 +240,11 @@ private:
 
     void MakeData(const std::string &name, FieldRecord *field) const {
         for (const FieldRecord &known : form_->fields) {
-            if (known.FieldKind != FIELD_DATA || !known.InUse || name != known.FieldName) continue;
+            if (known.FieldKind != FIELD_DATA || !known.InUse ||
+                lstrcmpiA(name.c_str(), known.FieldName))
+                continue;
             if (known.ValueType == TYPE_PICTURE) place_.Fail(name + " is a picture");
+            std::memcpy(field->FieldName, known.FieldName, sizeof field->FieldName);
             field->ValueType = known.ValueType;
             field->FieldWidth = known.FieldWidth;
             field->Decimals = known.Decimals;
@@ -258,7 +269,7 @@ private:
             for (size_t row = 1; row < form_->fields.size(); ++row)
                 if (Same(form_->fields[row], field)) return static_cast<int>(row);
         }
-        return AppendField(form_, field, place_);
+        return new_row_(form_, field, place_);
     }
 
     static bool Same(const FieldRecord &row, const FieldRecord &field) {
@@ -268,9 +279,43 @@ private:
 
     FormImage *form_;
     const JsonPlace &place_;
+    NewRow new_row_;
     std::string text_;
     size_t at_ = 0;
 };
+
+[[noreturn]] int RefuseRow(FormImage *, const FieldRecord &, const JsonPlace &place) {
+    place.Fail("a row is missing");
+}
+
+// Whether a text means these cells, without a new row.
+bool Means(const FormImage &form, const std::string &text, const uint16_t *cells, size_t count) {
+    const Json value = ToUtf8(text);
+    AskedMembers asked;
+    const JsonPlace place(value, "", &asked);
+    uint16_t found[MAX_CELLS];
+    try {
+        // nothing is appended, so the form stays as it is
+        Compiler(const_cast<FormImage *>(&form), place, RefuseRow).Compile(found);
+    } catch (const JsonMistake &) {
+        return false;
+    }
+    return std::equal(found, found + count, cells) && found[count] == CELL_END;
+}
+
+std::string OperandText(const FormImage &form, const uint16_t *cell) {
+    const size_t row = *cell;
+    const std::string name = form.fields[row].FieldName;
+    const std::string marked = name + "@" + std::to_string(row);
+    if (Means(form, name, cell, 1) && form.fields[row].FieldFlags & FIELD_SHARED) return name;
+    return Means(form, marked, cell, 1) ? marked : "#" + std::to_string(row);
+}
+
+std::string OperatorText(int cell, bool first) {
+    const std::string word = operators[cell - CELL_FIRST_OPERATOR];
+    const bool spaced = word.size() > 1 && word.front() == '.';
+    return spaced ? (first ? "" : " ") + word + " " : word;
+}
 
 } // namespace
 
@@ -307,22 +352,34 @@ int AppendField(FormImage *form, const FieldRecord &field, const JsonPlace &plac
 
 std::string ExpressionOf(const FormImage &form, const uint16_t *cells) {
     std::string text;
-    for (int place = 0; place < MAX_CELLS && cells[place] != CELL_END; ++place) {
-        const size_t cell = cells[place];
-        if (cell >= CELL_FIRST_OPERATOR && cell <= CELL_LAST_OPERATOR) {
-            const std::string word = operators[cell - CELL_FIRST_OPERATOR];
-            const bool spaced = word.size() > 1 && word.front() == '.';
-            text += spaced ? (text.empty() ? "" : " ") + word + " " : word;
-        } else if (cell < form.fields.size()) {
-            const FieldRecord &field = form.fields[cell];
-            text += field.FieldName;
-            if (!(field.FieldFlags & FIELD_SHARED)) text += "@" + std::to_string(cell);
-        }
+    std::string spaced;
+    size_t count = 0;
+    for (; count < MAX_CELLS && cells[count] != CELL_END; ++count) {
+        const uint16_t *cell = cells + count;
+        const std::string part = *cell >= CELL_FIRST_OPERATOR && *cell <= CELL_LAST_OPERATOR
+                                     ? OperatorText(*cell, count == 0)
+                                 : *cell < form.fields.size() ? OperandText(form, cell)
+                                                              : "";
+        text += part;
+        spaced += (count ? " " : "") + part;
     }
     while (!text.empty() && text.back() == ' ') text.pop_back();
-    return ToUtf8(text);
+    return ToUtf8(Means(form, text, cells, count) ? text : spaced);
+}
+
+int NamedRow(const FormImage &form, const std::string &text) {
+    const size_t mark = text.find_last_of("@#");
+    if (mark == std::string::npos || (text[mark] == '#' && mark > 0)) return 0;
+    const std::string digits = text.substr(mark + 1);
+    if (digits.empty() || digits.size() > 3 ||
+        digits.find_first_not_of("0123456789") != digits.npos)
+        return 0;
+    const auto row = static_cast<size_t>(std::stoi(digits));
+    if (row < 1 || row >= form.fields.size()) return 0;
+    const bool named = text[mark] == '#' || text.substr(0, mark) == form.fields[row].FieldName;
+    return named ? static_cast<int>(row) : 0;
 }
 
 void CompileExpression(FormImage *form, const JsonPlace &place, uint16_t *cells) {
-    Compiler(form, place).Compile(cells);
+    Compiler(form, place, AppendField).Compile(cells);
 }

@@ -12,7 +12,11 @@ FieldRecord DefaultField();
 // is a mistake at the place.
 int AppendField(FormImage *form, const FieldRecord &field, const JsonPlace &place);
 
-// The text of a list of cells. A row that belongs to this expression alone is written NAME@ROW.
+// The row that NAME@ROW or #ROW tells, 0 when the text is neither or the row bears another name.
+int NamedRow(const FormImage &form, const std::string &text);
+
+// The text of a list of cells, which compiles to these cells again. A row that its plain name
+// wouldn't find is written NAME@ROW, or #ROW when the name can't stand in an expression.
 std::string ExpressionOf(const FormImage &form, const uint16_t *cells);
 
 // Compiles the text at a place into cells; constants and operands get rows of their own. A data

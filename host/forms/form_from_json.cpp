@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
+#include <set>
 
 #include "host/cli/failure.h"
 #include "host/data/csv_source.h"
@@ -29,6 +29,7 @@ int TakeName(const char *const (&names)[Count], const JsonPlace &object, const c
              int usual) {
     if (!object.Has(name)) return usual;
     const JsonPlace place = object.At(name);
+    if (place.Value().is_number()) return place.Whole(INT16_MIN, UINT16_MAX);
     const std::string text = place.Text();
     std::string known;
     for (size_t value = 0; value < Count; ++value) {
@@ -38,10 +39,34 @@ int TakeName(const char *const (&names)[Count], const JsonPlace &object, const c
     place.Fail("\"" + text + "\" is none of " + known);
 }
 
+// Refuses what a parser lets pass: members that stand twice, and nesting without end.
+class JsonWatch {
+public:
+    bool operator()(int depth, Json::parse_event_t event, const Json &value) {
+        const auto level = static_cast<size_t>(depth);
+        if (level > DEEPEST) throw Failure("lists and objects stand too deep in one another");
+        if (names_.size() < level + 2) names_.resize(level + 2);
+        if (event == Json::parse_event_t::object_start) names_[level + 1].clear();
+        if (event == Json::parse_event_t::key && !names_[level].insert(value).second)
+            throw Failure(value.dump() + " stands twice in one object");
+        return true;
+    }
+
+private:
+    static constexpr size_t DEEPEST = 32;
+    std::vector<std::set<std::string>> names_;
+};
+
+int16_t Short(double units, const JsonPlace &place) {
+    if (!(units >= INT16_MIN && units <= INT16_MAX))
+        place.Fail("the place lies outside of what a form can hold");
+    return static_cast<int16_t>(units);
+}
+
 class FormBuilder {
 public:
     FormBuilder(const Json &root, std::string folder)
-        : root_(root, ""), folder_(std::move(folder)) {}
+        : root_(root, "", &asked_), folder_(std::move(folder)) {}
 
     // Rows first, expressions last: an expression may name any row.
     FormImage Build() {
@@ -57,6 +82,7 @@ public:
         AddGroupItem();
         TakeExpressions();
         SettleHeader();
+        root_.RefuseUnknown();
         return form_;
     }
 
@@ -88,6 +114,8 @@ private:
 
     static std::string Unhex(const JsonPlace &place) {
         const std::string text = place.Text();
+        if (text.size() % 2 || text.find_first_not_of("0123456789abcdefABCDEF") != text.npos)
+            place.Fail("pairs of hexadecimal digits are expected here");
         std::string bytes;
         for (size_t index = 0; index + 1 < text.size(); index += 2)
             bytes += static_cast<char>(std::stoi(text.substr(index, 2), nullptr, 16));
@@ -97,7 +125,7 @@ private:
     // A bitmap file: behind its 14 bytes of file header stand the information block and the bits.
     void TakePictureFile(const JsonPlace &place, FontImage *font) const {
         const std::string name = place.Text();
-        const std::string bytes = ReadFileBytes(folder_ + ToCodePage(name));
+        const std::string bytes = PictureBytes(place);
         BITMAPFILEHEADER file{};
         BITMAPINFOHEADER info{};
         if (bytes.size() < sizeof file + sizeof info) place.Fail(name + " is no bitmap file");
@@ -110,13 +138,21 @@ private:
         font->bits = bytes.substr(file.bfOffBits);
     }
 
+    std::string PictureBytes(const JsonPlace &place) const {
+        try {
+            return ReadFileBytes(folder_ + place.CodePageText());
+        } catch (const Failure &failure) {
+            place.Fail(failure.what());
+        }
+    }
+
     void TakeFont(const JsonPlace &place) {
         FontImage font;
         font.picture = place.Has("picture") || place.Has("picture info");
         if (font.picture) {
             font.point_height =
-                static_cast<uint16_t>(place.At("point height").Whole(1, UINT16_MAX));
-            font.point_width = static_cast<uint16_t>(place.At("point width").Whole(1, UINT16_MAX));
+                static_cast<uint16_t>(place.At("point height").Whole(0, UINT16_MAX));
+            font.point_width = static_cast<uint16_t>(place.At("point width").Whole(0, UINT16_MAX));
             if (place.Has("picture")) {
                 TakePictureFile(place.At("picture"), &font);
             } else {
@@ -133,15 +169,16 @@ private:
 
     static void TakeTextFont(const JsonPlace &place, PortableFont *font) {
         *font = DefaultFont();
-        Take(font_members, place, font);
-        if (place.Has("points"))
-            font->Height =
-                static_cast<int16_t>(-std::lround(place.At("points").Number() * 250.0 / 72.0));
-        if (place.Has("bold") && place.At("bold").Value() == true) font->Weight = FW_BOLD;
         const int style = TakeSet(font_flags, place, "style", 0);
         font->Italic = style & 1 ? 1 : 0;
         font->Underline = style & 2 ? 1 : 0;
         font->StrikeOut = style & 4 ? 1 : 0;
+        Take(font_members, place, font);
+        if (place.Has("points")) {
+            const JsonPlace points = place.At("points");
+            font->Height = Short(-std::round(points.Number() * 250.0 / 72.0), points);
+        }
+        if (place.Has("bold") && place.At("bold").Flag()) font->Weight = FW_BOLD;
     }
 
     int16_t FontRow(const JsonPlace &place) const {
@@ -164,7 +201,7 @@ private:
         field.ValueType = static_cast<int16_t>(TakeName(type_names, place, "type", TYPE_TEXT));
         Take(field_members, place, &field);
         if (place.Has("name")) {
-            const std::string name = ToCodePage(place.At("name").Text());
+            const std::string name = place.At("name").CodePageText();
             if (name.size() >= sizeof field.FieldName)
                 place.At("name").Fail("the name is too long");
             std::memcpy(field.FieldName, name.data(), name.size());
@@ -203,6 +240,8 @@ private:
         const int row =
             place.Has("row") ? place.At("row").Whole(0, MAX_USER_FIELDS - 1) : FreeUserRow(place);
         UserFieldRecord *user = &form_.users[row];
+        if (user->InUse) place.At("row").Fail("two user fields stand in this row");
+        user_rows_.push_back(row);
         user->InUse = 1;
         user->UserWidth = 20;
         user->ValueType = static_cast<int16_t>(TakeName(type_names, place, "type", TYPE_TEXT));
@@ -223,13 +262,11 @@ private:
 
     // A field by its name, or by NAME@ROW where several bear it.
     int16_t FieldRow(const JsonPlace &place) const {
-        const std::string text = ToCodePage(place.Text());
-        const size_t mark = text.rfind('@');
-        const std::string name = text.substr(0, mark);
-        const int wanted = mark == std::string::npos ? 0 : std::atoi(text.c_str() + mark + 1);
+        const std::string text = place.CodePageText();
+        const int named = NamedRow(form_, text);
+        if (named > 0) return static_cast<int16_t>(named);
         for (size_t row = 1; row < form_.fields.size(); ++row)
-            if (name == form_.fields[row].FieldName && form_.fields[row].InUse &&
-                (!wanted || wanted == static_cast<int>(row)))
+            if (text == form_.fields[row].FieldName && form_.fields[row].InUse)
                 return static_cast<int16_t>(row);
         place.Fail("the form has no field \"" + place.Text() + "\"; add it to \"fields\"");
     }
@@ -271,6 +308,7 @@ private:
         section->InUse = 1;
         section->SectionFlags = static_cast<uint16_t>(TakeSet(section_flags, place, "flags", 0));
         Take(section_members, place, section);
+        if (section->Across < 1) place.At("across").Fail("at least 1 is expected here");
         section->BarItem = static_cast<int16_t>(form_.items.size());
         const ItemRecord bar = TakeBar(place, number);
         AddItem(place, bar);
@@ -285,16 +323,16 @@ private:
     ItemRecord TakeBar(const JsonPlace &place, int number) const {
         const double paper_width = form_.header.LabelType ? 0.0 : 8.5;
         ItemRecord bar = DefaultItem(ITEM_BAR);
-        bar.x =
-            static_cast<int16_t>(std::max(static_cast<int>(form_.header.LeftMargin * 250.0), 62));
-        bar.width = static_cast<int16_t>(
-            form_.header.LabelType
-                ? form_.header.LabelGeometry.LabelWidth * 250.0
-                : (paper_width - form_.header.LeftMargin - form_.header.RightMargin) * 250.0 /
-                      form_.sections[number].Across);
-        bar.y = static_cast<int16_t>(y_);
+        bar.x = std::max(Short(form_.header.LeftMargin * 250.0, place), int16_t{62});
+        bar.width = Short(form_.header.LabelType
+                              ? form_.header.LabelGeometry.LabelWidth * 250.0
+                              : (paper_width - form_.header.LeftMargin - form_.header.RightMargin) *
+                                    250.0 / form_.sections[number].Across,
+                          place);
+        bar.y = Short(y_, place);
         if (place.Has("bar")) TakeItemMembers(place.At("bar"), &bar, y_);
-        bar.height = static_cast<int16_t>(place.At("height").Measure() + form_.header.BarHeight);
+        const JsonPlace height = place.At("height");
+        bar.height = Short(height.Measure() + form_.header.BarHeight, height);
         bar.SectionIndex = static_cast<int16_t>(number);
         return bar;
     }
@@ -331,9 +369,7 @@ private:
 
     static int16_t Coordinate(const JsonPlace &pair, size_t index, int offset) {
         if (pair.Size() != 2) pair.Fail("two measures are expected here");
-        const int value = pair.At(index).Measure() + offset;
-        if (value < INT16_MIN || value > INT16_MAX) pair.Fail("the place lies outside of the form");
-        return static_cast<int16_t>(value);
+        return Short(pair.At(index).Measure() + offset, pair);
     }
 
     // Every form holds exactly one group item; it stands behind its section's bar.
@@ -363,6 +399,11 @@ private:
             FieldRecord &field = form_.fields[static_cast<size_t>(row)];
             std::copy_n(cells, CellCount(cells), field.FieldTokens);
         });
+        size_t user = 0;
+        ForEach("user fields", [&](const JsonPlace &place) {
+            uint16_t *cells = form_.users[user_rows_[user++]].UserTokens;
+            if (place.Has("expression")) CompileExpression(&form_, place.At("expression"), cells);
+        });
         ForEach("sections", [&](const JsonPlace &place) {
             if (place.Has("filter"))
                 CompileExpression(&form_, place.At("filter"),
@@ -376,9 +417,11 @@ private:
         return count;
     }
 
+    AskedMembers asked_;
     JsonPlace root_;
     std::string folder_;
     FormImage form_;
+    std::vector<int> user_rows_; // in the order of the JSON
     std::vector<std::string> font_names_;
     int y_ = 0; // where the next section or the items of this one begin
     int last_section_ = -1;
@@ -390,12 +433,16 @@ private:
 FormImage FormFromJson(const std::string &path, const std::string &text,
                        const std::string &folder) {
     try {
-        const Json root = Json::parse(text);
+        const Json root = Json::parse(text, JsonWatch());
         return FormBuilder(root, folder).Build();
+    } catch (const Failure &failure) {
+        throw Failure(path + ": " + failure.what());
     } catch (const Json::parse_error &error) {
         const auto end = static_cast<std::ptrdiff_t>(std::min(error.byte, text.size()));
         const auto line = 1 + std::count(text.begin(), text.begin() + end, '\n');
         throw Failure(path + ":" + std::to_string(line) + ": is no sound JSON: " + error.what());
+    } catch (const Json::out_of_range &) {
+        throw Failure(path + ": holds a number that is too large");
     } catch (const JsonMistake &mistake) {
         throw Failure(path + ":" + std::to_string(LineOfPointer(text, mistake.pointer)) + ": " +
                       (mistake.pointer.empty() ? "/" : mistake.pointer) + ": " + mistake.text);

@@ -4,9 +4,12 @@
 
 #include "host/cli/failure.h"
 #include "host/data/files.h"
+#include "host/forms/form_names.h"
 
 namespace {
 
+constexpr int LATER_DETAILS = SECTION_DETAIL_9 - SECTION_DETAIL_1; // unknown to versions 0 and 1
+constexpr size_t FIELD_TAIL = 4; // bytes behind a field of version 0
 constexpr uint16_t KIND_FONT = 0;
 constexpr uint16_t KIND_PICTURE = 1;
 
@@ -64,6 +67,40 @@ FontImage TakeFont(Reader *reader) {
     return font;
 }
 
+void TakeFields(Reader *reader, FormImage *form) {
+    form->fields.resize(form->header.FieldCount);
+    for (FieldRecord &field : form->fields) {
+        reader->Take(&field);
+        if (form->header.FormVersion == 0) reader->TakeText(FIELD_TAIL);
+        field.FieldName[sizeof field.FieldName - 1] = 0;
+    }
+}
+
+void TakeSections(Reader *reader, FormImage *form) {
+    const bool old = form->header.FormVersion < 2;
+    for (int row = 0; row < MAX_SECTIONS; ++row) {
+        if (old && row > SECTION_DETAIL_1 && row <= SECTION_DETAIL_9)
+            form->sections[row] = DefaultSection();
+        else
+            reader->Take(&form->sections[row]);
+    }
+    if (!old) return;
+    const auto renumber = [](int16_t section) {
+        return static_cast<int16_t>(section > SECTION_DETAIL_1 ? section + LATER_DETAILS : section);
+    };
+    for (ItemRecord &item : form->items) item.SectionIndex = renumber(item.SectionIndex);
+    for (FieldRecord &field : form->fields) field.SummarySection = renumber(field.SummarySection);
+    for (BreakFieldRecord &row : form->breaks) row.SectionIndex = renumber(row.SectionIndex);
+}
+
+void TakeUsers(Reader *reader, FormImage *form) {
+    for (UserFieldRecord &user : form->users) {
+        reader->Take(&user);
+        user.UserName[sizeof user.UserName - 1] = 0;
+        user.UserPrompt[sizeof user.UserPrompt - 1] = 0;
+    }
+}
+
 template <typename Record> void Append(std::string *bytes, const Record &record) {
     bytes->append(reinterpret_cast<const char *>(&record), sizeof record);
 }
@@ -95,22 +132,31 @@ FormImage ReadForm(const std::string &path) {
     Reader reader(path, bytes);
     FormImage form;
     reader.Take(&form.header);
-    if (form.header.FormVersion < 2 || form.header.FormVersion > FORM_VERSION)
-        throw Failure(path + ": has the version " + std::to_string(form.header.FormVersion) +
-                      "; save it once with the designer to bring it up to date");
+    if (form.header.FormVersion < 0 || form.header.FormVersion > FORM_VERSION)
+        throw Failure(path + ": has the unknown version " +
+                      std::to_string(form.header.FormVersion) + "; the file is damaged");
     if (form.header.ItemCount > MAX_ITEMS || form.header.FieldCount > MAX_FIELDS ||
         form.header.BreakCount > MAX_BREAKS || form.header.FontCount > MAX_FONTS)
         throw Failure(path + ": its tables pass their limits; the file is damaged");
     reader.TakeRows(&form.items, form.header.ItemCount);
-    reader.TakeRows(&form.fields, form.header.FieldCount);
+    TakeFields(&reader, &form);
     reader.TakeRows(&form.breaks, form.header.BreakCount);
-    reader.Take(&form.sections);
-    reader.Take(&form.users);
+    TakeSections(&reader, &form);
+    TakeUsers(&reader, &form);
     uint8_t marker = 0;
     reader.Take(&marker);
     if (marker != FONT_MARKER) throw Failure(path + ": has no font table; the file is damaged");
     for (int row = 0; row < form.header.FontCount; ++row) form.fonts.push_back(TakeFont(&reader));
+    form.header.FormVersion = FORM_VERSION;
     return form;
+}
+
+FormHeader ReadFormHeader(const std::string &path) {
+    FormHeader header{};
+    const std::string bytes = ReadFileStart(path, sizeof header);
+    if (!IsForm(bytes)) throw Failure(path + ": is not a form file");
+    std::memcpy(&header, bytes.data(), sizeof header);
+    return header;
 }
 
 std::string FormBytes(const FormImage &form) {

@@ -25,8 +25,11 @@ struct FormImage {
     std::vector<FontImage> fonts;
 };
 
-// Throws Failure when the file is no form of version 4 or is cut short.
+// Reads a form of any version, brought up to date. Throws Failure when the file is no form or is
+// cut short. What the rows point to is not looked at.
 FormImage ReadForm(const std::string &path);
 // The file's bytes; the counts of the header are taken from the tables.
 std::string FormBytes(const FormImage &form);
+// The header alone. Throws Failure when the file is no form.
+FormHeader ReadFormHeader(const std::string &path);
 bool IsForm(const std::string &bytes);

@@ -143,6 +143,14 @@ inline constexpr Member font_members[] = {
     MEMBER(PortableFont, Escapement, Int16, "escapement"),
     MEMBER(PortableFont, Orientation, Int16, "orientation"),
     MEMBER(PortableFont, Weight, Int16, "weight"),
+    MEMBER(PortableFont, Italic, Byte8, "italic byte"),
+    MEMBER(PortableFont, Underline, Byte8, "underline byte"),
+    MEMBER(PortableFont, StrikeOut, Byte8, "strike out byte"),
+    MEMBER(PortableFont, CharSet, Byte8, "character set"),
+    MEMBER(PortableFont, OutPrecision, Byte8, "out precision"),
+    MEMBER(PortableFont, ClipPrecision, Byte8, "clip precision"),
+    MEMBER(PortableFont, Quality, Byte8, "quality"),
+    MEMBER(PortableFont, PitchAndFamily, Byte8, "pitch and family"),
 };
 
 inline constexpr FlagWord item_flags[] = {

@@ -1,6 +1,5 @@
-#include <cstring>
-
 #include "host/forms/expression_text.h"
+#include "host/forms/form_check.h"
 #include "host/forms/form_json.h"
 #include "host/forms/form_members.h"
 #include "host/forms/form_names.h"
@@ -20,8 +19,11 @@ void DumpSet(const FlagWord (&words)[Count], int flags, int usual, const char *n
 template <size_t Count>
 void DumpName(const char *const (&names)[Count], int value, int usual, const char *name,
               Json *object) {
-    if (value != usual && value >= 0 && value < static_cast<int>(Count))
+    if (value == usual) return;
+    if (value >= 0 && value < static_cast<int>(Count))
         (*object)[name] = names[value];
+    else
+        (*object)[name] = value;
 }
 
 void DumpCells(const FormImage &form, const uint16_t *cells, const char *name, Json *object) {
@@ -61,7 +63,10 @@ Json DumpFont(const FontImage &font) {
         object["picture bits"] = Hex(font.bits);
         return object;
     }
-    const PortableFont usual = DefaultFont();
+    PortableFont usual = DefaultFont();
+    usual.Italic = font.font.Italic ? 1 : 0;
+    usual.Underline = font.font.Underline ? 1 : 0;
+    usual.StrikeOut = font.font.StrikeOut ? 1 : 0;
     Dump(font_members, &font.font, &usual, &object);
     const int style =
         (font.font.Italic ? 1 : 0) | (font.font.Underline ? 2 : 0) | (font.font.StrikeOut ? 4 : 0);
@@ -70,6 +75,8 @@ Json DumpFont(const FontImage &font) {
 }
 
 Json DumpField(const FormImage &form, const FieldRecord &field) {
+    if (field.FieldKind == FIELD_FREE)
+        return {{"kind", "free"}}; // what else it holds means nothing
     const FieldRecord usual = DefaultField();
     Json object = Json::object();
     if (*field.FieldName) object["name"] = ToUtf8(field.FieldName);
@@ -136,16 +143,17 @@ Json DumpSection(const FormImage &form, int number, size_t bar_row) {
     bar_object.erase("item");
     object["bar"] = bar_object;
     Json items = Json::array();
-    for (size_t row = bar_row + 1; row < form.items.size() && form.items[row].ItemType != ITEM_BAR;
-         ++row)
-        items.push_back(DumpItem(form, form.items[row], bar.y + form.header.BarHeight));
+    for (const ItemRecord &item : form.items)
+        if (item.ItemType != ITEM_BAR && item.SectionIndex == number)
+            items.push_back(DumpItem(form, item, bar.y + form.header.BarHeight));
     object["items"] = items;
     return object;
 }
 
 } // namespace
 
-std::string JsonFromForm(const FormImage &form) {
+std::string JsonFromForm(const std::string &path, const FormImage &form) {
+    CheckForm(path, form);
     Json root = Json::object();
     root["form"] = DumpHeader(form);
     for (const FontImage &font : form.fonts) root["fonts"].push_back(DumpFont(font));

@@ -3,13 +3,22 @@
 #include <algorithm>
 #include <vector>
 
+#include <nlohmann/json.hpp>
+
 namespace {
+
+std::string Unescaped(const std::string &step) {
+    std::string name;
+    for (size_t place = 0; place < step.size(); ++place)
+        name += step[place] != '~' ? step[place] : step[++place] == '0' ? '~' : '/';
+    return name;
+}
 
 std::vector<std::string> Steps(const std::string &pointer) {
     std::vector<std::string> steps;
     for (size_t start = 1; start <= pointer.size();) {
         const size_t end = std::min(pointer.find('/', start), pointer.size());
-        steps.push_back(pointer.substr(start, end - start));
+        steps.push_back(Unescaped(pointer.substr(start, end - start)));
         start = end + 1;
     }
     return steps;
@@ -34,7 +43,8 @@ private:
         const size_t start = ++place_;
         while (place_ < text_.size() && text_[place_] != '"')
             place_ += text_[place_] == '\\' ? 2 : 1;
-        return text_.substr(start, place_++ - start);
+        const std::string quoted = text_.substr(start - 1, ++place_ - start + 1);
+        return nlohmann::json::parse(quoted).get<std::string>();
     }
 
     // depth: how many steps lead here, or NOT_ON_THE_WAY.

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <set>
 #include <string>
 
 #include <nlohmann/json.hpp>
@@ -16,33 +17,43 @@ struct JsonMistake {
     std::string text;
 };
 
+// The pointers of all members that were asked for: a member that nobody asked for is a mistake.
+using AskedMembers = std::set<std::string>;
+
 // A JSON value with the pointer that leads to it.
 class JsonPlace {
 public:
-    JsonPlace(const Json &value, std::string pointer)
-        : value_(value), pointer_(std::move(pointer)) {}
+    JsonPlace(const Json &value, std::string pointer, AskedMembers *asked)
+        : value_(value), pointer_(std::move(pointer)), asked_(asked) {}
 
     const Json &Value() const { return value_; }
     [[noreturn]] void Fail(const std::string &text) const { throw JsonMistake{pointer_, text}; }
 
-    bool Has(const std::string &name) const { return value_.is_object() && value_.contains(name); }
+    bool Has(const std::string &name) const;
     JsonPlace At(const std::string &name) const; // a member that must be there
     JsonPlace At(size_t index) const;
     size_t Size() const; // of a list; anything else is a mistake
     std::string Text() const;
+    std::string CodePageText() const; // a mistake where the code page lacks a character
+    bool Flag() const;
     double Number() const;
     int Whole(int low, int high) const;
     // Form units: a whole number, or a text such as "1.5in".
     int Measure() const;
-    // Every member's name must be known to one of the callers' tables.
     void Object() const;
+    // Every member here and below must have been asked for by one of the readers.
+    void RefuseUnknown() const;
 
 private:
+    std::string PointerTo(const std::string &name) const;
+    [[noreturn]] void FailUnknown(const std::string &name) const;
+
     const Json &value_;
     std::string pointer_;
+    AskedMembers *asked_;
 };
 
-enum class MemberKind { Int16, Word16, Int32, Word32, Float, Double, Text, Color, Units };
+enum class MemberKind { Byte8, Int16, Word16, Int32, Word32, Float, Double, Text, Color, Units };
 
 struct Member {
     const char *name;
@@ -60,7 +71,7 @@ void DumpMembers(const Member *members, size_t count, const void *record, const 
 // Takes the members that object has.
 void TakeMembers(const Member *members, size_t count, const JsonPlace &object, void *record);
 
-// A set of flags as a list of words.
+// A set of flags as a list of words; bits that have no word stand in it as a number.
 struct FlagWord {
     const char *name;
     int flag;
