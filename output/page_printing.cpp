@@ -91,6 +91,7 @@ void PrintRange(Session *session, HDC device) {
         page.Reset(ReadMetaFilePage(session, index, session->pages.PrintPagePath, page.Leave()));
         if (page) PlayMetaFile(device, page.Get());
         EndPage(device);
+        ScrPrintProc(device, 0); // not every printer calls its abort procedure at a page's end
         RaisePending(session);
         if (session->run.CancelState == CANCEL_STOP) break;
         ++session->run.PageCount;

@@ -1,7 +1,9 @@
 // Printing from the preview: ranges, cancelling, failures, while the run goes on and behind it.
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
 
 #include "frame/session_table.h"
 #include "output/print_job.h"
@@ -11,6 +13,7 @@
 #include "tests/support/message_boxes.h"
 #include "tests/support/printer_calls.h"
 #include "tests/support/report_run.h"
+#include "tests/support/tess_program.h"
 
 using namespace tessarine;
 
@@ -62,7 +65,7 @@ protected:
             SetDlgItemTextA(dialog, 897, last);
             SetFocus(GetDlgItem(dialog, IDOK));
             SendMessageA(dialog, WM_COMMAND, IDOK, 0);
-            if (!IsWindowVisible(dialog)) return;
+            if (IsWindowEnabled(session->device.Window)) return; // it was accepted
             focus_behind_refusal = GetDlgCtrlID(GetFocus());
             PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
         });
@@ -147,6 +150,32 @@ TEST_F(PreviewPrinting, FinishedReportOffersItsLastPage) {
     EXPECT_EQ(Ask("3", "3"), 1);
     EXPECT_TRUE(boxes.Log().empty());
     EXPECT_EQ(calls.Count("EndPage"), 1);
+}
+
+namespace {
+UINT help_command = 0;
+ULONG_PTR help_number = 0;
+BOOL WINAPI NoteHelp(HWND, LPCSTR, UINT command, ULONG_PTR number) {
+    help_command = command;
+    help_number = number;
+    return TRUE;
+}
+} // namespace
+
+TEST_F(PreviewPrinting, HelpOfTheRangeIs3036AndTheDialogStays) {
+    FeedToPage(3);
+    void *real = ReplaceImport("WinHelpA", reinterpret_cast<void *>(NoteHelp));
+    bool stays = false;
+    boxes.OnDialog("Print Selected Pages", [&](HWND dialog) {
+        SendMessageA(dialog, WM_COMMAND, 1054, 0);
+        stays = !IsWindowEnabled(session->device.Window); // its end would enable it
+        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    EXPECT_EQ(PrintPages(session, 1), 1);
+    ReplaceImport("WinHelpA", real);
+    EXPECT_TRUE(stays);
+    EXPECT_EQ(help_command, 1u);
+    EXPECT_EQ(help_number, 3036u);
 }
 
 // ---- the job -----------------------------------------------------------------------------------
@@ -389,6 +418,53 @@ TEST_F(PreviewPrinting, SilentJobOfASavedReportHasNoDialogAndStillADocument) {
     EXPECT_EQ(calls.Log(), (Calls{"StartDocA", "StartPage", "EndPage", "EndDoc"}));
 }
 
+// ---- the printer itself ------------------------------------------------------------------------
+
+namespace {
+// How many pages the document of this name has; 0 when none comes.
+int PrintedPages(const std::string &title) {
+    const std::string ending = title + ".ps";
+    int pages = 0;
+    Comes([&] {
+        std::error_code ignored;
+        const std::string folder = std::string("Z:") + std::getenv("TESSARINE_PRINT_DIR");
+        for (const auto &file : std::filesystem::directory_iterator(folder, ignored)) {
+            if (!file.path().filename().string().ends_with(ending)) continue;
+            const std::string document = ReadWholeFile(file.path().string());
+            for (size_t at = 0; (at = document.find("%%Page:", at)) != std::string::npos; ++at)
+                ++pages;
+        }
+        return pages > 0;
+    });
+    return pages;
+}
+} // namespace
+
+TEST_F(PreviewPrinting, PrinterGetsThePagesOfTheRange) {
+    const std::string title = "range" + std::to_string(GetTickCount());
+    std::strcpy(session->form.Header.ReportName, title.c_str());
+    FeedToPage(5);
+    EXPECT_EQ(Ask("2", "4"), 1);
+    EXPECT_TRUE(boxes.Log().empty());
+    EXPECT_EQ(PrintedPages(title), 3);
+}
+
+TEST_F(PreviewPrinting, CancelReachesTheJobWhileThePrinterEndsThePage) {
+    const std::string title = "cancel" + std::to_string(GetTickCount());
+    std::strcpy(session->form.Header.ReportName, title.c_str());
+    FeedToPage(5);
+    {
+        PrinterCalls calls(PrinterCalls::REAL);
+        calls.Before("EndPage", [&](HDC) {
+            if (calls.Count("EndPage") == 2)
+                PostMessageA(session->run.AbortDialog, WM_COMMAND, IDCANCEL, 0);
+        });
+        EXPECT_EQ(Print(1, 4), 1);
+        EXPECT_EQ(calls.Log(), two_pages);
+    }
+    EXPECT_EQ(PrintedPages(title), 2);
+}
+
 // ---- leaks -------------------------------------------------------------------------------------
 
 namespace {
@@ -397,6 +473,16 @@ uintptr_t NextHandle() {
     const HANDLE event = CreateEventA(nullptr, FALSE, FALSE, nullptr);
     CloseHandle(event);
     return reinterpret_cast<uintptr_t>(event);
+}
+} // namespace
+
+// The windows of this thread, dialogs among them.
+namespace {
+BOOL CALLBACK CountWindow(HWND, LPARAM counter) { return ++*reinterpret_cast<int *>(counter); }
+int CountWindows() {
+    int count = 0;
+    EnumThreadWindows(GetCurrentThreadId(), CountWindow, reinterpret_cast<LPARAM>(&count));
+    return count;
 }
 } // namespace
 
@@ -410,10 +496,12 @@ TEST_F(PreviewPrinting, TwoHundredJobsLeakNothing) {
     });
     Print(1, 2);
     const int objects = CountGdiObjects();
+    const int windows = CountWindows();
     const uintptr_t handle = NextHandle();
     const SIZE_T settings = GlobalSize(session->printer.DevModeMemory);
     for (int job = 0; job < 200; ++job) ASSERT_EQ(Print(1, 2), 1);
     EXPECT_LE(CountGdiObjects(), objects + 1);
+    EXPECT_LE(CountWindows(), windows);
     EXPECT_LE(NextHandle(), handle + 100); // a file left open at each would count 800
     EXPECT_EQ(GlobalSize(session->printer.DevModeMemory), settings);
     EXPECT_EQ(calls.Count("EndDoc"), 201);

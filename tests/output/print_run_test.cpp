@@ -4,9 +4,11 @@
 #include <cstring>
 #include <memory>
 
+#include "frame/memory.h"
 #include "frame/session_table.h"
 #include "output/print_job.h"
 #include "tests/support/failing_call.h"
+#include "tests/support/gdi_objects.h"
 #include "tests/support/host_window.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/page_texts.h"
@@ -355,4 +357,24 @@ TEST_F(RunToDisk, ReportOfNoRecordsLeavesNoFileAndSays0UnlessSilent) {
         EXPECT_EQ(boxes.Texts(), quiet ? Calls{} : Calls{"0 Record(s) Printed"});
         EXPECT_EQ(GetFileAttributesA(run->params.OutputFile), INVALID_FILE_ATTRIBUTES);
     }
+}
+
+// ---- leaks -------------------------------------------------------------------------------------
+
+// The printer itself is left out: its own work for 200 documents takes minutes.
+TEST_F(RunToPrinter, TwoHundredRunsLeakNothing) {
+    const ListForm form;
+    const auto print = [&](bool cancelled) {
+        if (const int code = Start('P', form)) return code;
+        if (const int code = Feed(2)) return code;
+        if (cancelled) PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+        return run->Finish();
+    };
+    for (int time = 0; time < 2; ++time) ASSERT_EQ(print(time), 0) << boxes.LastText();
+    const int objects = CountGdiObjects();
+    const int blocks = LiveBlocks();
+    for (int time = 0; time < 200; ++time) ASSERT_EQ(print(time % 4 == 0), 0) << boxes.LastText();
+    EXPECT_LE(CountGdiObjects(), objects + 1);
+    EXPECT_EQ(LiveBlocks(), blocks);
+    EXPECT_EQ(calls.Count("EndDoc"), 202);
 }
