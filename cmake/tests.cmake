@@ -49,6 +49,8 @@ if(TARGET host)
     target_sources(host_tests PRIVATE host/tess.rc)
     add_dependencies(host_tests tess)
   endif()
+  add_test(NAME tools.FullDisk
+    COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/full_disk.sh $<TARGET_FILE:tess> ${CMAKE_SOURCE_DIR})
   add_test(NAME tools.IndependentReader
     COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/independent_reader.sh $<TARGET_FILE:tess>
             ${CMAKE_SOURCE_DIR})

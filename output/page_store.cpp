@@ -62,14 +62,18 @@ void MoveBytes(Session *session, HANDLE input, HANDLE output, int64_t byteCount)
     }
 }
 
-// Writes the finished recording to the scratch file and returns how many bytes it has there.
+// Writes the finished recording to the scratch file and returns how many bytes it has there. A full
+// disk isn't always told: the file is short then.
 int32_t WriteTransferFile(Session *session, HMETAFILE page) {
     const char *path = session->pages.TransferPath;
     DeleteFileA(path);
     const HMETAFILE on_disk = CopyMetaFileA(page, path);
-    if (!on_disk) FatalError(session, "Error Copying Meta File(TransferMetaFile)", CODE_FILE);
-    DeleteMetaFile(on_disk);
-    return FileLength(path);
+    const bool copied = on_disk != nullptr;
+    if (copied) DeleteMetaFile(on_disk);
+    const int32_t length = FileLength(path);
+    if (!copied || length != static_cast<int32_t>(GetMetaFileBitsEx(page, 0, nullptr)))
+        FatalError(session, "Error Copying Meta File(TransferMetaFile)", CODE_FILE);
+    return length;
 }
 
 } // namespace

@@ -67,7 +67,12 @@ std::vector<std::string> ReportRun::Start() {
     return unattended_->TakeTexts();
 }
 
-void ReportRun::Record() { Check(RepRec(params_.SessionId, 0, 0), request_.form); }
+// What can't be stored while records come is the report's, everything else the form's.
+void ReportRun::Record() {
+    const int code = RepRec(params_.SessionId, 0, 0);
+    const bool storing = code == CODE_FILE && request_.target == Target::FILE;
+    Check(code, storing ? request_.output : request_.form);
+}
 
 bool ReportRun::Finish() {
     open_ = false;

@@ -34,7 +34,7 @@ SCROLLINFO Bar(int extent, int client, int position) {
 
 } // namespace
 
-PageView::PageView(PaperSize paper, int page_count, double pixels_per_inch)
+PageView::PageView(const PaperSize &paper, int page_count, double pixels_per_inch)
     : paper_(paper), page_count_(page_count), pixels_per_inch_(pixels_per_inch) {}
 
 SIZE PageView::Extent() const {

@@ -10,7 +10,7 @@ enum class Fit { NONE, PAGE, WIDTH };
 class PageView {
 public:
     // pixels_per_inch: of the screen, which is a zoom of 1.
-    PageView(PaperSize paper, int page_count, double pixels_per_inch);
+    PageView(const PaperSize &paper, int page_count, double pixels_per_inch);
 
     int Page() const { return page_; }
     int PageCount() const { return page_count_; }
