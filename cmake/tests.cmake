@@ -54,4 +54,6 @@ if(TARGET host)
   add_test(NAME tools.IndependentReader
     COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/independent_reader.sh $<TARGET_FILE:tess>
             ${CMAKE_SOURCE_DIR})
+  add_test(NAME tools.PdfText
+    COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/pdf_text.sh $<TARGET_FILE:tess> ${CMAKE_SOURCE_DIR})
 endif()

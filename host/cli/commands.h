@@ -21,8 +21,19 @@ struct PagesOptions {
     bool text = false;
 };
 
+struct PrintOptions {
+    std::string report;
+    std::string output; // of a PDF
+    std::string pages;
+    std::string printer;
+    int copies = 1;
+};
+
 int RunCommand(const RunOptions &options);
 int PagesCommand(const PagesOptions &options);
+int PrintCommand(const PrintOptions &options);
+int PdfCommand(const PrintOptions &options);
+int PrintersCommand();
 int ViewCommand(const std::string &report);
 int InfoCommand(const std::string &path);
 int FormBuildCommand(const std::string &json, const std::string &form);

@@ -42,6 +42,22 @@ void AddPages(CLI::App *app, PagesOptions *options, int *code) {
     });
 }
 
+void AddPrint(CLI::App *app, PrintOptions *options, int *code) {
+    CLI::App *print = app->add_subcommand("print", "Print pages of a report");
+    CLI::App *pdf = app->add_subcommand("pdf", "Make a PDF of a report by a printer for PDF");
+    for (CLI::App *command : {print, pdf}) {
+        command->add_option("report", options->report, "the report (.FRC)")->required();
+        command->add_option("--pages", options->pages, "only these, as 2 or 1-3");
+        command->add_option("--printer", options->printer, "its name; see tess printers");
+    }
+    print->add_option("--copies", options->copies, "of each page")->check(CLI::Range(1, 999));
+    print->callback([=] { *code = PrintCommand(*options); });
+    pdf->add_option("pdf", options->output, "the PDF to write")->required();
+    pdf->callback([=] { *code = PdfCommand(*options); });
+    CLI::App *printers = app->add_subcommand("printers", "List the printers; * is the default");
+    printers->callback([=] { *code = PrintersCommand(); });
+}
+
 void AddForm(CLI::App *app, std::string *from, std::string *to, int *code) {
     CLI::App *form = app->add_subcommand("form", "A form as JSON text and back");
     form->require_subcommand(1);
@@ -69,12 +85,14 @@ int main(int count, char **arguments) {
     app.require_subcommand(1);
     RunOptions run;
     PagesOptions pages;
+    PrintOptions print;
     std::string path;
     std::string from;
     std::string to;
     int code = EXIT_DONE;
     AddRun(&app, &run, &code);
     AddPages(&app, &pages, &code);
+    AddPrint(&app, &print, &code);
     CLI::App *info = app.add_subcommand("info", "Tell what a form or a report holds");
     info->add_option("file", path, "the form (.FP) or report (.FRC)")->required();
     info->callback([&] { code = InfoCommand(path); });

@@ -1,0 +1,13 @@
+// Reports as PDF files, made by a printer that writes PDF.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/view/report_reader.h"
+
+// Prints the pages to the named printer ("": the one whose name tells PDF) and brings what it made
+// to path. A printer that names its files itself puts them in the folder of TESSARINE_PRINT_DIR;
+// any other is given the path. Throws Failure.
+void WritePdf(ReportReader *report, const std::vector<int> &pages, const std::string &printer,
+              const std::string &path);
