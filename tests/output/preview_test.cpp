@@ -6,6 +6,8 @@
 #include "output/preview.h"
 #include "run/run.h"
 #include "tests/support/message_boxes.h"
+#include "tests/support/metafile_records.h"
+#include "tests/support/page_texts.h"
 #include "tests/support/report_run.h"
 
 namespace {
@@ -165,6 +167,18 @@ TEST_F(Preview, CloseDuringTheRunEndsItWith5) {
     EXPECT_EQ(Feed(1), CODE_CANCELLED);
     EXPECT_EQ(run.Finish(), 0);
     EXPECT_FALSE(Open());
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(Preview, CancelledRunLeavesNoFileOfItsPages) {
+    ASSERT_EQ(Feed(6), 0);
+    const std::string report = session->pages.ReportPath;
+    // A file without its header: the first 490 bytes are a hole until the run has ended.
+    EXPECT_EQ(ReadWholeFile(report).substr(0, 490), std::string(490, '\0'));
+    session->run.CancelState = tessarine::CANCEL_STOP;
+    EXPECT_EQ(run.Finish(), 0);
+    EXPECT_FALSE(Open());
+    EXPECT_EQ(GetFileAttributesA(report.c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
 TEST_F(Preview, CloseIsIgnoredInTheClosingSectionsButExitIsNot) {
@@ -192,6 +206,11 @@ TEST_F(Preview, RunWithoutRecordsShowsOneEmptyPage) {
     EXPECT_EQ(run.page_count, 0);
     EXPECT_EQ(session->run.PageCount, 1);
     EXPECT_NE(session->pages.ShownPage, nullptr);
+    const std::string report = ReadWholeFile(session->pages.ReportPath);
+    EXPECT_EQ(+HeaderOf(report).PageCount, 1);
+    EXPECT_EQ(+HeaderOf(report).RecordCount, 0);
+    ASSERT_EQ(PagesOf(report).size(), 1u);
+    EXPECT_TRUE(DrawingOf(PagesOf(report)[0]).empty());
 }
 
 TEST_F(Preview, SavedReportIsTheFileItselfAndALongerFileKeepsItsTail) {

@@ -2,6 +2,7 @@
 #include <cstring>
 
 #include "frame/text_measure.h"
+#include "run/record_driver.h"
 #include "run/text_extent.h"
 #include "run/text_items.h"
 #include "tests/support/composition.h"
@@ -141,6 +142,11 @@ TEST_F(FieldItems, NarrowItemShortensTheValueItselfForLaterItems) {
     EXPECT_STREQ(Field(field).TextValue, "abcde");
     Shown(field).width = 400;
     EXPECT_EQ(Text(), "abcde");
+    char next[] = "abcdefghij";
+    run.InputTable[field].TextValue = next;
+    tessarine::MoveRecord(session);
+    run.InputTable[field].TextValue = nullptr;
+    EXPECT_EQ(Text(), "abcdefghij"); // the next record has its whole value again
 }
 
 TEST_F(FieldItems, PictureIsLeftToTheHostAndMovesNothing) {
@@ -313,9 +319,11 @@ TEST_F(FieldItems, ZipCodePrintsAsBarcodeInTheItemsFont) {
 TEST_F(FieldItems, TextThatIsNoZipCodePrintsInTheFirstFontAndKeepsItsMeasure) {
     MakeFont(1, 60);
     session->form.Fonts[0].Font = CreateFontA(20, 0, 0, 0, 400, 0, 0, 0, 0, 0, 0, 0, 0, "Arial");
-    Shown(TextField("K1A 0B1", FIELD_POSTNET), FLAG_RIGHT | FLAG_TOP).FontIndex = 1;
-    const Lines drawn = DrawingOfLast();
-    const int x = static_cast<int>(60 + 400 - SizeOf("K1A 0B1", 1).cx - 10);
-    EXPECT_EQ(LinesWith(drawn, {"text"}), (Lines{Line(x, 120, "K1A 0B1")}));
-    EXPECT_EQ(LinesWith(drawn, {"select font"}), (Lines{"select font 20 Arial"}));
+    for (const char *text : {"K1A 0B1", "123456"}) {
+        Shown(TextField(text, FIELD_POSTNET), FLAG_RIGHT | FLAG_TOP).FontIndex = 1;
+        const Lines drawn = DrawingOfLast();
+        const int x = static_cast<int>(60 + 400 - SizeOf(text, 1).cx - 10);
+        EXPECT_EQ(LinesWith(drawn, {"text"}), (Lines{Line(x, 120, text)}));
+        EXPECT_EQ(LinesWith(drawn, {"select font"}), (Lines{"select font 20 Arial"}));
+    }
 }

@@ -98,6 +98,25 @@ TEST(Prompts, OnlyFieldInAnotherRowKeepsPrevAndCancelsAllTheSame) {
     EXPECT_EQ(prompter.shown, Lines{"X||&Prev Input|Ok"});
 }
 
+TEST(Prompts, CancelledPromptReleasesTheSessionAndItsFilesSilently) {
+    AskingForm form;
+    form.Ask("A", TYPE_TEXT, 0);
+    form.Ask("B", TYPE_TEXT, 1);
+    const int before = OpenSessions();
+    for (const char device : {'F', 'S', 'P'}) {
+        Prompter prompter({{"a", NEXT}, {"b", PREVIOUS}, {"-", PREVIOUS}});
+        ReportRun run(form);
+        run.params.Device = device;
+        run.params.Silent = 0;
+        run.params.WindowStyle = WS_OVERLAPPEDWINDOW;
+        EXPECT_EQ(run.Start(), CODE_CANCELLED) << device;
+        EXPECT_EQ(prompter.shown.size(), 3u);
+        EXPECT_EQ(OpenSessions(), before) << device;
+        EXPECT_EQ(GetFileAttributesA(run.params.OutputFile), INVALID_FILE_ATTRIBUTES) << device;
+        EXPECT_TRUE(prompter.boxes.Log().empty()) << prompter.boxes.LastText();
+    }
+}
+
 TEST(Prompts, ThreeFieldsNameTheirButtonsAndGoingBackKeepsWhatWasTyped) {
     AskingForm form;
     form.Ask("A", TYPE_TEXT, 0);

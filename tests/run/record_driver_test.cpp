@@ -6,6 +6,7 @@
 #include "frame/session_table.h"
 #include "run/record_driver.h"
 #include "run/run.h"
+#include "tests/support/failing_call.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/report_run.h"
@@ -107,6 +108,26 @@ TEST(RecordDriver, FilterThatIsNotLogicalIsToldAndTheRunGoesOn) {
     EXPECT_EQ(run.Finish(), 0);
 }
 
+TEST(RecordDriver, FilterThatFailsLeavesItsRecordUncountedAndTheRunGoesOn) {
+    NumberForm form;
+    const int ten = form.Constant("10", TYPE_NUMERIC, 10);
+    const int two = form.Constant("2", TYPE_NUMERIC, 2);
+    form.Filter({ten, 506, form.number, 508, two});
+    form.Section(SECTION_DETAIL_1, 50);
+    form.FieldItem(SECTION_DETAIL_1, 200, 0, 400, 50, form.number);
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    EXPECT_EQ(run.Feed({{"N", "0"}}), CODE_EXPRESSION);
+    EXPECT_EQ(boxes.Texts(), (Lines{"Error: Division by zero.", "Error In Record Filter"}));
+    EXPECT_EQ(run.Feed({{"N", "1"}}), 0);
+    EXPECT_EQ(run.Feed({{"N", "0"}}), CODE_EXPRESSION);
+    EXPECT_EQ(run.Feed({{"N", "2"}}), 0);
+    EXPECT_EQ(run.Finish(), 0);
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"1", "2"}));
+    EXPECT_EQ(+HeaderOf(run.Report()).RecordCount, 2);
+}
+
 TEST(RecordDriver, FailingCalculationIsFatalWithItsName) {
     NumberForm form;
     const int zero = form.Constant("0", TYPE_NUMERIC, 0);
@@ -141,6 +162,25 @@ TEST(RecordDriver, FailingBreakCalculationIsFatalWithItsName) {
     run.Finish();
 }
 
+// A local clock that stands at nine and goes on by an hour each time it is read.
+class HourlyClock {
+public:
+    HourlyClock() {
+        hour_ = 9;
+        real_ = ReplaceImport("GetLocalTime", reinterpret_cast<void *>(Read));
+    }
+    ~HourlyClock() { ReplaceImport("GetLocalTime", real_); }
+    HourlyClock(const HourlyClock &) = delete;
+    HourlyClock &operator=(const HourlyClock &) = delete;
+
+private:
+    static void WINAPI Read(SYSTEMTIME *now) {
+        *now = SYSTEMTIME{1997, 3, 2, 4, hour_++, 5, 33, 0};
+    }
+    static inline WORD hour_;
+    void *real_;
+};
+
 TEST(RecordDriver, RecordCountIsOneOnTheFirstRecordAndTheTimeDoesNotMove) {
     FormBuilder form;
     const int count = form.Field(FIELD_SYSTEM, "SYS->REC_COUNT", TYPE_NUMERIC, 6);
@@ -151,14 +191,11 @@ TEST(RecordDriver, RecordCountIsOneOnTheFirstRecordAndTheTimeDoesNotMove) {
     form.Section(SECTION_DETAIL_1, 50);
     form.FieldItem(SECTION_DETAIL_1, 200, 0, 400, 50, count);
     form.FieldItem(SECTION_DETAIL_1, 700, 0, 400, 50, time);
+    const HourlyClock clock;
     MessageBoxes boxes;
     ReportRun run(form);
     ASSERT_EQ(run.Run({{}, {}}), 0) << boxes.LastText();
-    const Lines words = PageWords(run.Report(), 0);
-    ASSERT_EQ(words.size(), 4u);
-    EXPECT_EQ(words[0], "1");
-    EXPECT_EQ(words[2], "2");
-    EXPECT_EQ(words[1], words[3]);
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"1", "09:05AM", "2", "09:05AM"}));
 }
 
 TEST(RecordDriver, TwelveHourClock) {
@@ -252,6 +289,12 @@ TEST(RecordDriver, TextWithoutAValueBreaksAtEveryRecord) {
     inner->TextValue = nullptr;
     EXPECT_EQ(tessarine::DetectBreak(session), 1);
     inner->TextValue = text;
+    FieldRecord *input = &session->run.InputTable[2];
+    text = input->TextValue;
+    input->TextValue = nullptr;
+    EXPECT_EQ(tessarine::DetectBreak(session), 1);
+    input->TextValue = text;
+    EXPECT_EQ(tessarine::DetectBreak(session), 2);
     run.Finish();
 }
 
@@ -268,20 +311,40 @@ TEST(RecordDriver, GroupsFirstRowIsOverBehindItsFirstRecord) {
     run.Finish();
 }
 
+namespace {
+
+// Rows of two inches, and the page's number in its footer.
+struct PageNumbers : NumberForm {
+    explicit PageNumbers(int flags) {
+        const int page = Field(FIELD_SYSTEM, "SYS->PAGE", TYPE_NUMERIC);
+        At(*this, page).TableIndex = SYSTEM_PAGE;
+        At(*this, page).NegativePrefix[0] = 0;
+        Section(SECTION_DETAIL_1, 500, flags);
+        FieldItem(SECTION_DETAIL_1, 200, 0, 400, 50, number);
+        Section(SECTION_PAGE_FOOTER, 50);
+        FieldItem(SECTION_PAGE_FOOTER, 200, 0, 400, 50, page);
+    }
+};
+
+} // namespace
+
 TEST(RecordDriver, PageOfARecordIsTheNextOnceTheBodyIsFull) {
-    NumberForm form;
-    const int page = form.Field(FIELD_SYSTEM, "SYS->PAGE", TYPE_NUMERIC);
-    At(form, page).TableIndex = SYSTEM_PAGE;
-    At(form, page).NegativePrefix[0] = 0;
-    form.Section(SECTION_DETAIL_1, 500, SECTION_ADVANCE_AFTER);
-    form.FieldItem(SECTION_DETAIL_1, 200, 0, 400, 50, form.number);
-    form.Section(SECTION_PAGE_FOOTER, 50);
-    form.FieldItem(SECTION_PAGE_FOOTER, 200, 0, 400, 50, page);
     MessageBoxes boxes;
-    ReportRun run(form);
+    ReportRun run{PageNumbers{SECTION_ADVANCE_AFTER}};
     ASSERT_EQ(run.Run({{{"N", "7"}}, {{"N", "8"}}}), 0) << boxes.LastText();
     ASSERT_EQ(run.page_count, 2);
     EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"7", "2"})); // the second record is at work
+}
+
+TEST(RecordDriver, FooterOfAPageWithRoomLeftPrintsThePagesOwnNumber) {
+    MessageBoxes boxes;
+    ReportRun run{PageNumbers{0}};
+    std::vector<Record> records;
+    for (const char *number : {"5", "6", "7", "8", "9"}) records.push_back({{"N", number}});
+    ASSERT_EQ(run.Run(records), 0) << boxes.LastText();
+    ASSERT_EQ(run.page_count, 2);
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"5", "6", "7", "8", "1"}));
+    EXPECT_EQ(PageWords(run.Report(), 1), (Lines{"9", "2"}));
 }
 
 TEST(RecordDriver, UnknownSessionGives18) {

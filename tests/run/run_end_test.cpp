@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <cstring>
-
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
 #include "run/run.h"
 #include "tests/support/message_boxes.h"
+#include "tests/support/metafile_records.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/report_run.h"
 
@@ -52,17 +51,8 @@ struct LabelSheet : FormBuilder {
     }
 };
 
-size_t CountFrames(const std::string &page) {
-    constexpr char round_rect[] = "\x1C\x06";
-    size_t count = 0;
-    for (size_t place = 18; place + 6 <= page.size();) {
-        uint32_t words;
-        std::memcpy(&words, page.data() + place, 4);
-        count += !std::memcmp(page.data() + place + 4, round_rect, 2);
-        if (words < 3) break;
-        place += words * 2;
-    }
-    return count;
+Lines FramesOf(const ReportRun &run) {
+    return LinesWith(DrawingOf(PagesOf(run.Report()).at(0)), {"round"});
 }
 
 } // namespace
@@ -105,6 +95,31 @@ TEST(RunEnd, ReportFooterThatDoesNotFitGoesToANewPageWithHeaderAndFooter) {
     EXPECT_EQ(PageWords(run.Report(), 1), (Lines{"head", "total", "foot"}));
 }
 
+// Only the end computes what stands in the report footer; the host has no second try.
+TEST(RunEnd, FailureInTheClosingSectionsGivesItsCodeEachTimeAndTheSessionStands) {
+    OneLine form;
+    const int zero = form.Constant("0", TYPE_NUMERIC, 0);
+    const int number = form.Field(FIELD_DATA, "N", TYPE_NUMERIC);
+    form.fields[static_cast<size_t>(number)].SummaryType = SUMMARY_TOTAL;
+    const int ratio = form.Field(FIELD_CALC, "CALC->RATIO", TYPE_NUMERIC);
+    FormBuilder::Store({number, 506, zero}, form.fields[static_cast<size_t>(ratio)].FieldTokens);
+    form.Section(SECTION_REPORT_FOOTER, 50);
+    form.FieldItem(SECTION_REPORT_FOOTER, 200, 0, 400, 50, ratio);
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    ASSERT_EQ(run.Feed({{"NAME", "a"}, {"N", "1"}}), 0) << boxes.LastText();
+    const int slot = static_cast<int>(run.params.SessionId);
+    for (int time = 0; time < 2; ++time) {
+        EXPECT_EQ(run.Finish(), CODE_EXPRESSION);
+        EXPECT_EQ(boxes.Log().back(),
+                  (BoxRecord{"Fatal Error", "Error In Calculation Field: CALC->RATIO", {IDOK}}));
+        EXPECT_EQ(run.page_count, -1);
+        ASSERT_NE(tessarine::GetSessionPointer(nullptr, slot), nullptr);
+    }
+    tessarine::EndRun(tessarine::GetSessionPointer(nullptr, slot));
+}
+
 TEST(RunEnd, FillCompletesTheSheetWithEmptyFrames) {
     MessageBoxes boxes;
     const LabelMode mode;
@@ -112,9 +127,14 @@ TEST(RunEnd, FillCompletesTheSheetWithEmptyFrames) {
     ASSERT_EQ(run.Start(), 0) << boxes.LastText();
     for (const char *name : {"a", "b", "c", "d"}) ASSERT_EQ(run.Feed({{"NAME", name}}), 0);
     ASSERT_EQ(run.Finish(1), 0) << boxes.LastText();
-    const std::string page = PagesOf(run.Report()).at(0);
     EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"a", "b", "c", "d"}));
-    EXPECT_EQ(CountFrames(page), 26u); // 30 labels, of which four were printed without a frame
+    const Lines frames = FramesOf(run);
+    ASSERT_EQ(frames.size(), 26u); // 30 labels, of which four were printed without a frame
+    // Two complete the second row, which begins at 250 less the printer's offset of 63.
+    EXPECT_EQ(frames[0], "round 562,187 1187,437 by 62,62");
+    EXPECT_EQ(frames[1], "round 1187,187 1812,437 by 62,62");
+    EXPECT_EQ(frames[2], "round -63,437 562,687 by 62,62");
+    EXPECT_EQ(frames[25], "round 1187,2187 1812,2437 by 62,62");
 }
 
 TEST(RunEnd, SheetEndsWithoutFramesWhenItIsNotFilled) {
@@ -122,7 +142,7 @@ TEST(RunEnd, SheetEndsWithoutFramesWhenItIsNotFilled) {
     const LabelMode mode;
     ReportRun run{LabelSheet{}};
     ASSERT_EQ(run.Run({{{"NAME", "a"}}}), 0) << boxes.LastText();
-    EXPECT_EQ(CountFrames(PagesOf(run.Report()).at(0)), 0u);
+    EXPECT_TRUE(FramesOf(run).empty());
 }
 
 TEST(RunEnd, FillEndsThoughTheLabelsFilterRefuses) {
@@ -158,8 +178,10 @@ TEST(RunSetUp, PageFooterTallerThanThePageIsToldAndGives10) {
     form.Label(SECTION_PAGE_FOOTER, 200, 0, 400, 50, "foot");
     MessageBoxes boxes;
     ReportRun run(form);
+    const int before = OpenSessions();
     EXPECT_EQ(run.Start(), CODE_PRINTER);
     EXPECT_EQ(boxes.Log().back(), (BoxRecord{"", "Page Too Small!", {IDOK}}));
+    EXPECT_EQ(OpenSessions(), before + 1); // the session stays as it is
 }
 
 TEST(RunSetUp, ExpressionsThatDoNotCompileNameTheirKind) {

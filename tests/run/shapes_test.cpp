@@ -6,6 +6,7 @@
 #include "frame/memory.h"
 #include "run/items.h"
 #include "tests/support/composition.h"
+#include "tests/support/failing_call.h"
 
 namespace {
 
@@ -195,6 +196,20 @@ TEST_F(Shapes, LineHasItsOwnPenAndRaisesTheRow) {
     EXPECT_EQ(DrawingOfLast(), (Lines{"select pen 0 4 FF0000", "move 60,150", "line 160,150",
                                       "select pen 0 0 000000", "delete pen 0 4 FF0000"}));
     EXPECT_EQ(run.RowBottom, 180);
+}
+
+TEST_F(Shapes, PenThatCannotBeMadeTakesTheShapeAwayAndNothingElse) {
+    ItemRecord &item = Shape(ITEM_LINE);
+    item.ItemFlags |= FLAG_BACKGROUND;
+    item.Background = {BS_SOLID, 0x00FF00, 0};
+    item.OutlineSides = 15;
+    const FailingCall none("CreatePen", CreatePen, nullptr, 1, EVERY_CALL);
+    const Lines drawn = DrawingOfLast();
+    EXPECT_EQ(none.Seen(), 2);
+    EXPECT_TRUE(LinesWith(drawn, {"move", "line", "select pen"}).empty());
+    EXPECT_EQ(LinesWith(drawn, {"fill"}).size(), 1U);
+    EXPECT_EQ(run.RowBottom, 180);
+    EXPECT_TRUE(boxes.Log().empty());
 }
 
 TEST_F(Shapes, ShapesLeaveNoObjectsBehind) {

@@ -1,5 +1,6 @@
 #include "tests/support/test_session.h"
 
+#include <algorithm>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -41,6 +42,12 @@ BareSession::~BareSession() {
     tessarine::FreeArrayMem(session_);
     tessarine::FreeOperatorTable(session_);
     tessarine::FreeRunSession(session_);
+}
+
+int OpenSessions() {
+    const auto &slots = tessarine::session_table.Sessions;
+    return static_cast<int>(std::count_if(std::begin(slots), std::end(slots),
+                                          [](const Session *session) { return session; }));
 }
 
 int BareSession::AddField(int kind, const std::string &name, int type, int width) {

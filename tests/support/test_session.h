@@ -25,6 +25,8 @@ private:
     Session *session_;
 };
 
+int OpenSessions(); // slots of the session table that are taken
+
 // A folder of its own in the system's temporary folder, removed with all that is in it.
 class TemporaryFolder {
 public:
