@@ -193,6 +193,13 @@ TEST_F(FieldItems, NumberInAFooterIsATotalFromTheStart) {
     EXPECT_EQ(+Item(footer).ItemFlags, FLAG_RIGHT | FLAG_MIDDLE);
 }
 
+TEST_F(FieldItems, DoubleInAFooterIsATotalToo) {
+    const int row = Calc("A*1.5", SECTION_PAGE_FOOTER);
+    EXPECT_EQ(+FieldOf(row).ValueType, TYPE_DOUBLE);
+    EXPECT_EQ(+FieldOf(row).SummaryType, SUMMARY_TOTAL);
+    EXPECT_EQ(+Item(row).ItemFlags, FLAG_RIGHT | FLAG_MIDDLE);
+}
+
 TEST_F(FieldItems, NumberInTheDetailSectionIsAValue) {
     const int detail = Data("A", SECTION_DETAIL_1, 100, 450);
     EXPECT_EQ(+FieldOf(detail).SummaryType, SUMMARY_VALUE);

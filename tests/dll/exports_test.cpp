@@ -10,6 +10,7 @@
 #include "tests/dll/block_sizes.h"
 #include "tests/support/form_builder.h"
 #include "tests/support/message_boxes.h"
+#include "tests/support/page_texts.h"
 #include "tests/support/test_session.h"
 
 namespace {
@@ -60,6 +61,11 @@ TEST(Exports, NoSessionOfAnOrdinaryWindow) {
     EXPECT_FALSE(GetSessionPointer(nullptr, -1));
     EXPECT_FALSE(RepGetParent(GetDesktopWindow(), 0));
     EXPECT_EQ(RepSetMsgCallback(nullptr, 99, nullptr), 0);
+}
+
+TEST(Exports, ClosingRoutineDoesNothingAndFreeingNothingToo) {
+    for (const int ignored : {0, 1, -1}) EXPECT_EQ(WEP(ignored), 1);
+    EXPECT_EQ(OurFree(nullptr), 0);
 }
 
 TEST(Exports, ElevenBlocksAreOneTooMany) {
@@ -138,9 +144,38 @@ TEST_F(HostRun, SessionWithoutAParentTellsNobodyThoughACallbackIsSet) {
     EXPECT_TRUE(ended.empty());
 }
 
-TEST_F(HostRun, EmptyOutputNameGives19) {
+TEST_F(HostRun, SecondArgumentOfARecordHasNoEffect) {
+    std::vector<std::vector<std::string>> reports;
+    for (const int ignored : {0, 1, -1, 0x7FFFFFFF}) {
+        ASSERT_EQ(RepInit(&params, 0, nullptr, nullptr), 0);
+        for (int row = 0; row < params.FieldTotal; ++row)
+            if (!std::strcmp(params.FieldTable[row].FieldName, "CITY"))
+                std::strcpy(params.FieldTable[row].TextValue, "Oslo");
+        EXPECT_EQ(RepRec(params.SessionId, ignored, 0), 0);
+        EXPECT_EQ(RepExit(params.SessionId, 0, nullptr), 0);
+        reports.push_back(PageLines(ReadWholeFile(params.OutputFile), 0));
+    }
+    ASSERT_EQ(reports[0].size(), 1u);
+    for (const auto &report : reports) EXPECT_EQ(report, reports[0]);
+}
+
+TEST_F(HostRun, RunThatDidNotStartKeepsItsSlot) {
+    ASSERT_EQ(RepInit(&params, 0, nullptr, nullptr), 0);
+    const int slot = params.SessionId;
+    EXPECT_EQ(RepExit(slot, 0, nullptr), 0);
+    EXPECT_FALSE(GetSessionPointer(nullptr, slot));
+    std::strcpy(params.FormFile, "C:\\NO\\SUCH.FP");
+    EXPECT_EQ(RepInit(&params, 0, nullptr, nullptr), CODE_FILE);
+    EXPECT_TRUE(GetSessionPointer(nullptr, slot));
+}
+
+TEST_F(HostRun, EmptyOutputNameGives19AndTheBlockIsNotWrittenBack) {
     params.OutputFile[0] = 0;
+    params.TempDir[0] = 0;
+    params.SessionId = 4711;
+    const RepParams before = params;
     EXPECT_EQ(RepInit(&params, 0, nullptr, nullptr), CODE_NO_OUTPUT_FILE);
+    EXPECT_EQ(std::memcmp(&params, &before, sizeof params), 0);
 }
 
 } // namespace

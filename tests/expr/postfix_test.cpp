@@ -151,7 +151,7 @@ TEST_F(Postfix, ParenthesesOf99CellsStillFitTheStack) {
 
 TEST_F(Postfix, MoreThan100EntriesOverflowTheStack) {
     EXPECT_NE(Convert(std::vector<int>(101, 501)), CELL_END);
-    EXPECT_EQ(boxes.Texts(), std::vector<std::string>{"ReportWriter stack overflow."});
+    EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"", "ReportWriter stack overflow.", {IDOK}}}));
 }
 
 TEST_F(Postfix, ListOf99CellsWithManyUnaryOperatorsHasALongerPostfix) {

@@ -83,6 +83,22 @@ TEST_F(Validate, SignAndMismatchAreChecked) {
     EXPECT_EQ(boxes.LastText(), "Invalid unary operator position.");
 }
 
+TEST_F(Validate, TypesThatDoNotFitAreRefused) {
+    for (const char *text : {"\"A\"+1", "{1/1/97}+1", ".T.>.F.", ".TOTAL-OF. T", ".COUNT-OF. D",
+                             ".IF. A=1 .THEN. .T. .ELSE. .F.", "LEN(A)", "D-D"}) {
+        boxes.Clear();
+        EXPECT_EQ(ValidateExp(session, Cells(text), 2), 0) << text;
+        EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"", "Field type mismatch.", {IDOK}}}))
+            << text;
+    }
+}
+
+TEST_F(Validate, DivisionByZeroIsNoMistakeBeforeARun) {
+    EXPECT_EQ(ValidateExp(session, Cells("A/0"), 2), TYPE_NUMERIC);
+    EXPECT_EQ(ValidateExp(session, Cells("A/0.0=1"), 0), TYPE_LOGICAL);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
 TEST_F(Validate, CellsAreLeftAsTheyWere) {
     uint16_t before[MAX_CELLS];
     Cells("LEFT(T,2)");

@@ -50,6 +50,11 @@ protected:
         return &session->form.Items[session->designer.SelectedItem];
     }
 
+    static std::vector<BoxRecord> NoRowBoxes() {
+        return {{"", "Ran Out of Font/Picture Table", {IDOK}},
+                {"", "Ran out of Font Table", {IDOK}}};
+    }
+
     FullForm form;
 };
 
@@ -89,6 +94,26 @@ TEST_F(FontTable, OnlyLabelsFieldsAndTheGroupTakeAFont) {
         EXPECT_EQ(+item->FontIndex, 0);
     }
     EXPECT_EQ(session->form.FormModified, 0u);
+}
+
+TEST_F(FontTable, PictureFieldTakesNoFont) {
+    const LOGFONTA font = FontOfHeight(60);
+    ItemRecord *item = Focus(ITEM_FIELD);
+    item->FieldIndex = 1;
+    session->form.Fields[1].ValueType = TYPE_PICTURE;
+    EXPECT_EQ(FrFonts(session, &font), 1);
+    EXPECT_EQ(+item->FontIndex, 0);
+    EXPECT_EQ(session->form.FormModified, 0u);
+}
+
+TEST_F(FontTable, FieldGetsItsSampleAnew) {
+    const LOGFONTA font = FontOfHeight(60);
+    ItemRecord *item = Focus(ITEM_FIELD);
+    item->FieldIndex = 2;
+    item->width = 2000;
+    ASSERT_EQ(FrFonts(session, &font), 1);
+    EXPECT_NE(+item->FontIndex, 0);
+    EXPECT_STREQ(item->LabelText, "-99,999,999");
 }
 
 TEST_F(FontTable, MarkedItemsOfTheGroupTakeTheFontAndLoseTheirMarks) {
@@ -162,8 +187,7 @@ TEST_F(FontTable, FontThatFindsNoRowIsRefused) {
     ItemRecord *label = Focus();
     const LOGFONTA font = FontOfHeight(77);
     EXPECT_EQ(FrFonts(session, &font), 0);
-    EXPECT_EQ(boxes.Texts(),
-              (std::vector<std::string>{"Ran Out of Font/Picture Table", "Ran out of Font Table"}));
+    EXPECT_EQ(boxes.Log(), NoRowBoxes());
     EXPECT_EQ(+label->FontIndex, 0);
 }
 
@@ -191,15 +215,15 @@ TEST_F(FontTable, BoldFontIsMadeFromRow0EachTime) {
 TEST_F(FontTable, BoldFontWithoutARowIsTold) {
     FillTable();
     EXPECT_EQ(CreateDefaultBoldFont(session), 0);
-    EXPECT_EQ(boxes.Texts(),
-              (std::vector<std::string>{"Ran Out of Font/Picture Table", "Ran out of Font Table"}));
+    EXPECT_EQ(boxes.Log(), NoRowBoxes());
 }
 
 TEST_F(FontTable, BoldFontThatCannotBeMadeIsToldAndItsRowCleared) {
     const int count = session->form.FontCount;
     const FailingCall fails("CreateFontIndirectA", CreateFontIndirectA, nullptr, 1, EVERY_CALL);
     EXPECT_EQ(CreateDefaultBoldFont(session), 0);
-    EXPECT_EQ(boxes.Texts(), std::vector<std::string>{"Unable to create default bold font."});
+    EXPECT_EQ(boxes.Log(),
+              (std::vector<BoxRecord>{{"", "Unable to create default bold font.", {IDOK}}}));
     EXPECT_EQ(Row(count).InUse, 0u);
 }
 
@@ -248,6 +272,7 @@ TEST_F(FontTable, SessionWithoutASystemFontIsFatal) {
     End();
     const FailingCall fails("CreateFontIndirectA", CreateFontIndirectA, nullptr, 1, EVERY_CALL);
     EXPECT_EQ(StartOn(form), 12);
-    EXPECT_EQ(boxes.LastText(), "Error Creating Font(InitDeviceProp)");
-    EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
+    ASSERT_FALSE(boxes.Log().empty());
+    EXPECT_EQ(boxes.Log().back(),
+              (BoxRecord{"Fatal Error", "Error Creating Font(InitDeviceProp)", {IDOK}}));
 }

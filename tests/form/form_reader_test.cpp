@@ -318,8 +318,9 @@ TEST_F(FormReader, PictureWithoutMemoryIsFatal) {
         FailAllocation(allocation);
         EXPECT_EQ(ReadBytes(bytes), 3);
         FailAllocation(0);
-        EXPECT_EQ(boxes.LastText(), "Ran Out of Memory for Picture Bitmap");
-        EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
+        ASSERT_FALSE(boxes.Log().empty());
+        EXPECT_EQ(boxes.Log().back(),
+                  (BoxRecord{"Fatal Error", "Ran Out of Memory for Picture Bitmap", {IDOK}}));
         session->form.Fonts[2].InUse = 1;
     }
 }

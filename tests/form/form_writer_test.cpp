@@ -9,6 +9,7 @@
 #include "frame/memory.h"
 #include "frame/owned.h"
 #include "frame/text.h"
+#include "tests/support/failing_call.h"
 #include "tests/support/form_files.h"
 
 using namespace tessarine;
@@ -320,14 +321,87 @@ TEST_F(FormWriter, PictureThatCannotBeLockedEndsTheSave) {
     EXPECT_NE(session->form.FormLock, INVALID_HANDLE_VALUE);
 }
 
-TEST_F(FormWriter, FailedSaveBringsTheBackupBackWhenTheFormIsGone) {
+TEST_F(FormWriter, SaveThatCannotMakeItsFileBringsTheBackupBack) {
+    const std::string path = Load();
+    DropLock();
+    WriteWholeFile(path, "before");
+    const FailingCall fails("CreateFileA", CreateFileA, INVALID_HANDLE_VALUE);
+    EXPECT_EQ(Save(path), 1);
+    ExpectBox("Error creating the output file.", "");
+    EXPECT_EQ(ReadWholeFile(path), "before");
+    EXPECT_FALSE(Stands("FORM.BP"));
+    EXPECT_EQ(session->form.LockedPath, SavedPath());
+    EXPECT_NE(session->form.FormLock, INVALID_HANDLE_VALUE);
+}
+
+TEST_F(FormWriter, SaveThatCannotOpenItsNewFileIsToldAndLeavesTheBackup) {
+    const std::string path = Load();
+    DropLock();
+    WriteWholeFile(path, "before");
+    const FailingCall fails("CreateFileA", CreateFileA, INVALID_HANDLE_VALUE, 2);
+    EXPECT_EQ(Save(path), 1);
+    ExpectBox("Error Opening the Output File", "");
+    EXPECT_EQ(ReadWholeFile(folder.Path("FORM.BP")), "before");
+    EXPECT_NE(session->form.FormLock, INVALID_HANDLE_VALUE);
+}
+
+TEST_F(FormWriter, EveryWriteThatFailsIsToldByItsBlockAndFromTheMarkerOnNot) {
+    FormBuilder small;
+    small.Section(SECTION_DETAIL_1, 100);
+    small.Break(0, 0, SECTION_SORT_HEADER_1);
+    ASSERT_EQ(ReadBytes(small.Bytes()), READ_DONE);
+    const FormBlocks blocks(small.Bytes());
+    const auto words = [&](size_t written) -> std::vector<std::string> {
+        if (written < blocks.items) return {"Error writing to output file"};
+        if (written < blocks.fields) return {"Error writing to output file!"};
+        if (written < blocks.marker) return {"Error Writing the field information!"};
+        return {};
+    };
+    size_t written = 0;
+    int number = 1;
+    for (; written < small.Bytes().size(); ++number) {
+        SCOPED_TRACE(number);
+        const std::string path = folder.Path("SAVE" + std::to_string(number) + ".FP");
+        boxes.Clear();
+        session->form.FormModified = 1;
+        const FailingCall fails("WriteFile", WriteFile, FALSE, number);
+        ASSERT_EQ(Save(path), 1);
+        written = ReadWholeFile(path).size();
+        if (written == small.Bytes().size()) break;
+        EXPECT_EQ(boxes.Texts(), words(written));
+        EXPECT_EQ(boxes.LastTitle(), "");
+        EXPECT_EQ(session->form.FormModified, 1u);
+        EXPECT_NE(session->form.FormLock, INVALID_HANDLE_VALUE);
+        EXPECT_EQ(session->form.LockedPath, SavedPath());
+    }
+    EXPECT_GT(number, 40);
+    EXPECT_EQ(session->form.FormModified, 0u);
+}
+
+TEST_F(FormWriter, MarkerThatCannotBeWrittenLeavesTheFileCutShortBeforeIt) {
+    const std::string path = Load();
+    const FormBlocks blocks(form.Bytes());
+    const size_t parts[] = {blocks.fields - blocks.items, blocks.breaks - blocks.fields,
+                            blocks.sections - blocks.breaks, blocks.users - blocks.sections,
+                            blocks.marker - blocks.users};
+    size_t writes = 1; // the header
+    for (const size_t size : parts) writes += (size + 299) / 300;
+    const std::string copy = folder.Path("COPY.FP");
+    {
+        const FailingCall fails("WriteFile", WriteFile, FALSE, static_cast<int>(writes) + 1);
+        EXPECT_EQ(Save(copy), 1);
+    }
+    EXPECT_TRUE(boxes.Log().empty());
+    EXPECT_EQ(ReadWholeFile(copy), form.Bytes().substr(0, blocks.marker));
+}
+
+TEST_F(FormWriter, BackupStaysBesideTheHalfWrittenFormThatStandsInItsWay) {
     const std::string path = Load();
     DropLock();
     session->form.Fonts[1].IsPicture = 1;
     session->form.Fonts[1].InfoSize = 40;
     WriteWholeFile(path, "before");
     EXPECT_EQ(Save(path), 1);
-    // The half-written form stands in the way, so the backup stays where it is.
     EXPECT_EQ(ReadWholeFile(folder.Path("FORM.BP")), "before");
     EXPECT_EQ(session->form.LockedPath, SavedPath());
 }

@@ -32,8 +32,8 @@ protected:
     void ExpectFailure(const char *text) {
         const int row = session->form.FontCount;
         EXPECT_EQ(StoreBitmap(session, bitmap), -1);
-        EXPECT_EQ(boxes.LastText(), text);
-        EXPECT_EQ(boxes.LastTitle(), "");
+        ASSERT_FALSE(boxes.Log().empty());
+        EXPECT_EQ(boxes.Log().back(), (BoxRecord{"", text, {IDOK}}));
         EXPECT_EQ(session->form.Fonts[row].InUse, 0u);
         EXPECT_EQ(session->form.Fonts[row].InfoBlock, nullptr);
         boxes.Clear();
@@ -115,14 +115,14 @@ TEST_F(Pictures, BitmapThatCannotBeMadeIsTold) {
     const int row = StoreBitmap(session, bitmap);
     const FailingCall fails("CreateBitmap", CreateBitmap, nullptr, 1, EVERY_CALL);
     EXPECT_EQ(Restore(row), 0);
-    EXPECT_EQ(boxes.LastText(), "Error Creating the Bitmap");
+    EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"", "Error Creating the Bitmap", {IDOK}}}));
 }
 
 TEST_F(Pictures, BitmapThatCannotBeFilledIsTold) {
     const int row = StoreBitmap(session, bitmap);
     const FailingCall fails("SetDIBits", SetDIBits, 0, 1, EVERY_CALL);
     EXPECT_EQ(Restore(row), 0);
-    EXPECT_EQ(boxes.LastText(), "Error Initializing the Bitmap");
+    EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"", "Error Initializing the Bitmap", {IDOK}}}));
 }
 
 TEST_F(Pictures, FullTableTakesNoPicture) {

@@ -63,11 +63,30 @@ TEST(HostData, PinnedBlockStaysWhicheverIsPassed) {
     EXPECT_NE(tessarine::SetCRepData(&own.blocks[1]), slot);
 }
 
+TEST(HostData, BlockThatIsNeitherCurrentNorPreviousGoesWithoutAChange) {
+    Blocks own;
+    uint32_t word = 1;
+    own.blocks[2].LabelTypePtr = &word;
+    for (int block = 0; block < 3; ++block)
+        tessarine::SetCRepData(&own.blocks[static_cast<size_t>(block)]);
+    EXPECT_EQ(tessarine::RemoveCRepData(&own.blocks[0]), 0);
+    EXPECT_EQ(tessarine::host_data.LabelTypePtr, &word);
+    EXPECT_EQ(tessarine::RemoveCRepData(&own.blocks[1]), 1); // the previous one
+    EXPECT_EQ(tessarine::RemoveCRepData(&own.blocks[2]), 2);
+    EXPECT_EQ(tessarine::host_data.LabelTypePtr, nullptr);
+}
+
 TEST(NewFormData, EmptyNameOrNullTurnsTheBlockOff) {
     NewFormData block{};
     block.NewFormName[0] = 'A';
+    block.NewFormFile[0] = 'B';
     EXPECT_EQ(tessarine::SetNewFormData(&block), 1);
-    EXPECT_EQ(tessarine::new_form_data.NewFormName[0], 'A');
+    EXPECT_STREQ(tessarine::new_form_data.NewFormName, "A");
     EXPECT_EQ(tessarine::SetNewFormData(nullptr), 1);
-    EXPECT_EQ(tessarine::new_form_data.NewFormName[0], 0);
+    EXPECT_STREQ(tessarine::new_form_data.NewFormName, "");
+    EXPECT_STREQ(tessarine::new_form_data.NewFormFile, "");
+    tessarine::SetNewFormData(&block);
+    block.NewFormName[0] = 0;
+    EXPECT_EQ(tessarine::SetNewFormData(&block), 1);
+    EXPECT_STREQ(tessarine::new_form_data.NewFormName, "");
 }

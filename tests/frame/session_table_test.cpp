@@ -66,7 +66,8 @@ TEST(SessionTable, SessionWithoutMemoryIsCode3) {
     Session *session = nullptr;
     EXPECT_EQ(tessarine::OpenRunSession(&session), CODE_MEMORY);
     tessarine::FailAllocation(0);
-    EXPECT_EQ(boxes.LastText(), "Memory Allocation Error (OurAlloc)");
+    EXPECT_EQ(boxes.Log(),
+              (std::vector<BoxRecord>{{"", "Memory Allocation Error (OurAlloc)", {IDOK}}}));
 }
 
 TEST(SessionTable, ChildOfASessionsWindowHasItsParent) {
@@ -97,15 +98,19 @@ TEST(SessionTable, NobodyHasNoParentAndTakesNoCallback) {
     EXPECT_EQ(tessarine::RepSetMsgCallback(nullptr, 5000, nullptr), 0);
 }
 
-TEST(SessionTable, TablesWithoutMemoryAreFatal) {
+TEST(SessionTable, TablesWithoutMemoryAreFatalAndToldTwice) {
     MessageBoxes boxes;
     for (int table = 1; table <= 4; ++table) {
         BareSession session;
+        boxes.Clear();
         tessarine::FailAllocation(table);
         EXPECT_THROW(tessarine::AllocArrayMem(session), tessarine::Unwinding);
         tessarine::FailAllocation(0);
         EXPECT_EQ(session->ErrorCode, CODE_MEMORY);
-        EXPECT_EQ(boxes.LastText(), "Ran Out of Memory (AllocArrayMem)");
+        EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{
+                                   {"", "Memory Allocation Error (sAlloc)", {IDOK}},
+                                   {"Fatal Error", "Ran Out of Memory (AllocArrayMem)", {IDOK}},
+                               }));
         tessarine::AllocArrayMem(session);
     }
 }
@@ -115,8 +120,7 @@ TEST(FatalError, MessageComesFirstAndTheCodeStands) {
     BareSession session;
     EXPECT_THROW(tessarine::FatalError(session, "Something", 7), tessarine::Unwinding);
     EXPECT_EQ(session->ErrorCode, 7);
-    EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
-    EXPECT_EQ(boxes.LastText(), "Something");
+    EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"Fatal Error", "Something", {IDOK}}}));
 }
 
 TEST(FatalError, EmptyWarningShowsNothingAndStillUnwinds) {
@@ -125,7 +129,7 @@ TEST(FatalError, EmptyWarningShowsNothingAndStillUnwinds) {
     EXPECT_THROW(tessarine::FatalError(session, "", CODE_WARNING), tessarine::Unwinding);
     EXPECT_TRUE(boxes.Log().empty());
     EXPECT_THROW(tessarine::FatalError(session, "Mind", CODE_WARNING), tessarine::Unwinding);
-    EXPECT_EQ(boxes.LastTitle(), "Warning");
+    EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"Warning", "Mind", {IDOK}}}));
 }
 
 TEST(FatalError, CallbackFailurePendsOnlyWhileAnEntryPointIsOnTheStack) {

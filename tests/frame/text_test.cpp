@@ -5,6 +5,7 @@
 #include "frame/memory.h"
 #include "frame/text.h"
 #include "frame/text_measure.h"
+#include "tests/support/failing_call.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/test_session.h"
 
@@ -16,6 +17,10 @@ std::string WithEnding(const char *name) {
     tessarine::AddFileEnding(text, ".FRC", sizeof text);
     return text;
 }
+
+std::string debug_output;
+
+void WINAPI TakeDebugOutput(const char *text) { debug_output += text; }
 
 } // namespace
 
@@ -42,20 +47,42 @@ TEST(Memory, EachAllocatorNamesItsOwnFailure) {
     EXPECT_EQ(tessarine::MemAlloc(4), nullptr);
     EXPECT_EQ(tessarine::MemReAlloc(heap, 8), nullptr);
     tessarine::FailAllocation(0);
-    EXPECT_EQ(boxes.Texts(),
-              (std::vector<std::string>{
-                  "Memory Allocation Error (OurAlloc)", "Memory Allocation Error (OurRealloc)",
-                  "Memory Allocation Error (sAlloc)", "Memory Allocation Error (sReAlloc)",
-                  "Memory Allocation Error (MemAlloc)", "Memory Allocation Error (MemReAlloc)"}));
+    EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{
+                               {"", "Memory Allocation Error (OurAlloc)", {IDOK}},
+                               {"", "Memory Allocation Error (OurRealloc)", {IDOK}},
+                               {"", "Memory Allocation Error (sAlloc)", {IDOK}},
+                               {"", "Memory Allocation Error (sReAlloc)", {IDOK}},
+                               {"", "Memory Allocation Error (MemAlloc)", {IDOK}},
+                               {"", "Memory Allocation Error (MemReAlloc)", {IDOK}},
+                           }));
     tessarine::OurFree(block);
     tessarine::MemFree(heap);
     tessarine::FreeHandle(handle);
+}
+
+TEST(Memory, NothingIsFreedAsWellAsSomething) {
+    EXPECT_EQ(tessarine::MemFree(nullptr), 1);
+    EXPECT_EQ(tessarine::MemFree(tessarine::MemAlloc(0)), 1);
+    EXPECT_EQ(tessarine::FreeHandle(tessarine::sAlloc(0)), 1);
+}
+
+TEST(Memory, GrownBlocksKeepTheirContents) {
+    auto *block = static_cast<char *>(tessarine::OurAlloc(3));
+    std::strcpy(block, "abc");
+    block = static_cast<char *>(tessarine::OurRealloc(block, 5000));
+    ASSERT_NE(block, nullptr);
+    EXPECT_STREQ(block, "abc");
+    tessarine::OurFree(block);
 }
 
 TEST(Text, EndingIsAddedOnlyWhereNonePointStandsAmongTheLastFourCharacters) {
     EXPECT_EQ(WithEnding("C:\\A.B"), "C:\\A.B");
     EXPECT_EQ(WithEnding("C:\\REPORT.LONG"), "C:\\REPORT.LONG.FRC");
     EXPECT_EQ(WithEnding("C:\\REP"), "C:\\REP.FRC");
+    EXPECT_EQ(WithEnding("C:\\REP.ABC"), "C:\\REP.ABC");
+    EXPECT_EQ(WithEnding("C:\\A.B\\C"), "C:\\A.B\\C.FRC");
+    EXPECT_EQ(WithEnding("A.:C"), "A.:C.FRC");
+    EXPECT_EQ(WithEnding(""), ".FRC");
 }
 
 TEST(Text, PaddingLeavesATextThatIsLongEnough) {
@@ -76,6 +103,59 @@ TEST(Text, SearchesTellWhereOrHowLong) {
     EXPECT_EQ(tessarine::FindTextAt("abc", "x"), 3);
     EXPECT_EQ(tessarine::HasPrefix("SYS->PAGE", "SYS->"), 1);
     EXPECT_EQ(tessarine::FileLength("C:\\no such file"), -1);
+}
+
+TEST(Text, BlanksAloneAreTrimmed) {
+    char text[] = " \ta b\t ";
+    EXPECT_STREQ(tessarine::RepStrTrim(text), "\ta b\t");
+    char blanks[] = "    ";
+    EXPECT_STREQ(tessarine::RepStrTrim(blanks), "");
+}
+
+TEST(Text, CaseChangesCharacterByCharacter) {
+    char text[] = "aB1-z";
+    EXPECT_STREQ(tessarine::UpperText(text), "AB1-Z");
+    EXPECT_STREQ(tessarine::LowerText(text), "ab1-z");
+}
+
+TEST(Text, CopyIsSafeForOverlaps) {
+    char text[] = "abcdef";
+    tessarine::CopyBytes(text, text + 2, 4);
+    EXPECT_STREQ(text, "ababcd");
+    tessarine::CopyBytes(text + 2, text, 4);
+    EXPECT_STREQ(text, "abcdcd");
+}
+
+TEST(FileLength, IsThatOfTheFile) {
+    const TemporaryFolder folder;
+    WriteWholeFile(folder.Path("A"), "12345");
+    EXPECT_EQ(tessarine::FileLength(folder.Path("A").c_str()), 5);
+    EXPECT_EQ(tessarine::FileLength(folder.Path("B").c_str()), -1);
+}
+
+TEST(DebugMessage, IsShownInABoxWithoutAViewer) {
+    MessageBoxes boxes;
+    tessarine::DebugMessage("row %d of %s", 7, "items");
+    EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"", "row 7 of items", {IDOK}}}));
+}
+
+TEST(DebugMessage, GoesToTheViewerAsALine) {
+    MessageBoxes boxes;
+    WNDCLASSA viewer_class{};
+    viewer_class.lpfnWndProc = DefWindowProcA;
+    viewer_class.lpszClassName = "DBWin";
+    RegisterClassA(&viewer_class);
+    const HWND viewer =
+        CreateWindowExA(0, "DBWin", "", 0, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+    debug_output.clear();
+    {
+        const ReplacedCall output("OutputDebugStringA", TakeDebugOutput);
+        tessarine::DebugMessage("row %d", 7);
+    }
+    DestroyWindow(viewer);
+    UnregisterClassA("DBWin", nullptr);
+    EXPECT_EQ(debug_output, "row 7\n");
+    EXPECT_TRUE(boxes.Log().empty());
 }
 
 TEST(TextMeasure, HeightCountsLineFeedsAlone) {

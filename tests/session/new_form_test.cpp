@@ -146,10 +146,18 @@ TEST_F(NewForm, PresetFormOpensAgain) {
     EXPECT_TRUE(boxes.Log().empty());
 }
 
-TEST_F(NewForm, PresetWithoutANameCountsForNothing) {
-    Preset(2.0F, 2.0F);
-    new_form_data.NewFormName[0] = 0;
+TEST_F(NewForm, PresetWithoutANameMakesLaterFormsOrdinary) {
+    const std::string path = Preset(2.0F, 2.0F);
     ASSERT_EQ(Start(""), 0);
+    ASSERT_EQ(+session->form.Header.LeftMargin, 2.0F);
+    End();
+    DeleteFileA(path.c_str());
+    NewFormData block = new_form_data;
+    block.NewFormName[0] = 0;
+    SetNewFormData(&block);
+    ASSERT_EQ(Start(""), 0);
+    EXPECT_EQ(GetFileAttributesA(path.c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_STREQ(session->form.Header.ReportName, "");
     EXPECT_EQ(+session->form.Header.LeftMargin, 0.25F);
     EXPECT_EQ(session->form.FormLock, INVALID_HANDLE_VALUE);
 }

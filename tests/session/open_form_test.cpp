@@ -175,6 +175,14 @@ TEST_F(OpenFormTest, RowsOutOfUseCountNoReferences) {
     EXPECT_EQ(+session->form.Fields[form.shared].RefCount, 3);
 }
 
+TEST_F(OpenFormTest, FormKeepsTheCaptionHeightThatItWasMadeWith) {
+    form.header.BarHeight = 77;
+    ASSERT_EQ(StartOn(form), 0);
+    ASSERT_NE(session->device.FontHeight, 77);
+    EXPECT_EQ(+session->form.Header.BarHeight, 77);
+    EXPECT_EQ(+RecordAt<FormHeader>(Save("A.FP"), 0).BarHeight, 77);
+}
+
 TEST_F(OpenFormTest, PictureThatAnItemShowsGetsItsBitmap) {
     ASSERT_EQ(Start(Put(WithPicture(true))), 0) << boxes.LastText();
     const FontEntry &picture = session->form.Fonts[2];

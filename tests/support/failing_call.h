@@ -12,6 +12,21 @@ constexpr int EVERY_CALL = INT_MAX;
 // library is linked into the test programs, so its calls go there too.
 void *ReplaceImport(const char *name, void *routine);
 
+// The routine stands in place of the import for as long as the object does.
+class ReplacedCall {
+public:
+    template <typename Routine>
+    ReplacedCall(const char *name, Routine *routine)
+        : name_(name), real_(ReplaceImport(name, reinterpret_cast<void *>(routine))) {}
+    ~ReplacedCall() { ReplaceImport(name_, real_); }
+    ReplacedCall(const ReplacedCall &) = delete;
+    ReplacedCall &operator=(const ReplacedCall &) = delete;
+
+private:
+    const char *name_;
+    void *real_;
+};
+
 // While one stands, calls of one routine of the system fail: `times` of them, the first being the
 // one with this number. They return `failure` and do nothing.
 class FailingCall {
