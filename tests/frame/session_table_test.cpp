@@ -9,8 +9,8 @@
 
 namespace {
 
-struct OpenSessions {
-    ~OpenSessions() {
+struct OpenedSessions {
+    ~OpenedSessions() {
         for (Session *session : open) tessarine::FreeRunSession(session);
     }
     Session *Open() {
@@ -26,7 +26,7 @@ struct OpenSessions {
 } // namespace
 
 TEST(SessionTable, FreedSlotIsTakenAgainAndTheHighMarkStays) {
-    OpenSessions sessions;
+    OpenedSessions sessions;
     for (int slot = 0; slot < 3; ++slot) ASSERT_EQ(sessions.Open()->SessionId, slot);
     const int high = tessarine::session_table.SessionHighMark;
     tessarine::FreeRunSession(sessions.open[1]);
@@ -42,7 +42,7 @@ TEST(SessionTable, OrdinaryWindowsAndOddSlotsHaveNoSession) {
 }
 
 TEST(SessionTable, FreedSlotGivesNullAndRepRecGives18) {
-    OpenSessions sessions;
+    OpenedSessions sessions;
     const int slot = sessions.Open()->SessionId;
     tessarine::FreeRunSession(sessions.open[0]);
     sessions.open.clear();
@@ -52,7 +52,7 @@ TEST(SessionTable, FreedSlotGivesNullAndRepRecGives18) {
 }
 
 TEST(SessionTable, HundredAndFirstSessionIsRefusedBeforeAnythingIsAllocated) {
-    OpenSessions sessions;
+    OpenedSessions sessions;
     for (int slot = 0; slot < MAX_SESSIONS; ++slot) ASSERT_NE(sessions.Open(), nullptr);
     const int blocks = tessarine::LiveBlocks();
     RepParams params{};
