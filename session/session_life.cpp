@@ -12,6 +12,7 @@
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/message_box.h"
+#include "frame/modified.h"
 #include "frame/owned.h"
 #include "frame/session_table.h"
 #include "session/open_form.h"
@@ -93,7 +94,7 @@ int CreateFormWindow(Session *session, uint32_t style, int x, int y, int width, 
     session->WindowInMaking = 0;
     if (!session->run.ViewingFile && !OpenForm(session, session->CurrentFile))
         return CodeOfUnreadForm(session);
-    session->form.FormModified = 0;
+    SetModified(session, 0);
     return CODE_DONE;
 }
 

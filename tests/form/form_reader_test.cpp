@@ -325,6 +325,53 @@ TEST_F(FormReader, PictureWithoutMemoryIsFatal) {
     }
 }
 
+TEST_F(FormReader, EveryReadThatFailsEndsWithTheWordsOfItsBlock) {
+    const std::string bytes = form.Bytes();
+    const FormBlocks blocks(bytes);
+    const auto reads = [](size_t begin, size_t end) {
+        return static_cast<int>((end - begin + 299) / 300);
+    };
+    struct Block {
+        int reads;
+        int outcome;
+        std::vector<BoxRecord> boxes;
+    };
+    const auto fatal = [](const char *text) {
+        return std::vector<BoxRecord>{{"Fatal Error", text, {IDOK}}};
+    };
+    const std::vector<BoxRecord> no_fonts{{"", "Font Table Incomplete!", {IDOK}}};
+    const int item_reads = static_cast<int>((blocks.fields - blocks.items) / sizeof(ItemRecord)) *
+                           reads(0, sizeof(ItemRecord));
+    const Block sequence[] = {
+        {1, READ_REFUSED, {}}, // the look at the header
+        {1, 33, fatal("Not a valid form file")},
+        {item_reads, 35, fatal("Error reading the item data")},
+        {reads(blocks.fields, blocks.breaks), 36, fatal("Error reading the fields")},
+        {reads(blocks.breaks, blocks.sections), 36, fatal("Error reading the break fields")},
+        {reads(blocks.sections, blocks.users), 36, fatal("Error reading the sections")},
+        {reads(blocks.users, blocks.marker), 37, fatal("User fields missing!")},
+        {1, READ_DONE, no_fonts},                                       // the marker
+        {2 * static_cast<int>(form.fonts.size()), READ_DONE, no_fonts}, // kind and font
+    };
+    const std::string path = Put(bytes);
+    const int memory = LiveBlocks();
+    int number = 1;
+    for (const Block &block : sequence)
+        for (const int end = number + block.reads; number < end; ++number) {
+            SCOPED_TRACE(number);
+            boxes.Clear();
+            const FailingCall fails("ReadFile", ReadFile, FALSE, number);
+            EXPECT_EQ(Read(path), block.outcome);
+            EXPECT_EQ(boxes.Log(), block.boxes);
+        }
+    boxes.Clear();
+    const FailingCall none("ReadFile", ReadFile, FALSE, number);
+    EXPECT_EQ(Read(path), READ_DONE);
+    EXPECT_EQ(none.Seen(), number - 1);
+    EXPECT_TRUE(boxes.Log().empty());
+    EXPECT_EQ(LiveBlocks(), memory);
+}
+
 TEST_F(FormReader, WrongMarkerAbandonsTheFontTable) {
     std::string bytes = form.Bytes();
     bytes[FormBlocks(bytes).marker] = 'x';

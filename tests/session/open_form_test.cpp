@@ -5,6 +5,7 @@
 
 #include "frame/host_data.h"
 #include "frame/memory.h"
+#include "frame/modified.h"
 #include "frame/text.h"
 #include "tests/support/form_session.h"
 
@@ -256,6 +257,22 @@ TEST_F(OpenFormTest, ItemBeyondTheMarginsIsToldAfterEveryLoad) {
                              "repositioned.",
                              {IDOK}}));
     }
+}
+
+TEST_F(OpenFormTest, OpenedFormIsUnmodifiedAndTheHostKnowsIt) {
+    constexpr UINT CHANGES = 1025;
+    constexpr UINT NO_CHANGES = 1026;
+    ASSERT_EQ(StartOn(form), 0);
+    EXPECT_EQ(host.Count(CHANGES) + host.Count(NO_CHANGES), 0);
+    form.Label(SECTION_DETAIL_1, 30000, 0, 100, 50, "far");
+    boxes.OnDialog("Warning", [&](HWND warning) {
+        SetModified(session, 1); // while the form is being opened
+        PostMessageA(warning, WM_COMMAND, IDOK, 0);
+    });
+    ASSERT_EQ(StartOn(form), 0);
+    EXPECT_EQ(session->form.FormModified, 0u);
+    EXPECT_EQ(host.Count(CHANGES), 1);
+    EXPECT_EQ(host.Count(NO_CHANGES), 1);
 }
 
 TEST_F(OpenFormTest, FormOpenedAndSavedTwiceIsTheSameByteForByte) {
