@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cstdlib>
 
 #include "frame/dialogs.h"
 #include "frame/fatal_error.h"
@@ -11,11 +12,15 @@ namespace tessarine {
 namespace {
 
 constexpr int JUMP_HELP = 3037;
+constexpr int NUMBER_LENGTH = 40;
 
-// What is typed is forced into the finished pages; an empty text counts as 0.
+// What is typed is forced into the finished pages, also a number too long for any integer; an
+// empty text counts as 0.
 int WantedPage(HWND dialog, const Session *session) {
-    const int typed = static_cast<int>(GetDlgItemInt(dialog, JUMP_PAGE, nullptr, TRUE));
-    return std::max(std::min(typed, static_cast<int>(FinishedPages(session))), 1);
+    char text[NUMBER_LENGTH] = "";
+    GetDlgItemTextA(dialog, JUMP_PAGE, text, sizeof text);
+    const long last = FinishedPages(session);
+    return static_cast<int>(std::max(std::min(std::strtol(text, nullptr, 10), last), 1L));
 }
 
 INT_PTR OnCommand(HWND dialog, Session *session, int control) {

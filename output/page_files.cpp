@@ -39,8 +39,13 @@ void BaseName(const Session *session, char (&base)[BASE_LENGTH + 1]) {
 }
 
 // The transfer file is the claim on a name: whoever makes it has the name, in this process or
-// another. Two sessions of the same second differ in the characters between the numbers.
-bool Claim(const char *path) {
+// another. It is remade with each page, so a report file of the name says as well that it is
+// taken. Two sessions of the same second differ in the characters between the numbers.
+bool Claim(const char *path, const char *reportPath) {
+    if (GetFileAttributesA(reportPath) != INVALID_FILE_ATTRIBUTES) {
+        SetLastError(ERROR_FILE_EXISTS);
+        return false;
+    }
     const HANDLE file =
         CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE) return false;
@@ -67,7 +72,8 @@ void MakePageFileNames(Session *session) {
         base[2] = Letter(number);
         base[5] = Letter(number / 36);
         Compose(pages.TransferPath, directory, base, ".MFT");
-        if (Claim(pages.TransferPath)) break;
+        Compose(pages.ReportPath, directory, base, ".MF");
+        if (Claim(pages.TransferPath, pages.ReportPath)) break;
         const DWORD error = GetLastError();
         if (error != ERROR_FILE_EXISTS && error != ERROR_SHARING_VIOLATION) break;
     }
@@ -77,8 +83,6 @@ void MakePageFileNames(Session *session) {
         CopyText(pages.OutputPath, pages.ReportPath, sizeof pages.ReportPath);
     else if (session->run.ViewingFile)
         CopyText(session->ViewBlock.ReportFileName, pages.ReportPath, sizeof pages.ReportPath);
-    else
-        Compose(pages.ReportPath, directory, base, ".MF");
 }
 
 void DeletePageFiles(Session *session) {

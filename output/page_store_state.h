@@ -31,9 +31,11 @@ struct ViewState {
     int32_t ScrollPosY;
     uint32_t HorzScroll; // the window has that scroll bar
     uint32_t VertScroll;
-    uint32_t PaintEnabled; // the session has a window of its own to paint
-    int32_t StripHeight;   // form units: the status strip's height, which the layout leaves at 0
-    RECT ClipRect;         // pixels
+    uint32_t PaintEnabled;  // the session has a window of its own to paint
+    int32_t StripHeight;    // form units: the status strip's height, which the layout leaves at 0
+    RECT ClipRect;          // pixels
+    int32_t MessagesInHand; // how many messages of the window are being handled, one in another
+    uint32_t CloseWanted;   // the session ends when the last of them is done
 };
 
 } // namespace tessarine

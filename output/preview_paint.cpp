@@ -120,20 +120,25 @@ void MapPaperOnSheet(const Session *session, const RECT &sheet, int paperWidth, 
                      nullptr);
 }
 
+// The rectangle one device pixel further right and down; a pixel is no whole number of units.
+RECT PixelFurther(HDC device, RECT place) {
+    POINT *corners = reinterpret_cast<POINT *>(&place);
+    LPtoDP(device, corners, 2);
+    OffsetRect(&place, 1, 1);
+    DPtoLP(device, corners, 2);
+    return place;
+}
+
 void DrawSheetFrame(const Session *session, const RECT &sheet) {
     const HDC device = session->device.ScreenDC;
-    const Mapping mapping = MappingOf(device);
-    const int pixel_x = MulDiv(1, mapping.window_extent.cx, mapping.viewport_extent.cx);
-    const int pixel_y = MulDiv(1, mapping.window_extent.cy, mapping.viewport_extent.cy);
+    const RECT shadow = PixelFurther(device, sheet);
     const HGDIOBJ old_pen = SelectObject(device, GetStockObject(BLACK_PEN));
     DrawLine(device, sheet.left, sheet.top, sheet.right, sheet.top);
     DrawLine(device, sheet.right, sheet.top, sheet.right, sheet.bottom);
     DrawLine(device, sheet.right, sheet.bottom, sheet.left, sheet.bottom);
     DrawLine(device, sheet.left, sheet.bottom, sheet.left, sheet.top);
-    const int right = sheet.right + pixel_x;
-    const int bottom = sheet.bottom + pixel_y;
-    DrawLine(device, right, sheet.top + pixel_y, right, bottom);
-    DrawLine(device, right, bottom, sheet.left + pixel_x, bottom);
+    DrawLine(device, shadow.right, shadow.top, shadow.right, shadow.bottom);
+    DrawLine(device, shadow.right, shadow.bottom, shadow.left, shadow.bottom);
     SelectObject(device, old_pen);
 }
 

@@ -77,7 +77,7 @@ void ScrollRight(Session *session, int amount) {
 void TrackVertical(Session *session, int position) {
     const int finished = FinishedPages(session);
     if (finished < 1) return;
-    const int page = std::min(position * finished / SCROLL_RANGE, finished - 1);
+    const int page = std::clamp(position * finished / SCROLL_RANGE, 0, finished - 1);
     if (page != session->pages.ShownPageIndex) GoToPage(session, page, 0);
 }
 

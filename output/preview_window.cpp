@@ -25,6 +25,32 @@ void ColumnRight(Session *session) { ScrollRight(session, session->view.ViewWidt
 void ViewLeft(Session *session) { ScrollLeft(session, session->view.ViewWidth); }
 void ViewRight(Session *session) { ScrollRight(session, session->view.ViewWidth); }
 
+// The wait cursor, and the removal of a new file that did not get whole.
+class SaveState {
+public:
+    SaveState(const Session *session, const char *path)
+        : path_(GetFileAttributesA(path) == INVALID_FILE_ATTRIBUTES ? path : nullptr),
+          old_cursor_(SetCursor(session->device.WaitCursor)) {}
+    SaveState(const SaveState &) = delete;
+    SaveState &operator=(const SaveState &) = delete;
+    ~SaveState() {
+        SetCursor(old_cursor_);
+        if (path_) DeleteFileA(path_);
+    }
+    void Whole() { path_ = nullptr; }
+
+private:
+    const char *path_; // null: nothing to remove
+    HCURSOR old_cursor_;
+};
+
+void CopyReport(Session *session, const char *path) {
+    SaveState state(session, path);
+    const char *report = session->pages.ReportPath;
+    CopyFileData(session, report, 0, path, 0, FileLength(report));
+    state.Whole();
+}
+
 // The whole report file goes to the chosen name; only a finished run has one.
 void SaveReport(Session *session) {
     if (session->run.RunPhase != PHASE_FINISHED || session->run.ViewingFile) return;
@@ -35,10 +61,7 @@ void SaveReport(Session *session) {
         return;
     AddFileEnding(name, frc_format ? ".FRC" : ".FR", sizeof name);
     if (!lstrcmpiA(name, session->pages.ReportPath)) return;
-    const HCURSOR old_cursor = SetCursor(session->device.WaitCursor);
-    CopyFileData(session, session->pages.ReportPath, 0, name, 0,
-                 FileLength(session->pages.ReportPath));
-    SetCursor(old_cursor);
+    CopyReport(session, name);
 }
 
 void Jump(Session *session) {
@@ -64,11 +87,15 @@ void ToggleFit(Session *session) {
     PaintPreview(session);
 }
 
+// A close that comes while another message is being handled, as behind a message box or in a
+// print job, waits for the end of that one.
 void StopOrEnd(Session *session) {
-    if (session->run.RunPhase == PHASE_FINISHED)
-        session->EndSession(session);
-    else
+    if (session->run.RunPhase != PHASE_FINISHED)
         session->run.CancelState = CANCEL_STOP;
+    else if (session->view.MessagesInHand > 1)
+        session->view.CloseWanted = 1;
+    else
+        session->EndSession(session);
 }
 
 struct ActionRow {
@@ -157,12 +184,22 @@ bool Handle(Session *session, UINT message, WPARAM wParam) {
     return false;
 }
 
+// Handles the message, and the close that waited for its end.
+bool HandleWhole(Session *session, UINT message, WPARAM wParam) {
+    ++session->view.MessagesInHand;
+    const bool handled = Guarded(session, true, [&] { return Handle(session, message, wParam); });
+    if (!SessionStands(session)) return true;
+    if (--session->view.MessagesInHand == 0 && session->view.CloseWanted)
+        session->EndSession(session);
+    return handled;
+}
+
 } // namespace
 
 LRESULT CALLBACK RepWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     Session *session = GetSessionPointer(window, 0);
     const bool deaf = !session || session->IgnoreMessages || session->WindowInMaking;
-    if (!deaf && Guarded(session, true, [&] { return Handle(session, message, wParam); })) return 0;
+    if (!deaf && HandleWhole(session, message, wParam)) return 0;
     return DefWindowProcA(window, message, wParam, lParam);
 }
 

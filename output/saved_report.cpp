@@ -1,5 +1,7 @@
 #include "output/saved_report.h"
 
+#include <algorithm>
+
 #include "device/device_properties.h"
 #include "device/printer.h"
 #include "form/file_dialog.h"
@@ -108,9 +110,9 @@ void TakePrintOffset(Session *session) {
                         &session->printer.PrintOffsetY);
 }
 
-// The wanted page, or null when the report has no such page.
 HMETAFILE FetchPage(Session *session, int wanted) {
-    session->pages.ShownPageIndex = wanted - 1;
+    const int index = std::max(wanted, 0) - 1; // no page has a number below 1
+    session->pages.ShownPageIndex = index;
     session->pages.ShownPage = nullptr;
     session->run.CancelState = CANCEL_NONE;
     session->run.RunPhase = PHASE_FINISHED;
@@ -118,8 +120,7 @@ HMETAFILE FetchPage(Session *session, int wanted) {
     TakePrintOffset(session);
     MakePageFileNames(session);
     if (session->run.OutputToScreen) PlaceScrollBars(session);
-    if (wanted < 1 || wanted > session->run.PageCount) return nullptr;
-    return ReadMetaFilePage(session, wanted - 1, session->pages.ScreenPagePath, nullptr);
+    return ReadMetaFilePage(session, index, session->pages.ScreenPagePath, nullptr);
 }
 
 HMETAFILE ViewPage(Session *session, RepViewParams *block, int32_t *pageNumber, HGLOBAL devNames,

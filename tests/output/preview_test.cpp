@@ -1,78 +1,73 @@
-#include <gtest/gtest.h>
-
 #include <cstring>
 
-#include "frame/session_table.h"
-#include "output/preview.h"
 #include "run/run.h"
-#include "tests/support/message_boxes.h"
+#include "tests/support/failing_call.h"
+#include "tests/support/host_window.h"
 #include "tests/support/metafile_records.h"
 #include "tests/support/page_texts.h"
-#include "tests/support/report_run.h"
+#include "tests/support/preview_run.h"
 
 namespace {
 
-constexpr int PHASE_CLOSING = tessarine::PHASE_CLOSING;
+// The run and its window: start, menu, first page, cancel and end.
+class Preview : public PreviewRun {};
 
-// A list of five records a page, previewed in a window of half a page.
-struct ListForm : FormBuilder {
-    ListForm() {
-        const int name = Field(FIELD_DATA, "NAME", TYPE_TEXT);
-        Section(SECTION_DETAIL_1, 500);
-        FieldItem(SECTION_DETAIL_1, 200, 0, 500, 50, name);
-    }
+struct Told {
+    HWND window;
+    UINT message;
 };
+std::vector<Told> told;
+int WINAPI Callback(HWND window, UINT message) {
+    told.push_back({window, message});
+    return 0;
+}
 
-// A preview while its run is going on, and behind it.
-class Preview : public testing::Test {
+// A preview with the host's window behind it.
+class HostedPreview : public PreviewRun {
 protected:
-    Preview() : run(ListForm{}) {
-        run.params.Device = 'S';
-        run.params.WindowStyle = WS_OVERLAPPEDWINDOW;
-        run.params.WindowWidth = 500;
-        run.params.WindowHeight = 500;
-        EXPECT_EQ(run.Start(), 0) << boxes.LastText();
-        session = tessarine::GetSessionPointer(nullptr, run.params.SessionId);
+    void SetUp() override {
+        run.params.ParentWindow = host.Get();
+        told.clear();
+        Start();
     }
-    ~Preview() override {
-        if (!Open()) return;
-        if (session->run.RunPhase != tessarine::PHASE_FINISHED) run.Finish();
-        if (Open()) Send(WM_CLOSE, 0);
-    }
-
-    bool Open() const {
-        return tessarine::GetSessionPointer(nullptr, run.params.SessionId) == session;
-    }
-    int Feed(int records) {
-        int code = 0;
-        for (int record = 0; record < records && !code; ++record)
-            code = run.Feed({{"NAME", "record"}});
-        return code;
-    }
-    void Send(UINT message, WPARAM wParam) {
-        SendMessageA(session->device.Window, message, wParam, 0);
-    }
-    void Command(int number) { Send(WM_COMMAND, static_cast<WPARAM>(number)); }
-    bool Enabled(int number) const {
-        return !(GetMenuState(session->device.Menu, static_cast<UINT>(number), MF_BYCOMMAND) &
-                 MF_GRAYED);
-    }
-    std::string Enabled() const {
-        std::string enabled;
-        for (const int number : {694, 695, 696, 624, 697}) enabled += Enabled(number) ? 'x' : '-';
-        return enabled;
-    }
-
-    MessageBoxes boxes;
-    ReportRun run;
-    Session *session = nullptr;
+    HostWindow host;
 };
 
 } // namespace
 
+// ---- the window and its menu -------------------------------------------------------------------
+
+TEST_F(Preview, WindowHasItsClassTitleBarsAndTheMenuInItsOrder) {
+    char text[MAX_PATH] = "";
+    GetClassNameA(Window(), text, sizeof text);
+    EXPECT_STREQ(text, "RepClass32");
+    EXPECT_EQ(GetClassLongA(Window(), GCL_STYLE), 4139u);
+    GetWindowTextA(Window(), text, sizeof text);
+    EXPECT_STREQ(text, run.params.FormFile);
+    EXPECT_EQ(session->ViewBlock.ReportWindow, Window());
+    const std::vector<std::pair<UINT, std::string>> entries = {
+        {694, "&Jump"}, {695, "&Print"}, {696, "Pre&view"}, {624, "&Save"}, {697, "&Exit"}};
+    ASSERT_EQ(GetMenuItemCount(GetMenu(Window())), 5);
+    for (int place = 0; place < 5; ++place) {
+        const auto &[number, words] = entries[static_cast<size_t>(place)];
+        EXPECT_EQ(GetMenuItemID(GetMenu(Window()), place), number);
+        EXPECT_EQ(MenuText(static_cast<int>(number)), words);
+    }
+    for (const int bar : {SB_HORZ, SB_VERT}) {
+        int low = -1;
+        int high = -1;
+        GetScrollRange(Window(), bar, &low, &high);
+        EXPECT_EQ(low, 0);
+        EXPECT_EQ(high, 100);
+        EXPECT_EQ(GetScrollPos(Window(), bar), 0);
+    }
+}
+
 TEST_F(Preview, MenuFollowsTheRun) {
     EXPECT_EQ(Enabled(), "----x");
-    ASSERT_EQ(Feed(6), 0);
+    ASSERT_EQ(Feed(5), 0);
+    EXPECT_EQ(Enabled(), "----x"); // the first page is full and not finished
+    ASSERT_EQ(Feed(1), 0);
     EXPECT_EQ(session->run.PageCount, 2);
     EXPECT_EQ(Enabled(), "-xx-x");
     ASSERT_EQ(Feed(5), 0);
@@ -82,123 +77,44 @@ TEST_F(Preview, MenuFollowsTheRun) {
     EXPECT_TRUE(Open());
 }
 
-TEST_F(Preview, NothingScrollsBeforeThePageIsFinished) {
-    for (const int command : {600, 601, 602, 603, 604, 605}) Command(command);
-    Send(WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 50));
-    EXPECT_EQ(session->view.OriginY, 0);
-    EXPECT_EQ(session->pages.ShownPageIndex, 0);
+TEST_F(Preview, FinishedReportOfOnePageHasNoJump) {
+    Finish(2);
+    EXPECT_EQ(Enabled(), "-xxxx");
 }
 
-TEST_F(Preview, ScrollingRunsOnAcrossPageEnds) {
-    ASSERT_EQ(Feed(15), 0);
-    ASSERT_EQ(run.Finish(), 0);
-    const int page_bottom = session->run.PageBottomUnits;
-    int steps = 0;
-    while (session->pages.ShownPageIndex == 0 && steps++ < 20) Command(601);
-    EXPECT_EQ(session->pages.ShownPageIndex, 1);
-    EXPECT_EQ(session->view.OriginY, 0);
-    Command(600);
-    EXPECT_EQ(session->pages.ShownPageIndex, 0);
-    EXPECT_EQ(session->view.OriginY,
-              page_bottom - (session->view.ViewHeight - session->device.FontHeight));
-}
-
-TEST_F(Preview, BottomOfTheLastPageIsTheEnd) {
-    ASSERT_EQ(Feed(5), 0);
-    ASSERT_EQ(run.Finish(), 0);
-    for (int step = 0; step < 20; ++step) Command(601);
-    const int origin = session->view.OriginY;
-    Command(601);
-    EXPECT_EQ(session->view.OriginY, origin);
-    EXPECT_EQ(session->pages.ShownPageIndex, 0);
-}
-
-TEST_F(Preview, FittedPagesTurnWhole) {
-    ASSERT_EQ(Feed(15), 0);
-    ASSERT_EQ(run.Finish(), 0);
-    Command(696);
-    EXPECT_EQ(session->view.FitPage, 1u);
-    char text[20] = "";
-    GetMenuStringA(session->device.Menu, 696, text, sizeof text, MF_BYCOMMAND);
-    EXPECT_STREQ(text, "&Zoom");
-    Command(605);
-    EXPECT_EQ(session->view.OriginX, 0);
-    Command(603);
-    EXPECT_EQ(session->pages.ShownPageIndex, 1);
-    Command(602);
-    EXPECT_EQ(session->pages.ShownPageIndex, 0);
-    Command(696);
-    GetMenuStringA(session->device.Menu, 696, text, sizeof text, MF_BYCOMMAND);
-    EXPECT_STREQ(text, "Pre&view");
-}
-
-TEST_F(Preview, ThumbAndScrollBarSpanTheWholeReport) {
-    ASSERT_EQ(Feed(20), 0);
-    ASSERT_EQ(run.Finish(), 0);
-    Send(WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 50));
-    EXPECT_EQ(session->pages.ShownPageIndex, 2);
-    EXPECT_EQ(GetScrollPos(session->device.Window, SB_VERT), 50);
-    Send(WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 100));
-    EXPECT_EQ(session->pages.ShownPageIndex, 3);
-}
-
-TEST_F(Preview, JumpIsForcedIntoTheFinishedPages) {
-    ASSERT_EQ(Feed(20), 0);
-    ASSERT_EQ(run.Finish(), 0);
-    const auto jump = [&](const char *number) {
-        boxes.OnDialog("Page Jump", [number](HWND dialog) {
-            SetDlgItemTextA(dialog, 895, number);
-            PostMessageA(dialog, WM_COMMAND, IDOK, 0);
-        });
-        Command(694);
-        return session->pages.ShownPageIndex + 1;
-    };
-    EXPECT_EQ(jump("3"), 3);
-    EXPECT_EQ(jump("99"), 4);
-    EXPECT_EQ(jump("0"), 1);
-    EXPECT_EQ(jump("-5"), 1);
-    EXPECT_EQ(jump("2"), 2);
-    EXPECT_EQ(jump(""), 1);
-}
-
-TEST_F(Preview, CloseDuringTheRunEndsItWith5) {
-    ASSERT_EQ(Feed(2), 0);
-    PostMessageA(session->device.Window, WM_CLOSE, 0, 0);
-    EXPECT_EQ(Feed(1), CODE_CANCELLED);
-    EXPECT_EQ(run.Finish(), 0);
-    EXPECT_FALSE(Open());
-    EXPECT_TRUE(boxes.Log().empty());
-}
-
-TEST_F(Preview, CancelledRunLeavesNoFileOfItsPages) {
+TEST_F(Preview, MenuIsSetAnewAfterEveryMessageOfTheWindow) {
     ASSERT_EQ(Feed(6), 0);
-    const std::string report = session->pages.ReportPath;
-    // A file without its header: the first 490 bytes are a hole until the run has ended.
-    EXPECT_EQ(ReadWholeFile(report).substr(0, 490), std::string(490, '\0'));
-    session->run.CancelState = tessarine::CANCEL_STOP;
-    EXPECT_EQ(run.Finish(), 0);
-    EXPECT_FALSE(Open());
-    EXPECT_EQ(GetFileAttributesA(report.c_str()), INVALID_FILE_ATTRIBUTES);
+    for (const UINT message : {WM_VSCROLL, WM_HSCROLL, WM_PAINT}) {
+        EnableMenuItem(GetMenu(Window()), 695, MF_BYCOMMAND | MF_GRAYED);
+        Send(message, MAKEWPARAM(SB_ENDSCROLL, 0));
+        EXPECT_EQ(Enabled(), "-xx-x") << message;
+    }
+    EnableMenuItem(GetMenu(Window()), 695, MF_BYCOMMAND | MF_GRAYED);
+    Command(699); // none of the table
+    EXPECT_EQ(Enabled(), "--x-x");
 }
 
-TEST_F(Preview, CloseIsIgnoredInTheClosingSectionsButExitIsNot) {
-    ASSERT_EQ(Feed(2), 0);
-    session->run.RunPhase = PHASE_CLOSING;
-    Send(WM_CLOSE, 0);
-    EXPECT_EQ(session->run.CancelState, tessarine::CANCEL_NONE);
-    Command(697);
-    EXPECT_EQ(session->run.CancelState, tessarine::CANCEL_STOP);
-    session->run.RunPhase = tessarine::PHASE_RECORDS;
+TEST_F(Preview, FirstPageIsShownAsSoonAsItIsFinishedAndStaysWhileTheRunGoesOn) {
+    ASSERT_EQ(Feed(5), 0);
+    EXPECT_EQ(session->pages.ShownPage, nullptr);
+    ASSERT_EQ(Feed(1), 0);
+    const HMETAFILE page = session->pages.ShownPage;
+    EXPECT_NE(page, nullptr);
+    ASSERT_EQ(Feed(20), 0);
+    EXPECT_EQ(session->pages.ShownPage, page);
+    EXPECT_EQ(Page(), 1);
 }
 
-TEST_F(Preview, ClosingTheWindowEndsTheSessionAndItsFiles) {
-    ASSERT_EQ(Feed(7), 0);
+TEST_F(Preview, PagesAreReadBetweenRecords) {
+    ASSERT_EQ(Feed(16), 0);
+    PostMessageA(Window(), WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 100), 0);
+    EXPECT_EQ(Page(), 1);
+    ASSERT_EQ(Feed(1), 0);
+    EXPECT_EQ(Page(), 3); // the last that is finished
+    ASSERT_EQ(Feed(10), 0);
+    EXPECT_EQ(Page(), 3);
     ASSERT_EQ(run.Finish(), 0);
-    const std::string report = session->pages.ReportPath;
-    EXPECT_NE(GetFileAttributesA(report.c_str()), INVALID_FILE_ATTRIBUTES);
-    Command(697);
-    EXPECT_FALSE(Open());
-    EXPECT_EQ(GetFileAttributesA(report.c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(Page(), 3);
 }
 
 TEST_F(Preview, RunWithoutRecordsShowsOneEmptyPage) {
@@ -206,32 +122,195 @@ TEST_F(Preview, RunWithoutRecordsShowsOneEmptyPage) {
     EXPECT_EQ(run.page_count, 0);
     EXPECT_EQ(session->run.PageCount, 1);
     EXPECT_NE(session->pages.ShownPage, nullptr);
+}
+
+// ---- cancel and end ----------------------------------------------------------------------------
+
+TEST_F(Preview, CloseDuringTheRunEndsItWith5) {
+    ASSERT_EQ(Feed(2), 0);
+    PostMessageA(Window(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(Feed(1), CODE_CANCELLED);
+    EXPECT_TRUE(Open());
+    EXPECT_EQ(run.Finish(), 0);
+    EXPECT_FALSE(Open());
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(Preview, ExitDuringTheRunEndsItWith5AndLeavesNoFile) {
+    ASSERT_EQ(Feed(7), 0);
+    EXPECT_GT(FilesOfPages(), 0);
+    PostMessageA(Window(), WM_COMMAND, 697, 0);
+    EXPECT_EQ(Feed(1), CODE_CANCELLED);
+    EXPECT_EQ(run.Finish(), 0);
+    EXPECT_FALSE(Open());
+    EXPECT_EQ(FilesOfPages(), 0);
+}
+
+TEST_F(Preview, PumpStopsAtTheMessageThatCancels) {
+    ASSERT_EQ(Feed(11), 0);
+    PostMessageA(Window(), WM_CLOSE, 0, 0);
+    PostMessageA(Window(), WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 100), 0);
+    EXPECT_EQ(Feed(1), CODE_CANCELLED);
+    EXPECT_EQ(Page(), 1);
+}
+
+TEST_F(Preview, CloseAndExitBeforeTheFirstRecordAreTakenBackByIt) {
+    Send(WM_CLOSE, 0);
+    EXPECT_EQ(session->run.CancelState, tessarine::CANCEL_STOP);
+    EXPECT_TRUE(Open());
+    EXPECT_EQ(Feed(1), 0); // the first record starts the printing anew
+    EXPECT_EQ(session->run.CancelState, tessarine::CANCEL_NONE);
+}
+
+TEST_F(Preview, CloseIsIgnoredInTheClosingSectionsButExitIsNot) {
+    ASSERT_EQ(Feed(2), 0);
+    session->run.RunPhase = tessarine::PHASE_CLOSING;
+    Send(WM_CLOSE, 0);
+    EXPECT_EQ(session->run.CancelState, tessarine::CANCEL_NONE);
+    Command(697);
+    EXPECT_EQ(session->run.CancelState, tessarine::CANCEL_STOP);
+    session->run.RunPhase = tessarine::PHASE_RECORDS;
+}
+
+TEST_F(Preview, CloseWhileASheetIsFilledOutCancels) {
+    ASSERT_EQ(Feed(2), 0);
+    session->run.RunPhase = tessarine::PHASE_FILL;
+    Send(WM_CLOSE, 0);
+    EXPECT_EQ(session->run.CancelState, tessarine::CANCEL_STOP);
+    session->run.RunPhase = tessarine::PHASE_RECORDS;
+}
+
+TEST_F(Preview, ClosingTheWindowEndsTheSessionAndItsFiles) {
+    for (const bool by_command : {true, false}) {
+        if (!Open()) Start();
+        Finish(7);
+        const HWND window = Window();
+        EXPECT_GT(FilesOfPages(), 0);
+        if (by_command)
+            Command(697);
+        else
+            Send(WM_CLOSE, 0);
+        EXPECT_FALSE(Open());
+        EXPECT_FALSE(IsWindow(window));
+        EXPECT_EQ(FilesOfPages(), 0);
+    }
+}
+
+TEST_F(HostedPreview, EndOfTheSessionIsTheLastThingTheHostHears) {
+    Finish(7);
+    EXPECT_EQ(host.Count(1024), 0);
+    EXPECT_EQ(tessarine::RepGetParent(Window(), 0), host.Get());
+    EXPECT_EQ(tessarine::RepGetParent(nullptr, run.params.SessionId), host.Get());
+    Command(697);
+    EXPECT_EQ(host.Count(1024), 1);
+    EXPECT_EQ(tessarine::RepGetParent(nullptr, run.params.SessionId), nullptr);
+}
+
+TEST_F(HostedPreview, CallbackHearsOfTheEndInPlaceOfTheWindow) {
+    const HWND window = Window();
+    EXPECT_EQ(tessarine::RepSetMsgCallback(window, 0, Callback), 1);
+    EXPECT_EQ(tessarine::RepSetMsgCallback(host.Get(), 0, Callback), 0);
+    Finish(7);
+    EXPECT_TRUE(told.empty());
+    Send(WM_CLOSE, 0);
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_EQ(told[0].window, window);
+    EXPECT_EQ(told[0].message, 1024u);
+    EXPECT_EQ(host.Count(1024), 0);
+}
+
+TEST_F(HostedPreview, CancelledRunTellsTheHostAtItsRelease) {
+    ASSERT_EQ(Feed(1), 0);
+    PostMessageA(Window(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(Feed(1), CODE_CANCELLED);
+    EXPECT_EQ(host.Count(1024), 0);
+    EXPECT_EQ(run.Finish(), 0);
+    EXPECT_EQ(host.Count(1024), 1);
+}
+
+TEST_F(Preview, CallbackWithoutAParentWindowIsNotCalled) {
+    told.clear();
+    EXPECT_EQ(tessarine::RepSetMsgCallback(nullptr, run.params.SessionId, Callback), 1);
+    Finish(1);
+    Send(WM_CLOSE, 0);
+    EXPECT_FALSE(Open());
+    EXPECT_TRUE(told.empty());
+}
+
+// ---- failures ----------------------------------------------------------------------------------
+
+TEST_F(Preview, PageThatCannotBeReadDuringTheRunEndsItsRecordWith1) {
+    ASSERT_EQ(Feed(11), 0);
+    const FailingCall failing("GetMetaFileA", GetMetaFileA, nullptr);
+    PostMessageA(Window(), WM_COMMAND, 601, 0);
+    PostMessageA(Window(), WM_COMMAND, 601, 0);
+    PostMessageA(Window(), WM_COMMAND, 601, 0);
+    EXPECT_EQ(Feed(1), CODE_FILE);
+    EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
+    EXPECT_EQ(boxes.LastText(), "Error getting the disk meta file(ReadMetaFilePage)");
+    EXPECT_EQ(session->pages.ShownPage, nullptr);
+}
+
+TEST_F(Preview, PageThatCannotBeReadBehindTheRunIsToldAndThePreviewGoesOn) {
+    Finish(11);
+    {
+        const FailingCall failing("GetMetaFileA", GetMetaFileA, nullptr);
+        Scroll(WM_VSCROLL, SB_THUMBTRACK, 100);
+    }
+    EXPECT_EQ(boxes.Texts(),
+              std::vector<std::string>{"Error getting the disk meta file(ReadMetaFilePage)"});
+    EXPECT_EQ(session->ErrorCode, CODE_FILE);
+    ASSERT_TRUE(Open());
+    Send(WM_PAINT, 0);
+    Scroll(WM_VSCROLL, SB_THUMBTRACK, 100);
+    EXPECT_EQ(Page(), 3);
+    EXPECT_NE(session->pages.ShownPage, nullptr);
+}
+
+TEST_F(Preview, CloseBehindAMessageOfAFailureWaitsForItsAnswer) {
+    Finish(11);
+    bool open_behind = false;
+    boxes.OnDialog("Fatal Error", [&](HWND box) {
+        Send(WM_CLOSE, 0);
+        open_behind = Open();
+        PostMessageA(box, WM_COMMAND, IDOK, 0);
+    });
+    const FailingCall failing("GetMetaFileA", GetMetaFileA, nullptr);
+    Scroll(WM_VSCROLL, SB_THUMBTRACK, 100);
+    EXPECT_TRUE(open_behind);
+    EXPECT_FALSE(Open());
+    EXPECT_EQ(FilesOfPages(), 0);
+}
+
+TEST_F(Preview, BitmapThatCannotBeMadeIsToldWithItsWords) {
+    Finish(1);
+    {
+        const FailingCall failing("CreateCompatibleBitmap", CreateCompatibleBitmap, nullptr);
+        SetWindowPos(Window(), nullptr, 0, 0, 450, 420, SWP_NOMOVE | SWP_NOZORDER);
+        Send(WM_PAINT, 0);
+    }
+    EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
+    EXPECT_EQ(boxes.LastText(), "Unable to create compatible DC");
+    EXPECT_EQ(session->ErrorCode, 12);
+    Send(WM_PAINT, 0); // and the next one has it
+    EXPECT_NE(session->device.OffscreenBitmap, nullptr);
+}
+
+TEST_F(Preview, CancelledRunLeavesNoFileOfItsPages) {
+    ASSERT_EQ(Feed(6), 0);
+    // A file without its header: the first 490 bytes are a hole until the run has ended.
+    EXPECT_EQ(ReadWholeFile(session->pages.ReportPath).substr(0, 490), std::string(490, '\0'));
+    session->run.CancelState = tessarine::CANCEL_STOP;
+    EXPECT_EQ(run.Finish(), 0);
+    EXPECT_FALSE(Open());
+    EXPECT_EQ(FilesOfPages(), 0);
+}
+
+TEST_F(Preview, ReportOfARunWithoutRecordsHasOneEmptyPage) {
+    ASSERT_EQ(run.Finish(), 0);
     const std::string report = ReadWholeFile(session->pages.ReportPath);
     EXPECT_EQ(+HeaderOf(report).PageCount, 1);
     EXPECT_EQ(+HeaderOf(report).RecordCount, 0);
     ASSERT_EQ(PagesOf(report).size(), 1u);
     EXPECT_TRUE(DrawingOf(PagesOf(report)[0]).empty());
-}
-
-TEST_F(Preview, SavedReportIsTheFileItselfAndALongerFileKeepsItsTail) {
-    ASSERT_EQ(Feed(6), 0);
-    ASSERT_EQ(run.Finish(), 0);
-    TemporaryFolder folder;
-    const std::string report = ReadWholeFile(session->pages.ReportPath);
-    const std::string tail(100, 't');
-    WriteWholeFile(folder.Path("LONGER.FRC"), std::string(report.size(), 'x') + tail);
-    for (const char *name : {"SAVED", "LONGER.FRC"}) {
-        boxes.OnDialog("Save the Report to a Disk File", [&](HWND dialog) {
-            constexpr int NAME_EDIT = 0x480;
-            constexpr int NAME_COMBO = 0x47C;
-            HWND edit = GetDlgItem(dialog, NAME_EDIT);
-            if (!edit) edit = GetDlgItem(dialog, NAME_COMBO);
-            SendMessageA(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(folder.Path(name).c_str()));
-            PostMessageA(dialog, WM_COMMAND, IDOK, 0);
-        });
-        boxes.Answer(IDYES); // to writing over a file
-        Command(tessarine::COMMAND_SAVE);
-    }
-    EXPECT_EQ(ReadWholeFile(folder.Path("SAVED.FRC")), report);
-    EXPECT_EQ(ReadWholeFile(folder.Path("LONGER.FRC")), report + tail);
 }

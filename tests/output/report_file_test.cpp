@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cstring>
 
 #include "frame/host_data.h"
+#include "output/page_files.h"
 #include "output/page_store.h"
 #include "output/report_file.h"
 #include "output/saved_report.h"
@@ -114,9 +116,22 @@ TEST(SavedReport, PageOneComesBackWithThePageCount) {
     EXPECT_TRUE(view.Show(1)) << boxes.LastText();
     EXPECT_EQ(view.number, 3);
     EXPECT_TRUE(view.Show(3));
-    EXPECT_FALSE(view.Show(4));
-    EXPECT_FALSE(view.Show(0));
     EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST(SavedReport, PageThatTheReportDoesNotHaveCannotBeRead) {
+    MessageBoxes boxes;
+    ReportRun run{ListForm{}};
+    ASSERT_EQ(run.Run(Records(12)), 0) << boxes.LastText();
+    View view(run.params.OutputFile);
+    for (const int wanted : {4, 0, -1, 5001, INT_MIN, INT_MAX}) {
+        boxes.Clear();
+        EXPECT_FALSE(view.Show(wanted)) << wanted;
+        EXPECT_EQ(view.number, wanted);
+        EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
+        EXPECT_EQ(boxes.LastText(), "Error getting the disk meta file(ReadMetaFilePage)");
+    }
+    EXPECT_TRUE(view.Show(3));
 }
 
 TEST(SavedReport, FileWithoutTheMarkIsInvalid) {
@@ -166,4 +181,17 @@ TEST(PageFiles, TwoSessionsOfTheSameSecondHaveNamesOfTheirOwn) {
     EXPECT_EQ(std::string(first->pages.ReportPath), folder.Path("14R05R33.MF"));
     EXPECT_EQ(std::string(first->pages.TransferPath), folder.Path("14R05R33.MFT"));
     EXPECT_STRNE(first->pages.ReportPath, second->pages.ReportPath);
+}
+
+TEST(PageFiles, NameWhoseReportStandsIsTakenThoughItsScratchIsGone) {
+    TemporaryFolder folder;
+    WriteWholeFile(folder.Path("14R05R33.MF"), "pages of another");
+    BareSession session;
+    std::strcpy(session->RunBlock.TempDir, folder.Root().c_str());
+    std::strcpy(session->run.TimeText, "14:05:33");
+    session->run.OutputToScreen = 1;
+    tessarine::MakePageFileNames(session);
+    EXPECT_EQ(std::string(session->pages.ReportPath), folder.Path("14S05R33.MF"));
+    tessarine::DeletePageFiles(session);
+    EXPECT_EQ(ReadWholeFile(folder.Path("14R05R33.MF")), "pages of another");
 }

@@ -1,0 +1,109 @@
+#include "output/device_choice.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "frame/session_table.h"
+#include "rep_dlg.h"
+#include "run/run.h"
+#include "tests/support/failing_call.h"
+#include "tests/support/message_boxes.h"
+#include "tests/support/preview_run.h"
+
+using namespace tessarine;
+
+namespace {
+
+std::vector<std::string> ListOf(HWND dialog) {
+    std::vector<std::string> rows;
+    const HWND list = GetDlgItem(dialog, LIST_CHOICE);
+    const auto count = static_cast<WPARAM>(SendMessageA(list, LB_GETCOUNT, 0, 0));
+    for (WPARAM row = 0; row < count; ++row) {
+        char text[40] = "";
+        SendMessageA(list, LB_GETTEXT, row, reinterpret_cast<LPARAM>(text));
+        rows.emplace_back(text);
+    }
+    return rows;
+}
+
+// A run that asks for its device; row -1 cancels the question.
+class DeviceChoice : public PreviewRun {
+protected:
+    void SetUp() override { run.params.Device = 'A'; }
+    void Answer(int row, int button = IDOK) {
+        boxes.OnDialog("Output Device", [=, this](HWND dialog) {
+            rows = ListOf(dialog);
+            selected =
+                static_cast<int>(SendDlgItemMessageA(dialog, LIST_CHOICE, LB_GETCURSEL, 0, 0));
+            SendDlgItemMessageA(dialog, LIST_CHOICE, LB_SETCURSEL, static_cast<WPARAM>(row), 0);
+            PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
+        });
+    }
+    Session *Opened() const { return GetSessionPointer(nullptr, run.params.SessionId); }
+
+    std::vector<std::string> rows;
+    int selected = -2;
+};
+
+} // namespace
+
+TEST_F(DeviceChoice, ScreenIsTheFirstOfThree) {
+    Answer(0);
+    Start();
+    EXPECT_EQ(rows, (std::vector<std::string>{"Screen", "Printer", "Disk File"}));
+    EXPECT_EQ(selected, 0);
+    EXPECT_TRUE(session->run.OutputToScreen);
+    EXPECT_EQ(run.params.Device, 'A');
+    Finish(2);
+}
+
+TEST_F(DeviceChoice, DoubleClickCountsAsOk) {
+    Answer(0, MAKELONG(LIST_CHOICE, LBN_DBLCLK));
+    Start();
+    EXPECT_TRUE(session->run.OutputToScreen);
+}
+
+TEST_F(DeviceChoice, PrinterIsTheSecond) {
+    Answer(1);
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    EXPECT_TRUE(Opened()->run.OutputToPrinter);
+    EXPECT_EQ(run.Finish(), 0);
+}
+
+TEST_F(DeviceChoice, DiskFileAsksForItsName) {
+    TemporaryFolder folder;
+    Answer(2);
+    AnswerDialog("Report File Name Selection", FILE_NAME, folder.Path("MADE"), IDOK);
+    const std::string given = run.params.OutputFile;
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    EXPECT_TRUE(Opened()->run.OutputToFile);
+    EXPECT_EQ(run.params.Device, 'A');
+    EXPECT_EQ(run.params.OutputFile, given);
+    ASSERT_EQ(run.Feed({{"NAME", "record"}}), 0);
+    EXPECT_EQ(run.Finish(), 0);
+    EXPECT_FALSE(ReadWholeFile(folder.Path("MADE.FRC")).empty());
+}
+
+TEST_F(DeviceChoice, CancelGives2AndCancelOfTheFileName19) {
+    Answer(0, IDCANCEL);
+    EXPECT_EQ(run.Start(), 2);
+    Answer(2);
+    AnswerDialog("Report File Name Selection", 0, "", IDCANCEL);
+    EXPECT_EQ(run.Start(), 19);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(DeviceChoice, HelpAndOtherNotificationsLeaveTheDialogOpen) {
+    bool open_behind = false;
+    const FailingCall help("WinHelpA", WinHelpA, TRUE, 1, EVERY_CALL);
+    boxes.OnDialog("Output Device", [&](HWND dialog) {
+        SendMessageA(dialog, WM_COMMAND, DIALOG_HELP, 0);
+        SendMessageA(dialog, WM_COMMAND, MAKELONG(LIST_CHOICE, LBN_SELCHANGE), 0);
+        open_behind = IsWindow(dialog);
+        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    EXPECT_EQ(run.Start(), 2);
+    EXPECT_TRUE(open_behind);
+    EXPECT_EQ(help.Seen(), 1);
+}

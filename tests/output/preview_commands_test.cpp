@@ -1,0 +1,188 @@
+#include <cstring>
+
+#include "rep_dlg.h"
+#include "tests/support/failing_call.h"
+#include "tests/support/page_texts.h"
+#include "tests/support/preview_run.h"
+
+namespace {
+
+constexpr const char *SAVE_TITLE = "Save the Report to a Disk File";
+constexpr int NEVER = 0; // of a call that is counted and not failed
+
+// Jump, Print and Save.
+class PreviewCommands : public PreviewRun {
+protected:
+    int Jump(const std::string &text, int button = IDOK) {
+        AnswerDialog("Page Jump", JUMP_PAGE, text, button);
+        Command(694);
+        return Page();
+    }
+    void Save(const std::string &path) {
+        AnswerDialog(SAVE_TITLE, FILE_NAME, path, path.empty() ? IDCANCEL : IDOK);
+        Command(624);
+    }
+    TemporaryFolder folder;
+};
+
+} // namespace
+
+// ---- jump --------------------------------------------------------------------------------------
+
+TEST_F(PreviewCommands, JumpAboveTheLastFinishedPageGoesToItAndBelow1ToPage1) {
+    Finish(20);
+    EXPECT_EQ(Jump("3"), 3);
+    EXPECT_EQ(Jump("99"), 4);
+    EXPECT_EQ(Jump("0"), 1);
+    EXPECT_EQ(Jump("2"), 2);
+    EXPECT_EQ(Jump("-5"), 1);
+    EXPECT_EQ(Jump("99999999999999999999"), 4);
+    EXPECT_EQ(Jump("-99999999999999999999"), 1);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(PreviewCommands, JumpWithTheTextEmptyGivesPage1) {
+    Finish(20);
+    EXPECT_EQ(Jump("2"), 2);
+    EXPECT_EQ(Jump(""), 1);
+}
+
+TEST_F(PreviewCommands, JumpStartsAtThePageOnViewWithTheFocusOnItsNumber) {
+    Finish(20);
+    ASSERT_EQ(Jump("3"), 3);
+    char text[40] = "";
+    int focus = 0;
+    boxes.OnDialog("Page Jump", [&](HWND dialog) {
+        GetDlgItemTextA(dialog, JUMP_PAGE, text, sizeof text);
+        focus = GetDlgCtrlID(GetFocus());
+        PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+    });
+    Command(603);
+    const int origin = session->view.OriginY;
+    const FailingCall reads("GetMetaFileA", GetMetaFileA, nullptr, 1, NEVER);
+    Command(694);
+    EXPECT_STREQ(text, "3");
+    EXPECT_EQ(focus, JUMP_PAGE);
+    EXPECT_EQ(session->view.OriginY, origin); // the current page: nothing happens
+    EXPECT_EQ(reads.Seen(), 0);
+}
+
+TEST_F(PreviewCommands, CancelledJumpStays) {
+    Finish(20);
+    Command(603);
+    const int origin = session->view.OriginY;
+    EXPECT_EQ(Jump("3", IDCANCEL), 1);
+    EXPECT_EQ(session->view.OriginY, origin);
+}
+
+TEST_F(PreviewCommands, JumpShowsThePageFromItsTop) {
+    Finish(20);
+    Command(603);
+    EXPECT_EQ(Jump("2"), 2);
+    EXPECT_EQ(session->view.OriginY, 0);
+    EXPECT_EQ(GetScrollPos(Window(), SB_VERT), 25);
+}
+
+TEST_F(PreviewCommands, JumpDuringTheRunReachesTheFinishedPagesAndHoldsTheRunUp) {
+    ASSERT_EQ(Feed(16), 0); // three pages finished, the fourth begun
+    int records = 0;
+    boxes.OnDialog("Page Jump", [&](HWND dialog) {
+        records = session->run.RecordCount;
+        SetDlgItemTextA(dialog, JUMP_PAGE, "4");
+        PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+    });
+    PostMessageA(Window(), WM_COMMAND, 694, 0);
+    ASSERT_EQ(Feed(1), 0);
+    EXPECT_EQ(records, 16);
+    EXPECT_EQ(Page(), 3);
+}
+
+// ---- print -------------------------------------------------------------------------------------
+
+TEST_F(PreviewCommands, PrintAsksForItsPagesAndStartsFromThePageOnView) {
+    Finish(20);
+    ASSERT_EQ(Jump("2"), 2);
+    char first[40] = "";
+    char last[40] = "";
+    boxes.OnDialog("Print Selected Pages", [&](HWND dialog) {
+        GetDlgItemTextA(dialog, PRINT_FIRST_PAGE, first, sizeof first);
+        GetDlgItemTextA(dialog, PRINT_LAST_PAGE, last, sizeof last);
+        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    const FailingCall jobs("StartDocA", StartDocA, 0, 1, NEVER);
+    Command(695);
+    EXPECT_STREQ(first, "2");
+    EXPECT_STREQ(last, "2");
+    EXPECT_EQ(jobs.Seen(), 0);
+}
+
+// ---- save --------------------------------------------------------------------------------------
+
+TEST_F(PreviewCommands, SavedReportIsTheWholeReportFile) {
+    Finish(12);
+    Save(folder.Path("SAVED.FRC"));
+    const std::string saved = ReadWholeFile(folder.Path("SAVED.FRC"));
+    EXPECT_EQ(saved, ReadWholeFile(session->pages.ReportPath));
+    EXPECT_EQ(+HeaderOf(saved).PageCount, 3);
+    EXPECT_EQ(PageWords(saved, 2).size(), 4u); // two records, each with its label
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(PreviewCommands, SavedReportWithoutAnEndingGetsIt) {
+    Finish(2);
+    Save(folder.Path("PLAIN"));
+    EXPECT_EQ(ReadWholeFile(folder.Path("PLAIN.FRC")), ReadWholeFile(session->pages.ReportPath));
+}
+
+TEST_F(PreviewCommands, SaveOverALongerFileKeepsItsTail) {
+    Finish(2);
+    const std::string path = folder.Path("LONG.FRC");
+    const std::string report = ReadWholeFile(session->pages.ReportPath);
+    WriteWholeFile(path, std::string(report.size() + 100, 'x'));
+    boxes.Answer(IDYES); // replace the file
+    Save(path);
+    EXPECT_EQ(ReadWholeFile(path), report + std::string(100, 'x'));
+}
+
+TEST_F(PreviewCommands, CancelledSaveMakesNoFile) {
+    Finish(2);
+    const FailingCall opened("CreateFileA", CreateFileA, INVALID_HANDLE_VALUE, 1, NEVER);
+    Save("");
+    EXPECT_EQ(opened.Seen(), 0);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(PreviewCommands, SaveDuringTheRunDoesNothing) {
+    ASSERT_EQ(Feed(7), 0);
+    bool asked = false;
+    boxes.OnDialog(SAVE_TITLE, [&](HWND dialog) {
+        asked = true;
+        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    Command(624);
+    EXPECT_FALSE(asked);
+}
+
+TEST_F(PreviewCommands, SaveThatFailsIsToldAndLeavesNoHalfFile) {
+    Finish(12);
+    const std::string path = folder.Path("SAVED.FRC");
+    {
+        const FailingCall failing("WriteFile", WriteFile, FALSE);
+        Save(path);
+        ASSERT_GT(failing.Seen(), 0);
+    }
+    EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
+    EXPECT_EQ(boxes.LastText(), "Error writing the output file(CopyFileData a)");
+    EXPECT_EQ(GetFileAttributesA(path.c_str()), INVALID_FILE_ATTRIBUTES);
+    ASSERT_TRUE(Open());
+    Save(path);
+    EXPECT_EQ(ReadWholeFile(path), ReadWholeFile(session->pages.ReportPath));
+}
+
+TEST_F(PreviewCommands, SaveOfAReportFileThatIsGoneIsTold) {
+    Finish(2);
+    ASSERT_TRUE(DeleteFileA(session->pages.ReportPath));
+    Save(folder.Path("SAVED.FRC"));
+    EXPECT_EQ(boxes.LastText(), "Error opening the input file(CopyFileData)");
+    EXPECT_TRUE(Open());
+}
