@@ -1,37 +1,10 @@
 #include <cstring>
 #include <memory>
 
-#include "frame/windows.h"
-
-#include <psapi.h>
-
 #include "run/run.h"
-#include "tests/support/gdi_objects.h"
 #include "tests/support/preview_run.h"
 
 namespace {
-
-constexpr int MANY_PAGES = 5000;
-
-// A record fills a page.
-struct OneAPage : FormBuilder {
-    OneAPage() {
-        const int name = Field(FIELD_DATA, "NAME", TYPE_TEXT);
-        Section(SECTION_DETAIL_1, 2400);
-        FieldItem(SECTION_DETAIL_1, 200, 0, 500, 50, name);
-    }
-};
-
-class PreviewLoad : public PreviewRun {
-protected:
-    PreviewLoad() : PreviewRun(OneAPage{}) {}
-};
-
-double MemoryNow() {
-    PROCESS_MEMORY_COUNTERS counters{};
-    K32GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
-    return static_cast<double>(counters.PagefileUsage);
-}
 
 // A preview among others of the process.
 struct OneOfMany {
@@ -48,25 +21,6 @@ struct OneOfMany {
 };
 
 } // namespace
-
-TEST_F(PreviewLoad, ManyPagesAreTurnedToTheLastAndBackWithoutGrowth) {
-    Finish(MANY_PAGES);
-    Command(696); // each step is a page
-    for (int page = 1; page <= 100; ++page) Command(601);
-    ASSERT_EQ(Page(), 101);
-    const int objects = CountGdiObjects();
-    const double memory = MemoryNow();
-    while (Page() < MANY_PAGES) Command(601);
-    Command(601);
-    EXPECT_EQ(Page(), MANY_PAGES);
-    EXPECT_EQ(GetScrollPos(Window(), SB_VERT), 99);
-    EXPECT_LE(CountGdiObjects(), objects);
-    EXPECT_LE(MemoryNow(), 1.05 * memory);
-    while (Page() > 1) Command(600);
-    EXPECT_LE(CountGdiObjects(), objects);
-    EXPECT_LE(MemoryNow(), 1.05 * memory);
-    EXPECT_TRUE(boxes.Log().empty());
-}
 
 TEST(PreviewsTogether, TenAtOnceInOneFolderKeepTheirPages) {
     MessageBoxes boxes;
