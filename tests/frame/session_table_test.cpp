@@ -4,6 +4,7 @@
 #include "frame/memory.h"
 #include "frame/session_table.h"
 #include "run/run.h"
+#include "tests/support/failing_call.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/test_session.h"
 
@@ -22,6 +23,13 @@ struct OpenedSessions {
     std::vector<Session *> open;
     int code = 0;
 };
+
+std::vector<HWND> owners; // of message boxes
+
+int WINAPI NoteOwner(HWND owner, const char *, const char *, UINT) {
+    owners.push_back(owner);
+    return IDOK;
+}
 
 } // namespace
 
@@ -62,9 +70,9 @@ TEST(SessionTable, HundredAndFirstSessionIsRefusedBeforeAnythingIsAllocated) {
 
 TEST(SessionTable, SessionWithoutMemoryIsCode3) {
     MessageBoxes boxes;
+    RepParams params{};
     tessarine::FailAllocation(1);
-    Session *session = nullptr;
-    EXPECT_EQ(tessarine::OpenRunSession(&session), CODE_MEMORY);
+    EXPECT_EQ(tessarine::RepInit(&params, 0, nullptr, nullptr), CODE_MEMORY);
     tessarine::FailAllocation(0);
     EXPECT_EQ(boxes.Log(),
               (std::vector<BoxRecord>{{"", "Memory Allocation Error (OurAlloc)", {IDOK}}}));
@@ -121,6 +129,21 @@ TEST(FatalError, MessageComesFirstAndTheCodeStands) {
     EXPECT_THROW(tessarine::FatalError(session, "Something", 7), tessarine::Unwinding);
     EXPECT_EQ(session->ErrorCode, 7);
     EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"Fatal Error", "Something", {IDOK}}}));
+}
+
+TEST(FatalError, MessageAndThoseOfTheAllocatorsHaveNoOwner) {
+    BareSession session;
+    session->device.Window = GetDesktopWindow();
+    session->ParentWindow = GetDesktopWindow();
+    owners.clear();
+    const ReplacedCall box("MessageBoxA", NoteOwner);
+    EXPECT_THROW(tessarine::FatalError(session, "Something", 7), tessarine::Unwinding);
+    tessarine::FailAllocation(1);
+    tessarine::OurAlloc(1);
+    tessarine::sAlloc(1);
+    tessarine::MemAlloc(1);
+    tessarine::FailAllocation(0);
+    EXPECT_EQ(owners, std::vector<HWND>(4, nullptr));
 }
 
 TEST(FatalError, EmptyWarningShowsNothingAndStillUnwinds) {
