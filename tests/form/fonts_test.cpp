@@ -1,6 +1,8 @@
 #include "form/fonts.h"
 
 #include <cstring>
+#include <set>
+#include <vector>
 
 #include "tests/support/failing_call.h"
 #include "tests/support/form_session.h"
@@ -57,6 +59,21 @@ protected:
 
     FullForm form;
 };
+
+std::set<int> technologies; // of the devices that were measured on
+
+BOOL WINAPI NoteTechnology(HDC device, const char *text, int length, SIZE *size) {
+    technologies.insert(GetDeviceCaps(device, TECHNOLOGY));
+    return GetTextExtentPoint32A(device, text, length, size);
+}
+
+BOOL(WINAPI *real_metrics)(HDC device, TEXTMETRICA *metrics);
+
+BOOL WINAPI MetricsWithOverhang(HDC device, TEXTMETRICA *metrics) {
+    const BOOL read = real_metrics(device, metrics);
+    metrics->tmOverhang = 3;
+    return read;
+}
 
 } // namespace
 
@@ -246,6 +263,41 @@ TEST_F(FontTable, ReportMeasuresCharactersAloneAndGivesTheFirstNoWidth) {
     EXPECT_GT(Row(0).CharWidth['M'], 0);
     EXPECT_STREQ(Row(0).LogFont.lfFaceName, "Courier New");
     EXPECT_EQ(Row(0).CharWidth['i'], Row(0).CharWidth['M']);
+}
+
+TEST_F(FontTable, RunToThePrinterMeasuresCharactersOnTheScreen) {
+    End();
+    ASSERT_EQ(StartOn(form, KIND_REPORT), 0);
+    ASSERT_EQ(MakeFont(session, session->device.ScreenDC, 0, false), 1);
+    const std::vector<int32_t> on_screen(Row(0).CharWidth, Row(0).CharWidth + 256);
+    const int32_t pixels = session->device.LogPixelsX;
+    technologies.clear();
+    session->run.OutputToPrinter = 1;
+    {
+        const ReplacedCall measure("GetTextExtentPointA", NoteTechnology);
+        EXPECT_EQ(MakeFont(session, session->printer.InfoDevice, 0, false), 1);
+    }
+    session->run.OutputToPrinter = 0;
+    EXPECT_EQ(technologies, std::set<int>{DT_RASDISPLAY});
+    EXPECT_EQ(std::vector<int32_t>(Row(0).CharWidth, Row(0).CharWidth + 256), on_screen);
+    EXPECT_EQ(session->device.LogPixelsX, pixels);
+}
+
+TEST_F(FontTable, DesignersWidthsAreReducedByTheOverhang) {
+    const std::vector<int32_t> before(Row(0).CharWidth, Row(0).CharWidth + 256);
+    real_metrics = GetTextMetricsA;
+    const ReplacedCall metrics("GetTextMetricsA", MetricsWithOverhang);
+    ASSERT_EQ(MakeFont(session, session->device.ScreenDC, 0, false), 1);
+    for (const int character : {65, 105, 255})
+        EXPECT_EQ(Row(0).CharWidth[character], before[static_cast<size_t>(character)] - 3);
+}
+
+TEST_F(FontTable, DesignerWhoseWidthsCannotBeHadMeasuresEachCharacter) {
+    const FailingCall fails("GetCharWidthA", GetCharWidthA, FALSE);
+    ASSERT_EQ(MakeFont(session, session->device.ScreenDC, 0, false), 1);
+    EXPECT_EQ(fails.Seen(), 1);
+    EXPECT_EQ(Row(0).CharWidth[0], 0);
+    EXPECT_GT(Row(0).CharWidth['M'], 0);
 }
 
 TEST_F(FontTable, NumbersThatDoNotFit16BitsMakeNoPortableFont) {

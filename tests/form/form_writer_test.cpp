@@ -389,10 +389,23 @@ TEST_F(FormWriter, MarkerThatCannotBeWrittenLeavesTheFileCutShortBeforeIt) {
     const std::string copy = folder.Path("COPY.FP");
     {
         const FailingCall fails("WriteFile", WriteFile, FALSE, static_cast<int>(writes) + 1);
+        const FailingCall no_lock("CreateFileA", CreateFileA, INVALID_HANDLE_VALUE, 3);
         EXPECT_EQ(Save(copy), 1);
+        EXPECT_EQ(no_lock.Seen(), 3); // no recovery, in which this would be fatal
     }
     EXPECT_TRUE(boxes.Log().empty());
     EXPECT_EQ(ReadWholeFile(copy), form.Bytes().substr(0, blocks.marker));
+}
+
+TEST_F(FormWriter, SilentEndIsNoFailureThoughTheFormCannotBeLockedAgain) {
+    const std::string path = Load();
+    DropLock();
+    session->form.Fonts[1].LogFont.lfWidth = 32768;
+    const FailingCall fails("CreateFileA", CreateFileA, INVALID_HANDLE_VALUE, 3);
+    EXPECT_EQ(Save(path), 1);
+    EXPECT_EQ(fails.Seen(), 3);
+    EXPECT_TRUE(boxes.Log().empty());
+    EXPECT_EQ(session->form.FormLock, INVALID_HANDLE_VALUE);
 }
 
 TEST_F(FormWriter, BackupStaysBesideTheHalfWrittenFormThatStandsInItsWay) {

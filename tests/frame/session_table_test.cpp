@@ -46,7 +46,8 @@ TEST(SessionTable, FreedSlotIsTakenAgainAndTheHighMarkStays) {
 TEST(SessionTable, OrdinaryWindowsAndOddSlotsHaveNoSession) {
     EXPECT_EQ(tessarine::GetSessionPointer(GetDesktopWindow(), 0), nullptr);
     EXPECT_EQ(tessarine::GetSessionPointer(nullptr, -1), nullptr);
-    EXPECT_EQ(tessarine::GetSessionPointer(nullptr, 5000), nullptr);
+    for (const int slot : {-1000000, INT32_MIN, 100, 5000, INT32_MAX})
+        EXPECT_EQ(tessarine::GetSessionPointer(nullptr, slot), nullptr) << slot;
 }
 
 TEST(SessionTable, FreedSlotGivesNullAndRepRecGives18) {
