@@ -1,4 +1,6 @@
+#include <cstdio>
 #include <cstring>
+#include <set>
 
 #include "run/run.h"
 #include "tests/support/failing_call.h"
@@ -313,4 +315,40 @@ TEST_F(Preview, ReportOfARunWithoutRecordsHasOneEmptyPage) {
     EXPECT_EQ(+HeaderOf(report).RecordCount, 0);
     ASSERT_EQ(PagesOf(report).size(), 1u);
     EXPECT_TRUE(DrawingOf(PagesOf(report)[0]).empty());
+}
+
+namespace {
+
+// The record numbers that the status strip told while one stands.
+class StripWatch {
+public:
+    StripWatch() {
+        told_.clear();
+        real_ = reinterpret_cast<decltype(real_)>(
+            ReplaceImport("ExtTextOutA", reinterpret_cast<void *>(Note)));
+    }
+    ~StripWatch() { ReplaceImport("ExtTextOutA", reinterpret_cast<void *>(real_)); }
+    StripWatch(const StripWatch &) = delete;
+    StripWatch &operator=(const StripWatch &) = delete;
+
+    const std::set<int> &Told() const { return told_; }
+
+private:
+    static BOOL WINAPI Note(HDC device, int x, int y, UINT options, const RECT *clip, LPCSTR text,
+                            UINT length, const INT *advances) {
+        int record = 0;
+        if (std::sscanf(text, "   Processing Record#: %d", &record) == 1) told_.insert(record);
+        return real_(device, x, y, options, clip, text, length, advances);
+    }
+    static inline std::set<int> told_;
+    static inline decltype(&Note) real_;
+};
+
+} // namespace
+
+TEST_F(Preview, StripTellsEveryFifthRecordAndFromFiftyOnEveryTenth) {
+    ASSERT_EQ(Feed(7), 0); // the first page has been painted
+    const StripWatch strip;
+    ASSERT_EQ(Feed(84), 0);
+    EXPECT_EQ(strip.Told(), (std::set<int>{10, 15, 20, 25, 30, 35, 40, 45, 50, 60, 70, 80, 90}));
 }

@@ -347,6 +347,46 @@ TEST(RecordDriver, FooterOfAPageWithRoomLeftPrintsThePagesOwnNumber) {
     EXPECT_EQ(PageWords(run.Report(), 1), (Lines{"9", "2"}));
 }
 
+TEST(RecordDriver, CalculationOfARowIsMadeForEachRecord) {
+    NumberForm form;
+    const int calc = form.Field(FIELD_CALC, "CALC->C", TYPE_NUMERIC);
+    At(form, calc).NegativePrefix[0] = 0;
+    FormBuilder::Store({form.number}, At(form, calc).FieldTokens);
+    form.Section(SECTION_DETAIL_1, 50);
+    form.FieldItem(SECTION_DETAIL_1, 200, 0, 400, 50, calc);
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(run.Run({{{"N", "1"}}, {{"N", "2"}}, {{"N", "3"}}}), 0) << boxes.LastText();
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"1", "2", "3"}));
+}
+
+TEST(RecordDriver, BreakCalculationReadsTheNewRecord) {
+    NumberForm form;
+    const int calc = form.Field(FIELD_CALC, "CALC->B", TYPE_NUMERIC);
+    FormBuilder::Store({form.number}, At(form, calc).FieldTokens);
+    form.Section(SECTION_SORT_HEADER_1, 50);
+    form.Label(SECTION_SORT_HEADER_1, 200, 0, 400, 50, "group");
+    form.Section(SECTION_DETAIL_1, 50);
+    form.FieldItem(SECTION_DETAIL_1, 200, 0, 400, 50, form.number);
+    form.Break(form.number, calc, SECTION_SORT_HEADER_1);
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(run.Run({{{"N", "1"}}, {{"N", "1"}}, {{"N", "2"}}}), 0) << boxes.LastText();
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"group", "1", "1", "group", "2"}));
+}
+
+TEST(RecordDriver, StopBeforeTheFirstRecordIsForgottenAtIt) {
+    MessageBoxes boxes;
+    ReportRun run{TwoLevels{}};
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    Session *session = tessarine::GetSessionPointer(nullptr, run.params.SessionId);
+    session->run.CancelState = tessarine::CANCEL_STOP;
+    ASSERT_EQ(run.Feed(Pair("A", "x")), 0);
+    EXPECT_EQ(session->run.CancelState, tessarine::CANCEL_NONE);
+    EXPECT_EQ(run.Finish(), 0);
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"A", "x", "row", "end", "x", "END", "A"}));
+}
+
 TEST(RecordDriver, UnknownSessionGives18) {
     EXPECT_EQ(tessarine::RepRec(99, 0), CODE_NO_SESSION);
     EXPECT_EQ(tessarine::RepExit(99, 0, nullptr), CODE_NO_SESSION);

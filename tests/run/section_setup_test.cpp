@@ -95,6 +95,18 @@ TEST_F(SectionSetUp, CompressionTakesTheRoomAboveAndBelowTheItems) {
     }
 }
 
+TEST_F(SectionSetUp, SpanReachesFromTheHighestItemToTheLowestInAnyOrder) {
+    const SectionRecord &section =
+        Section(SECTION_DETAIL_1, 300, 200, SECTION_COMPRESS_BEFORE | SECTION_COMPRESS_AFTER);
+    const ItemRecord &lowest = Item(ITEM_LABEL, 200, 300 + BAR_HEIGHT + 90, 50, 30);
+    const ItemRecord &highest = Item(ITEM_LABEL, 300, 300 + BAR_HEIGHT + 20, 50, 30);
+    Item(ITEM_LABEL, 400, 300 + BAR_HEIGHT + 40, 50, 30);
+    PrepareSections(session);
+    EXPECT_EQ(section.SectionHeight, 100);
+    EXPECT_EQ(highest.y, 0);
+    EXPECT_EQ(lowest.y, 70);
+}
+
 TEST_F(SectionSetUp, LeftShiftIsAtLeast62) {
     session->form.Header.LeftMargin = 0.1F;
     Section(SECTION_DETAIL_1, 0, 50);

@@ -3,6 +3,7 @@
 #include <cstring>
 #include <set>
 
+#include "device/printer.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
@@ -64,11 +65,14 @@ TEST(RunOutput, ChoiceThatIsCancelledGives2) {
 TEST(RunOutput, ChosenScreenCountsAndTheCallerSeesHisLetterAgain) {
     MessageBoxes boxes;
     ChooseDevice(&boxes, 0);
-    ReportRun run{OneLine{}};
+    OneLine form;
+    form.header.RulerFlags = 3;
+    ReportRun run(form);
     run.params.Device = 'A';
     run.params.WindowStyle = WS_OVERLAPPEDWINDOW;
     ASSERT_EQ(run.Start(), 0) << boxes.LastText();
     EXPECT_EQ(run.params.Device, 'A');
+    EXPECT_EQ(SessionOf(run)->form.Header.RulerFlags, 0u); // rulers take no room of a preview
     EXPECT_NE(SessionOf(run)->run.OutputToScreen, 0u);
     EXPECT_NE(SessionOf(run)->view.HorzScroll, 0u);
     EXPECT_NE(SessionOf(run)->view.VertScroll, 0u);
@@ -138,6 +142,43 @@ TEST(RunTables, HostLearnsTheTablesAndNothingHasPrinted) {
     EXPECT_EQ(session->run.LastSection, -1);
     EXPECT_EQ(session->run.AbortDialog, nullptr);
     run.Finish();
+}
+
+TEST(RunTables, SystemFieldsStandInBothTablesBeforeTheFirstRecord) {
+    MessageBoxes boxes;
+    OneLine form;
+    const int count = form.Field(FIELD_SYSTEM, "SYS->REC_COUNT", TYPE_NUMERIC);
+    form.fields[static_cast<size_t>(count)].TableIndex = SYSTEM_REC_COUNT;
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    EXPECT_EQ(+SessionOf(run)->form.Fields[count].LongValue, 1);
+    EXPECT_EQ(+SessionOf(run)->run.InputTable[count].LongValue, 1);
+    run.Finish();
+}
+
+TEST(RunTables, HostsPrinterIsTakenWhenBothBlocksComeAndTheFormsPaperStays) {
+    MessageBoxes boxes;
+    ReportRun first{OneLine{}};
+    ASSERT_EQ(first.Start(), 0) << boxes.LastText();
+    const HGLOBAL names = GetDevNames(SessionOf(first));
+    const HGLOBAL mode = GetDevMode(SessionOf(first));
+    const int orientation = SessionOf(first)->printer.DevMode->dmOrientation;
+    const int copies = SessionOf(first)->printer.DevMode->dmCopies;
+    first.Finish();
+    auto *hosts = static_cast<DEVMODEA *>(GlobalLock(mode));
+    hosts->dmOrientation = static_cast<short>(orientation == 1 ? 2 : 1);
+    hosts->dmCopies = static_cast<short>(copies + 2);
+    GlobalUnlock(mode);
+    for (const bool both : {true, false}) {
+        ReportRun run{OneLine{}};
+        ASSERT_EQ(RepInit(&run.params, 0, both ? names : nullptr, mode), 0) << boxes.LastText();
+        const DEVMODEA &own = *SessionOf(run)->printer.DevMode;
+        EXPECT_EQ(own.dmCopies, both ? copies + 2 : copies);
+        EXPECT_EQ(own.dmOrientation, orientation);
+        run.Finish();
+    }
+    GlobalFree(names);
+    GlobalFree(mode);
 }
 
 // ---- memory ------------------------------------------------------------------------------------
