@@ -23,19 +23,24 @@ constexpr MenuRow menu_rows[] = {
 
 } // namespace
 
+// Drawing the bar takes longer than turning a page, so it is drawn only when it changes.
 void SetMenuState(Session *session) {
     if (!session->device.Menu) return;
     const int finished = FinishedPages(session);
+    bool changed = false;
     for (const MenuRow &row : menu_rows) {
         const UINT state = row.enabled(session, finished) ? MF_ENABLED : MF_GRAYED;
-        EnableMenuItem(session->device.Menu, row.command, MF_BYCOMMAND | state);
+        const auto before = static_cast<UINT>(
+            EnableMenuItem(session->device.Menu, row.command, MF_BYCOMMAND | state));
+        changed |= (before & MF_GRAYED) != state;
     }
-    DrawMenuBar(session->device.Window);
+    if (changed) DrawMenuBar(session->device.Window);
 }
 
 void SetFitText(Session *session) {
     ModifyMenuA(session->device.Menu, COMMAND_FIT, MF_BYCOMMAND | MF_STRING, COMMAND_FIT,
                 session->view.FitPage ? "&Zoom" : "Pre&view");
+    DrawMenuBar(session->device.Window);
 }
 
 } // namespace tessarine
