@@ -215,6 +215,20 @@ TEST(RecordDriver, TwelveHourClock) {
     EXPECT_EQ(shown("14:05:33"), "14:05");
 }
 
+TEST(RecordDriver, PageIsTheNextFromTheBodysBottomOn) {
+    BareSession session;
+    const int row = session.AddField(FIELD_SYSTEM, "SYS->PAGE", TYPE_NUMERIC);
+    FieldRecord *field = &session->form.Fields[row];
+    field->TableIndex = SYSTEM_PAGE;
+    session->run.PageNumber = 5;
+    session->run.BodyBottom = 1000;
+    for (const int y : {999, 1000, 1001}) {
+        session->run.CurrentY = y;
+        tessarine::SetSystemField(session, field);
+        EXPECT_EQ(+field->LongValue, y < 1000 ? 5 : 6) << y;
+    }
+}
+
 TEST(RecordDriver, MaximumOfNegativesShowsZeroInTheFirstGroup) {
     NumberForm form;
     const int group = form.Field(FIELD_DATA, "G", TYPE_TEXT);

@@ -120,6 +120,24 @@ TEST(RunEnd, FailureInTheClosingSectionsGivesItsCodeEachTimeAndTheSessionStands)
     tessarine::EndRun(tessarine::GetSessionPointer(nullptr, slot));
 }
 
+TEST(RunEnd, NoSectionClosesAReportWithoutRecords) {
+    OneLine form;
+    form.Section(SECTION_REPORT_FOOTER, 50);
+    form.Label(SECTION_REPORT_FOOTER, 200, 0, 400, 50, "total");
+    form.Section(SECTION_PAGE_FOOTER, 50);
+    form.Label(SECTION_PAGE_FOOTER, 200, 0, 400, 50, "foot");
+    MessageBoxes boxes;
+    ReportRun run(form);
+    run.params.Device = 'S';
+    run.params.WindowStyle = WS_OVERLAPPEDWINDOW;
+    ASSERT_EQ(run.Run({}), 0) << boxes.LastText();
+    Session *session =
+        tessarine::GetSessionPointer(nullptr, static_cast<int>(run.params.SessionId));
+    ASSERT_NE(session, nullptr);
+    EXPECT_EQ(PageWords(ReadWholeFile(session->pages.ReportPath), 0), Lines{});
+    SendMessageA(session->device.Window, WM_CLOSE, 0, 0);
+}
+
 TEST(RunEnd, FillCompletesTheSheetWithEmptyFrames) {
     MessageBoxes boxes;
     const LabelMode mode;
