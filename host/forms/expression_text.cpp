@@ -284,8 +284,8 @@ private:
     size_t at_ = 0;
 };
 
-[[noreturn]] int RefuseRow(FormImage *, const FieldRecord &, const JsonPlace &place) {
-    place.Fail("a row is missing");
+[[noreturn]] int RefuseRow(FormImage *, const FieldRecord &, const JsonPlace &) {
+    throw JsonMistake{"", "a row is missing"};
 }
 
 // Whether a text means these cells, without a new row.
