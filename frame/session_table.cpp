@@ -25,7 +25,7 @@ Session *SessionOfWindow(HWND window) {
 
 Session *SessionOfSlot(int slot) {
     if (slot < 0 || slot >= session_table.SessionHighMark) return nullptr;
-    return session_table.Sessions[slot];
+    return session_table.SessionTable[slot];
 }
 
 } // namespace
@@ -36,14 +36,14 @@ Session *GetSessionPointer(HWND window, int slot) {
 
 bool SessionStands(const Session *session) {
     for (int slot = 0; slot < session_table.SessionHighMark; ++slot)
-        if (session_table.Sessions[slot] == session) return true;
+        if (session_table.SessionTable[slot] == session) return true;
     return false;
 }
 
 int OpenRunSession(Session **session) {
     *session = nullptr;
     int slot = 0;
-    while (slot < session_table.SessionHighMark && session_table.Sessions[slot]) ++slot;
+    while (slot < session_table.SessionHighMark && session_table.SessionTable[slot]) ++slot;
     if (slot == session_table.SessionHighMark && session_table.SessionHighMark < MAX_SESSIONS)
         ++session_table.SessionHighMark;
     if (slot == session_table.SessionHighMark) return CODE_NO_SLOT;
@@ -51,22 +51,22 @@ int OpenRunSession(Session **session) {
     if (!opened) return CODE_MEMORY;
     FillBytes(opened, 0, sizeof(Session));
     opened->SessionId = slot;
-    session_table.Sessions[slot] = opened;
+    session_table.SessionTable[slot] = opened;
     *session = opened;
     return CODE_DONE;
 }
 
 void FreeRunSession(Session *session) {
-    session_table.Sessions[session->SessionId] = nullptr;
-    session_table.PrinterContexts[session->SessionId] = nullptr;
+    session_table.SessionTable[session->SessionId] = nullptr;
+    session_table.PrinterContextTable[session->SessionId] = nullptr;
     OurFree(session);
 }
 
 // The entry of a job that is over may stand for a handle that the system has given out again.
 void NotePrinterContext(const Session *session, HDC device) {
-    for (HDC &noted : session_table.PrinterContexts)
+    for (HDC &noted : session_table.PrinterContextTable)
         if (noted == device) noted = nullptr;
-    session_table.PrinterContexts[session->SessionId] = device;
+    session_table.PrinterContextTable[session->SessionId] = device;
 }
 
 HWND RepGetParent(HWND window, int slot) {

@@ -6,9 +6,9 @@
 namespace tessarine {
 
 struct SessionTableState {
-    Session *Sessions[MAX_SESSIONS]; // by slot, which is the SessionId
-    int32_t SessionHighMark;         // slots from here up have never been in use
-    HDC PrinterContexts[MAX_SESSIONS];
+    Session *SessionTable[MAX_SESSIONS]; // by slot, which is the SessionId
+    int32_t SessionHighMark;             // slots from here up have never been in use
+    HDC PrinterContextTable[MAX_SESSIONS];
 };
 
 extern HINSTANCE module_instance; // taken at load

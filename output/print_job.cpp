@@ -17,8 +17,8 @@ namespace {
 // An abort procedure is given only a device; the table leads it back to its session.
 Session *SessionOfDevice(HDC device) {
     for (int slot = 0; slot < session_table.SessionHighMark; ++slot)
-        if (device && session_table.PrinterContexts[slot] == device)
-            return session_table.Sessions[slot];
+        if (device && session_table.PrinterContextTable[slot] == device)
+            return session_table.SessionTable[slot];
     return nullptr;
 }
 

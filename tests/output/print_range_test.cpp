@@ -250,10 +250,10 @@ TEST_F(PreviewPrinting, EntryOfTheJobStandsUntilTheSessionCloses) {
     const PrinterCalls calls(PrinterCalls::PRETEND);
     Print(1, 1);
     const int slot = session->SessionId;
-    EXPECT_NE(session_table.PrinterContexts[slot], nullptr);
+    EXPECT_NE(session_table.PrinterContextTable[slot], nullptr);
     run.Finish();
     SendMessageA(session->device.Window, WM_CLOSE, 0, 0);
-    EXPECT_EQ(session_table.PrinterContexts[slot], nullptr);
+    EXPECT_EQ(session_table.PrinterContextTable[slot], nullptr);
 }
 
 TEST_F(PreviewPrinting, CommandOfTheMenuAsksForTheRange) {

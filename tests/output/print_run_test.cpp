@@ -95,7 +95,7 @@ TEST_F(RunToPrinter, JobStartsAtTheFirstRecordWithDialogAndDisabledOwner) {
     EXPECT_EQ(ItemText(Dialog(), 842), session->printer.DeviceName);
     EXPECT_FALSE(IsWindowEnabled(host.Get()));
     EXPECT_EQ(session->run.AbortProc, &PrintProc);
-    EXPECT_EQ(session_table.PrinterContexts[session->SessionId], session->device.ScreenDC);
+    EXPECT_EQ(session_table.PrinterContextTable[session->SessionId], session->device.ScreenDC);
     const RunState &state = session->run;
     EXPECT_EQ(session->view.ViewWidth, state.PageWidthUnits + state.LeftOrigin + state.RightOrigin);
     EXPECT_EQ(run->Finish(), 0);
@@ -152,7 +152,7 @@ TEST_F(RunToPrinter, SilentRunHasNeitherDialogNorMessageNorPump) {
     ASSERT_EQ(Feed(3), 0);
     EXPECT_EQ(Dialog(), nullptr);
     EXPECT_TRUE(IsWindowEnabled(host.Get()));
-    EXPECT_EQ(session_table.PrinterContexts[session->SessionId], nullptr);
+    EXPECT_EQ(session_table.PrinterContextTable[session->SessionId], nullptr);
     PostThreadMessageA(GetCurrentThreadId(), WM_APP, 0, 0);
     ASSERT_EQ(Feed(3), 0);
     MSG message;

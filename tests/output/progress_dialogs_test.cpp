@@ -293,17 +293,17 @@ TEST_F(Progress, DeviceLeadsToTheSessionThatNotedItLast) {
     ShowPrinterRun();
     BareSession other;
     NotePrinterContext(other, Device()); // the first job's handle, given out again
-    EXPECT_EQ(session_table.PrinterContexts[session->SessionId], nullptr);
-    EXPECT_EQ(session_table.PrinterContexts[other->SessionId], Device());
+    EXPECT_EQ(session_table.PrinterContextTable[session->SessionId], nullptr);
+    EXPECT_EQ(session_table.PrinterContextTable[other->SessionId], Device());
 }
 
-TEST(PrinterContexts, ClosingOfTheSessionClearsItsEntry) {
+TEST(PrinterContextTable, ClosingOfTheSessionClearsItsEntry) {
     int slot = -1;
     {
         BareSession session;
         slot = session->SessionId;
         NotePrinterContext(session, reinterpret_cast<HDC>(1));
-        EXPECT_NE(session_table.PrinterContexts[slot], nullptr);
+        EXPECT_NE(session_table.PrinterContextTable[slot], nullptr);
     }
-    EXPECT_EQ(session_table.PrinterContexts[slot], nullptr);
+    EXPECT_EQ(session_table.PrinterContextTable[slot], nullptr);
 }

@@ -39,7 +39,7 @@ protected:
 
 private:
     static int32_t __stdcall StopRun(HDC, int32_t, int32_t, int32_t, const int32_t *, int32_t id) {
-        tessarine::session_table.Sessions[id]->run.CancelState = tessarine::CANCEL_STOP;
+        tessarine::session_table.SessionTable[id]->run.CancelState = tessarine::CANCEL_STOP;
         return 1;
     }
 };

@@ -45,7 +45,7 @@ BareSession::~BareSession() {
 }
 
 int OpenSessions() {
-    const auto &slots = tessarine::session_table.Sessions;
+    const auto &slots = tessarine::session_table.SessionTable;
     return static_cast<int>(std::count_if(std::begin(slots), std::end(slots),
                                           [](const Session *session) { return session; }));
 }
