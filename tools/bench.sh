@@ -19,7 +19,7 @@ awk -v t="$time" -v p="$pages" -v k="$peak" -v st="$small_time" -v sp="$small_pa
     printf "100,000 records: %.2f s, %d pages, peak %d KB, %d records a second\n", t, p, k, 100000 / t
     printf "the floor:       %.2f s, %d pages\n", f, fp
     printf "ratio of run to floor: %.2f; of the peaks: %.3f\n", t / f, k / sk }'
-read -r pages turn play growth <<<"$(run $bin/bench_preview.exe "$work/list.fp" 30000)"
+read -r pages turn play growth <<<"$(run $bin/bench_preview.exe "$work/list.fp" 60000)"
 awk -v n="$pages" -v t="$turn" -v p="$play" -v g="$growth" 'BEGIN {
     printf "preview:         %d pages to the last and back, %.2f ms a turn, memory grew by %d KB\n", n, t, g
     printf "ratio of a page turn to the platform'"'"'s own play of the page: %.2f\n", t / p }'
