@@ -8,7 +8,10 @@ struct RunOptions {
     std::string form;
     std::string data;
     std::string output;
-    std::string to = "file";          // or "screen"
+    std::string to = "file"; // or "screen" or "printer"
+    std::string printer;
+    std::string paper; // by its name
+    bool landscape = false;
     std::vector<std::string> answers; // NAME=VALUE
     bool silent = false;
 };
@@ -23,18 +26,35 @@ struct PagesOptions {
 
 struct PrintOptions {
     std::string report;
-    std::string output; // of a PDF
     std::string pages;
     std::string printer;
     int copies = 1;
 };
 
+struct PdfOptions {
+    std::string report;
+    std::string pdf;
+    std::string pages;
+    std::string printer;
+};
+
+struct FormOptions {
+    std::string from;
+    std::string to;
+};
+
+struct FileOptions {
+    std::string path;
+};
+
+struct NoOptions {};
+
 int RunCommand(const RunOptions &options);
 int PagesCommand(const PagesOptions &options);
 int PrintCommand(const PrintOptions &options);
-int PdfCommand(const PrintOptions &options);
-int PrintersCommand();
-int ViewCommand(const std::string &report);
-int InfoCommand(const std::string &path);
-int FormBuildCommand(const std::string &json, const std::string &form);
-int FormDumpCommand(const std::string &form, const std::string &json);
+int PdfCommand(const PdfOptions &options);
+int PrintersCommand(const NoOptions &);
+int ViewCommand(const FileOptions &options);
+int InfoCommand(const FileOptions &options);
+int FormBuildCommand(const FormOptions &options);
+int FormDumpCommand(const FormOptions &options);

@@ -78,7 +78,8 @@ void PrintForm(const std::string &path) {
 
 } // namespace
 
-int InfoCommand(const std::string &path) {
+int InfoCommand(const FileOptions &options) {
+    const std::string &path = options.path;
     const std::string bytes = ReadFileBytes(path);
     if (IsReport(bytes))
         PrintReport(path);

@@ -1,6 +1,8 @@
 // tess: reports from the command line.
 #include <cstdio>
 #include <cstring>
+#include <functional>
+#include <memory>
 
 #include <CLI/CLI.hpp>
 #include <windows.h>
@@ -10,23 +12,26 @@
 
 namespace {
 
-void AddRun(CLI::App *app, RunOptions *options, int *code) {
-    CLI::App *command = app->add_subcommand("run", "Run a report from a form and a CSV table");
+void Describe(CLI::App *command, RunOptions *options) {
     command->add_option("--form", options->form, "the form (.FP)")->required();
     command->add_option("--data", options->data, "the table (.csv); its header names the fields")
         ->required();
-    command->add_option("--to", options->to, "file, or screen for a preview that fills as it runs")
-        ->check(CLI::IsMember({"file", "screen"}))
+    command
+        ->add_option("--to", options->to,
+                     "file, printer, or screen for a preview that fills as it runs")
+        ->check(CLI::IsMember({"file", "screen", "printer"}))
         ->capture_default_str();
     command->add_option("--output", options->output, "the report file to write (.FRC)");
+    command->add_option("--printer", options->printer,
+                        "lay the pages out for this printer; see tess printers");
+    command->add_option("--paper", options->paper, "on this of its papers, such as A4");
+    command->add_flag("--landscape", options->landscape, "on the paper turned");
     command->add_option("--set", options->answers, "answer a user field, as NAME=VALUE")
         ->allow_extra_args(false);
     command->add_flag("--silent", options->silent, "print nothing when all went well");
-    command->callback([=] { *code = RunCommand(*options); });
 }
 
-void AddPages(CLI::App *app, PagesOptions *options, int *code) {
-    CLI::App *command = app->add_subcommand("pages", "Draw or list the pages of a report");
+void Describe(CLI::App *command, PagesOptions *options) {
     command->add_option("report", options->report, "the report (.FRC)")->required();
     CLI::Option *folder =
         command->add_option("--png", options->folder, "draw each page as a picture in this folder");
@@ -35,40 +40,69 @@ void AddPages(CLI::App *app, PagesOptions *options, int *code) {
     command->add_option("--pages", options->pages, "only these, as 2 or 1-3");
     command->add_option("--dpi", options->dpi, "pixels to the inch")->check(CLI::Range(10, 1200));
     folder->excludes(text);
-    command->callback([=] {
-        if (options->folder.empty() && !options->text)
-            throw Failure("pages: say what to make: --png FOLDER or --text", EXIT_USAGE);
-        *code = PagesCommand(*options);
-    });
 }
 
-void AddPrint(CLI::App *app, PrintOptions *options, int *code) {
-    CLI::App *print = app->add_subcommand("print", "Print pages of a report");
-    CLI::App *pdf = app->add_subcommand("pdf", "Make a PDF of a report by a printer for PDF");
-    for (CLI::App *command : {print, pdf}) {
-        command->add_option("report", options->report, "the report (.FRC)")->required();
-        command->add_option("--pages", options->pages, "only these, as 2 or 1-3");
-        command->add_option("--printer", options->printer, "its name; see tess printers");
+void Describe(CLI::App *command, PrintOptions *options) {
+    command->add_option("report", options->report, "the report (.FRC)")->required();
+    command->add_option("--pages", options->pages, "only these, as 2 or 1-3");
+    command->add_option("--printer", options->printer, "its name; see tess printers");
+    command->add_option("--copies", options->copies, "of each page")->check(CLI::Range(1, 999));
+}
+
+void Describe(CLI::App *command, PdfOptions *options) {
+    command->add_option("report", options->report, "the report (.FRC)")->required();
+    command->add_option("pdf", options->pdf, "the PDF to write")->required();
+    command->add_option("--pages", options->pages, "only these, as 2 or 1-3");
+    command->add_option("--printer", options->printer, "its name; see tess printers");
+}
+
+void Describe(CLI::App *command, FormOptions *options) {
+    command->add_option("from", options->from, "what to read")->required();
+    command->add_option("to", options->to, "what to write")->required();
+}
+
+void Describe(CLI::App *command, FileOptions *options) {
+    command->add_option("file", options->path, "the file")->required();
+}
+
+void Describe(CLI::App *, NoOptions *) {}
+
+using Action = std::function<int()>;
+
+// Gives the command its options; what comes back runs it on them.
+template <typename Options, int (*Command)(const Options &)> Action Prepare(CLI::App *command) {
+    const auto options = std::make_shared<Options>();
+    Describe(command, options.get());
+    return [options] { return Command(*options); };
+}
+
+struct CommandRow {
+    const char *name;
+    const char *about;
+    Action (*prepare)(CLI::App *command);
+};
+
+constexpr CommandRow commands[] = {
+    {"run", "Run a report from a form and a CSV table", Prepare<RunOptions, RunCommand>},
+    {"view", "Show a report (.FRC) in a window", Prepare<FileOptions, ViewCommand>},
+    {"pages", "Draw or list the pages of a report", Prepare<PagesOptions, PagesCommand>},
+    {"print", "Print pages of a report", Prepare<PrintOptions, PrintCommand>},
+    {"pdf", "Make a PDF of a report by a printer for PDF", Prepare<PdfOptions, PdfCommand>},
+    {"printers", "List the printers; * is the default", Prepare<NoOptions, PrintersCommand>},
+    {"info", "Tell what a form (.FP) or a report (.FRC) holds", Prepare<FileOptions, InfoCommand>},
+};
+
+constexpr CommandRow form_commands[] = {
+    {"build", "Make a form (.FP) from its JSON", Prepare<FormOptions, FormBuildCommand>},
+    {"dump", "Write a form (.FP) as JSON", Prepare<FormOptions, FormDumpCommand>},
+};
+
+template <size_t Count> void Offer(CLI::App *app, const CommandRow (&rows)[Count], int *code) {
+    app->require_subcommand(1);
+    for (const CommandRow &row : rows) {
+        CLI::App *command = app->add_subcommand(row.name, row.about);
+        command->callback([action = row.prepare(command), code] { *code = action(); });
     }
-    print->add_option("--copies", options->copies, "of each page")->check(CLI::Range(1, 999));
-    print->callback([=] { *code = PrintCommand(*options); });
-    pdf->add_option("pdf", options->output, "the PDF to write")->required();
-    pdf->callback([=] { *code = PdfCommand(*options); });
-    CLI::App *printers = app->add_subcommand("printers", "List the printers; * is the default");
-    printers->callback([=] { *code = PrintersCommand(); });
-}
-
-void AddForm(CLI::App *app, std::string *from, std::string *to, int *code) {
-    CLI::App *form = app->add_subcommand("form", "A form as JSON text and back");
-    form->require_subcommand(1);
-    CLI::App *build = form->add_subcommand("build", "Make a form from its JSON");
-    build->add_option("json", *from, "the JSON")->required();
-    build->add_option("form", *to, "the form to write (.FP)")->required();
-    build->callback([=] { *code = FormBuildCommand(*from, *to); });
-    CLI::App *dump = form->add_subcommand("dump", "Write a form as JSON");
-    dump->add_option("form", *from, "the form (.FP)")->required();
-    dump->add_option("json", *to, "the JSON to write")->required();
-    dump->callback([=] { *code = FormDumpCommand(*from, *to); });
 }
 
 // A report as the only argument is shown: that is how a desktop opens a file.
@@ -82,26 +116,11 @@ bool IsReportAlone(int count, char **arguments) {
 
 int main(int count, char **arguments) {
     CLI::App app("Tessarine reports from the command line");
-    app.require_subcommand(1);
-    RunOptions run;
-    PagesOptions pages;
-    PrintOptions print;
-    std::string path;
-    std::string from;
-    std::string to;
     int code = EXIT_DONE;
-    AddRun(&app, &run, &code);
-    AddPages(&app, &pages, &code);
-    AddPrint(&app, &print, &code);
-    CLI::App *info = app.add_subcommand("info", "Tell what a form or a report holds");
-    info->add_option("file", path, "the form (.FP) or report (.FRC)")->required();
-    info->callback([&] { code = InfoCommand(path); });
-    CLI::App *view = app.add_subcommand("view", "Show a report in a window");
-    view->add_option("report", path, "the report (.FRC)")->required();
-    view->callback([&] { code = ViewCommand(path); });
-    AddForm(&app, &from, &to, &code);
+    Offer(&app, commands, &code);
+    Offer(app.add_subcommand("form", "A form as JSON text and back"), form_commands, &code);
     try {
-        if (IsReportAlone(count, arguments)) return ViewCommand(arguments[1]);
+        if (IsReportAlone(count, arguments)) return ViewCommand({arguments[1]});
         app.parse(count, arguments);
     } catch (const CLI::ParseError &error) {
         return app.exit(error) == 0 ? EXIT_DONE : EXIT_USAGE;

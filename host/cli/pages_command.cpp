@@ -7,14 +7,6 @@
 
 namespace {
 
-std::vector<int> Wanted(const PagesOptions &options, const ReportPages &report) {
-    const int count = static_cast<int>(report.pages.size());
-    if (!options.pages.empty()) return PageRange(options.pages, count);
-    std::vector<int> pages;
-    for (int page = 1; page <= count; ++page) pages.push_back(page);
-    return pages;
-}
-
 void PrintTexts(const ReportPages &report, const std::vector<int> &pages) {
     for (const int page : pages) {
         std::printf("page %d\n", page);
@@ -37,8 +29,10 @@ void DrawPages(const PagesOptions &options, const ReportPages &report,
 } // namespace
 
 int PagesCommand(const PagesOptions &options) {
+    if (options.folder.empty() && !options.text)
+        throw Failure("pages: say what to make: --png FOLDER or --text", EXIT_USAGE);
     const ReportPages report = ReadReport(options.report);
-    const std::vector<int> pages = Wanted(options, report);
+    const std::vector<int> pages = PageRange(options.pages, static_cast<int>(report.pages.size()));
     if (options.text)
         PrintTexts(report, pages);
     else

@@ -9,6 +9,7 @@
 #include "host/data/values.h"
 #include "host/export/report_pages.h"
 #include "host/forms/form_image.h"
+#include "host/run/form_remarks.h"
 #include "host/run/preview_keys.h"
 #include "host/run/report_run.h"
 #include "host/run/unattended.h"
@@ -16,6 +17,14 @@
 namespace {
 
 constexpr size_t PROGRESS_STEP = 500; // records
+
+struct TargetName {
+    const char *name;
+    Target target;
+};
+
+constexpr TargetName targets[] = {
+    {"file", Target::FILE}, {"screen", Target::SCREEN}, {"printer", Target::PRINTER}};
 
 // Answers by the prompt under which the form asks for a field.
 std::map<std::string, std::string> Answers(const RunOptions &options) {
@@ -41,8 +50,12 @@ std::map<std::string, std::string> Answers(const RunOptions &options) {
 }
 
 RunRequest Request(const RunOptions &options) {
-    RunRequest request{options.form, options.output, Target::FILE};
-    if (options.to == "screen") request.target = Target::SCREEN;
+    RunRequest request{options.form,
+                       options.output,
+                       Target::FILE,
+                       {options.printer, options.paper, options.landscape}};
+    for (const TargetName &row : targets)
+        if (options.to == row.name) request.target = row.target;
     if (request.target == Target::FILE && options.output.empty())
         throw Failure("run: name the report file to write with --output", EXIT_USAGE);
     if (request.target != Target::FILE && !options.output.empty())
@@ -50,20 +63,32 @@ RunRequest Request(const RunOptions &options) {
     return request;
 }
 
-void Feed(const RunOptions &options, const CsvTable &table, ReportRun *run) {
-    for (const std::string &remark : run->Start())
-        std::fprintf(stderr, "tess: %s: %s\n", options.form.c_str(), remark.c_str());
+void TellRemarks(const std::string &path, const std::vector<std::string> &remarks) {
+    for (const std::string &remark : remarks)
+        std::fprintf(stderr, "tess: %s: %s\n", path.c_str(), remark.c_str());
+}
+
+void Start(const RunOptions &options, const FormHeader &form, ReportRun *run) {
+    TellRemarks(options.form, run->Start());
+    const std::string printer = run->Printer();
+    if (options.printer.empty()) TellRemarks(options.form, PrinterRemarks(form, printer));
+    TellRemarks(options.form, FontRemarks(ReadForm(options.form), printer));
+}
+
+// The count of records.
+size_t Feed(const CsvTable &table, ReportRun *run) {
     const RecordFeed feed(table, run->Params());
     for (const std::string &column : feed.unused)
         std::fprintf(stderr, "tess: %s: no field of the form takes the column \"%s\"\n",
                      table.path.c_str(), column.c_str());
     const Progress progress(feed.Count(), "records", PROGRESS_STEP);
     for (size_t place = 0; place < feed.Count(); ++place) {
-        if (StopWanted()) throw Failure("stopped; no report was written", EXIT_CANCELLED);
+        if (StopWanted()) throw Failure("stopped; no report was made", EXIT_CANCELLED);
         feed.Write(place, run->Params());
         run->Record();
         progress.Show(place + 1);
     }
+    return feed.Count();
 }
 
 void Summarize(const std::string &output) {
@@ -73,10 +98,15 @@ void Summarize(const std::string &output) {
                 header.RecordCount == 1 ? "" : "s");
 }
 
+void SummarizePrint(const std::string &printer, int pages, size_t records) {
+    std::printf("%s: %d page%s printed from %zu record%s\n", printer.c_str(), pages,
+                pages == 1 ? "" : "s", records, records == 1 ? "" : "s");
+}
+
 void ShowPreview(ReportRun *run) {
     std::fprintf(stderr, "the preview is open; close its window to end\n");
     std::fflush(stderr);
-    run->Show();
+    if (!run->Show()) throw Failure("stopped; the preview was closed", EXIT_CANCELLED);
 }
 
 } // namespace
@@ -91,12 +121,17 @@ int RunCommand(const RunOptions &options) {
     WatchInterrupt();
     ReportRun run(request, &unattended);
     const PreviewKeys keys;
-    Feed(options, table, &run);
-    if (!run.Finish())
+    Start(options, form, &run);
+    const std::string printer = run.Printer();
+    const size_t records = Feed(table, &run);
+    const int pages = run.Finish();
+    if (preview)
+        ShowPreview(&run);
+    else if (pages == 0)
         std::fprintf(stderr, "tess: %s: no record was selected, so there is no report\n",
                      options.data.c_str());
-    else if (preview)
-        ShowPreview(&run);
+    else if (!options.silent && request.target == Target::PRINTER)
+        SummarizePrint(printer, pages, records);
     else if (!options.silent)
         Summarize(options.output);
     return EXIT_DONE;

@@ -15,12 +15,12 @@ bool StartedFromWindow() {
 
 } // namespace
 
-int ViewCommand(const std::string &report) {
+int ViewCommand(const FileOptions &options) {
     SetProcessDPIAware();
     const bool from_window = StartedFromWindow();
     if (from_window) FreeConsole();
     try {
-        Viewer(report).Run();
+        Viewer(options.path).Run();
     } catch (const Failure &failure) {
         if (from_window)
             MessageBoxA(nullptr, failure.what(), "View a Report", MB_OK | MB_ICONWARNING);

@@ -48,6 +48,7 @@ HMETAFILE MetafileOf(const std::string &page) {
 
 std::vector<int> PageRange(const std::string &text, int count) {
     std::vector<int> pages;
+    for (int page = 1; text.empty() && page <= count; ++page) pages.push_back(page);
     std::istringstream parts(text);
     for (std::string part; std::getline(parts, part, ',');) {
         int first = 0;

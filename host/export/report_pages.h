@@ -22,5 +22,5 @@ ReportPages ReadReport(const std::string &path);
 // A page as a metafile handle of the platform, null when its bytes are no metafile.
 HMETAFILE MetafileOf(const std::string &page);
 
-// "2", "1-3,7" as page numbers from 1, within count. Throws Failure.
+// "2", "1-3,7" as page numbers from 1, within count; "" is all of them. Throws Failure.
 std::vector<int> PageRange(const std::string &text, int count);

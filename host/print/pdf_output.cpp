@@ -15,18 +15,6 @@ namespace {
 constexpr DWORD LONGEST_JOB = 120'000; // milliseconds
 constexpr DWORD GLANCE = 50;
 
-std::string PdfPrinter(const std::string &wanted) {
-    if (!wanted.empty()) return ChosenPrinter(wanted);
-    for (const PrinterName &printer : Printers()) {
-        std::string name = printer.name;
-        std::transform(name.begin(), name.end(), name.begin(),
-                       [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-        if (name.find("PDF") != name.npos) return printer.name;
-    }
-    throw Failure("there is no printer that makes PDF files; add one whose name holds PDF, or name "
-                  "it with --printer");
-}
-
 // The folder in which the print service puts its files, "" when it takes a path.
 std::string JobFolder() {
     const char *folder = std::getenv("TESSARINE_PRINT_DIR");
@@ -71,9 +59,21 @@ void NeedWritable(const std::string &path) { WriteFileBytes(path, ""); }
 
 } // namespace
 
+std::string PdfPrinter(const std::string &wanted) {
+    if (!wanted.empty()) return ChosenPrinter(wanted);
+    for (const PrinterName &printer : Printers()) {
+        std::string name = printer.name;
+        std::transform(name.begin(), name.end(), name.begin(),
+                       [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+        if (name.find("PDF") != name.npos) return printer.name;
+    }
+    throw Failure("there is no printer that makes PDF files; add one whose name holds PDF, or name "
+                  "it with --printer");
+}
+
 void WritePdf(ReportReader *report, const std::vector<int> &pages, const std::string &printer,
               const std::string &path) {
-    PrintRequest request{PdfPrinter(printer), Unheard(), "", 1};
+    PrintRequest request{printer, Unheard(), "", 1};
     const std::string folder = JobFolder();
     const std::string beside = path + ".part";
     if (folder.empty()) request.output = beside;

@@ -13,6 +13,10 @@ namespace {
 
 constexpr size_t PAPER_NAME = 64; // characters that a driver gives to a paper's name
 
+constexpr const char *NO_PRINTER =
+    "there is no printer on this machine, and pages are laid out for one; add a printer in the "
+    "system's settings, then run this again";
+
 struct OpenedPrinter {
     HANDLE handle = nullptr;
     explicit OpenedPrinter(const std::string &name) {
@@ -28,12 +32,10 @@ std::string UsualPrinter() {
     return GetDefaultPrinterA(name, &size) ? name : "";
 }
 
-HGLOBAL MovableCopy(const std::vector<char> &bytes) {
-    const HGLOBAL block = GlobalAlloc(GHND, bytes.size());
-    if (!block) throw Failure("there is no memory for the printer's settings");
-    std::memcpy(GlobalLock(block), bytes.data(), bytes.size());
-    GlobalUnlock(block);
-    return block;
+std::string Known(const std::vector<PrinterName> &printers) {
+    std::string known;
+    for (const PrinterName &printer : printers) known += (known.empty() ? "" : ", ") + printer.name;
+    return known;
 }
 
 } // namespace
@@ -54,19 +56,31 @@ std::vector<PrinterName> Printers() {
     return printers;
 }
 
+bool HasPrinter(const std::string &name) {
+    for (const PrinterName &printer : Printers())
+        if (!lstrcmpiA(printer.name.c_str(), name.c_str())) return true;
+    return false;
+}
+
+void NeedUsualPrinter() {
+    if (!UsualPrinter().empty()) return;
+    const std::vector<PrinterName> printers = Printers();
+    if (printers.empty()) throw Failure(NO_PRINTER);
+    throw Failure("there is no default printer, and pages are laid out for one; make one of these "
+                  "the default in the system's settings: " +
+                  Known(printers));
+}
+
 std::string ChosenPrinter(const std::string &wanted) {
     const std::vector<PrinterName> printers = Printers();
-    if (printers.empty())
-        throw Failure("there is no printer on this machine; add one, then run this again");
-    std::string known;
-    for (const PrinterName &printer : printers) {
+    if (printers.empty()) throw Failure(NO_PRINTER);
+    for (const PrinterName &printer : printers)
         if (wanted.empty() ? printer.usual : !lstrcmpiA(printer.name.c_str(), wanted.c_str()))
             return printer.name;
-        known += (known.empty() ? "" : ", ") + printer.name;
-    }
     if (wanted.empty())
-        throw Failure("there is no default printer; name one with --printer: " + known);
-    throw Failure("--printer " + wanted + ": there is no such printer; known are: " + known,
+        throw Failure("there is no default printer; name one with --printer: " + Known(printers));
+    throw Failure("--printer " + wanted +
+                      ": there is no such printer; known are: " + Known(printers),
                   EXIT_USAGE);
 }
 
@@ -104,24 +118,4 @@ void PrinterMode::Merge() {
     const OpenedPrinter opened(printer_);
     DocumentPropertiesA(nullptr, opened.handle, printer_.data(), Get(), Get(),
                         DM_IN_BUFFER | DM_OUT_BUFFER);
-}
-
-HGLOBAL PrinterMode::Copy() const { return MovableCopy(bytes_); }
-
-HGLOBAL DeviceNames(const std::string &printer) {
-    char entry[200] = "";
-    GetProfileStringA("devices", printer.c_str(), "winspool,", entry, sizeof entry);
-    const std::string text = entry;
-    const size_t comma = std::min(text.find(','), text.size());
-    const std::string driver = text.substr(0, comma);
-    const std::string port = comma < text.size() ? text.substr(comma + 1) : "";
-    DEVNAMES names{};
-    names.wDriverOffset = sizeof names;
-    names.wDeviceOffset = static_cast<WORD>(names.wDriverOffset + driver.size() + 1);
-    names.wOutputOffset = static_cast<WORD>(names.wDeviceOffset + printer.size() + 1);
-    const auto *start = reinterpret_cast<const char *>(&names);
-    std::vector<char> bytes(start, start + sizeof names);
-    for (const std::string &part : {driver, printer, port})
-        bytes.insert(bytes.end(), part.c_str(), part.c_str() + part.size() + 1);
-    return MovableCopy(bytes);
 }

@@ -20,7 +20,6 @@ public:
     DEVMODEA *Get() { return reinterpret_cast<DEVMODEA *>(bytes_.data()); }
     // Lets the driver accept or correct what was changed.
     void Merge();
-    HGLOBAL Copy() const; // the caller's to free
 
 private:
     std::string printer_;
@@ -28,9 +27,10 @@ private:
 };
 
 std::vector<PrinterName> Printers();
+bool HasPrinter(const std::string &name); // in any case of letters
+// No session of the library opens without a default printer. Throws Failure.
+void NeedUsualPrinter();
 // The wanted printer, or the default one for "". Throws Failure with the known names.
 std::string ChosenPrinter(const std::string &wanted);
 // The number of a printer's paper by its name, in any case of letters. Throws Failure.
 int PaperNumber(const std::string &printer, const std::string &paper);
-// A DEVNAMES block; the caller's to free.
-HGLOBAL DeviceNames(const std::string &printer);

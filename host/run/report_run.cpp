@@ -4,7 +4,9 @@
 #include <utility>
 
 #include "host/cli/failure.h"
+#include "host/cli/interrupt.h"
 #include "host/data/files.h"
+#include "host/print/printers.h"
 
 namespace {
 
@@ -36,7 +38,9 @@ LabelWords::~LabelWords() { RemoveCRepData(&data_); }
 
 ReportRun::ReportRun(RunRequest request, Unattended *unattended)
     : request_(std::move(request)), unattended_(unattended) {
-    PutPath(params_.FormFile, request_.form, "--form");
+    NeedUsualPrinter();
+    if (request_.wish.Any()) copy_ = std::make_unique<FormCopy>(request_.form, request_.wish);
+    PutPath(params_.FormFile, copy_ ? copy_->Path() : request_.form, "--form");
     PutTempDirectory(params_.TempDir);
     if (request_.target == Target::SCREEN) {
         params_.Device = 'S';
@@ -45,13 +49,19 @@ ReportRun::ReportRun(RunRequest request, Unattended *unattended)
         params_.WindowWidth = params_.WindowHeight = CW_USEDEFAULT;
         return;
     }
+    params_.Silent = 1;
+    if (request_.target == Target::PRINTER) {
+        params_.Device = 'P';
+        return;
+    }
     PutPath(params_.OutputFile, request_.output + PARTIAL_ENDING, "--output");
     params_.Device = 'F';
-    params_.Silent = 1;
 }
 
 ReportRun::~ReportRun() {
-    if (open_) RepExit(params_.SessionId, 0, nullptr);
+    // The end of a run sends its print job off, so one that mustn't be printed is left to the
+    // system, which drops the unfinished job of a program that ends.
+    if (open_ && request_.target != Target::PRINTER) RepExit(params_.SessionId, 0, nullptr);
     if (!kept_ && *params_.OutputFile) DeleteFileA(params_.OutputFile);
 }
 
@@ -64,6 +74,9 @@ std::vector<std::string> ReportRun::Start() {
         throw Failure(request_.output + ": can't be written: " + LastText());
     Check(code, request_.form);
     open_ = true;
+    if (copy_ && lstrcmpiA(Printer().c_str(), copy_->Printer().c_str()))
+        throw Failure(copy_->Printer() + ": the printer has no entry among the system's devices; "
+                                         "add it anew, or name another with --printer");
     return unattended_->TakeTexts();
 }
 
@@ -74,23 +87,36 @@ void ReportRun::Record() {
     Check(code, storing ? request_.output : request_.form);
 }
 
-bool ReportRun::Finish() {
-    open_ = false;
-    const bool to_file = request_.target == Target::FILE;
-    Check(RepExit(params_.SessionId, 0, nullptr), to_file ? request_.output : request_.form);
-    kept_ = true;
-    if (!to_file) return true;
-    if (GetFileAttributesA(params_.OutputFile) == INVALID_FILE_ATTRIBUTES) return false;
-    PutInPlace(params_.OutputFile, request_.output);
-    return true;
+std::string ReportRun::Printer() const {
+    const HGLOBAL block = GetDevNames(GetSessionPointer(nullptr, params_.SessionId));
+    if (!block) throw Failure("there is no memory for the printer's name");
+    const auto *names = static_cast<const DEVNAMES *>(GlobalLock(block));
+    const std::string device = reinterpret_cast<const char *>(names) + names->wDeviceOffset;
+    GlobalUnlock(block);
+    GlobalFree(block);
+    return device;
 }
 
-void ReportRun::Show() {
+int ReportRun::Finish() {
+    open_ = false;
+    const bool to_file = request_.target == Target::FILE;
+    int32_t pages = 0;
+    Check(RepExit(params_.SessionId, 0, &pages), to_file ? request_.output : request_.form);
+    if (to_file && pages > 0) PutInPlace(params_.OutputFile, request_.output);
+    kept_ = true;
+    return pages;
+}
+
+bool ReportRun::Show() {
     MSG message;
-    while (GetSessionPointer(nullptr, params_.SessionId) && GetMessageA(&message, nullptr, 0, 0)) {
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
+    while (GetSessionPointer(nullptr, params_.SessionId)) {
+        if (!AwaitMessage()) return false;
+        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+            TranslateMessage(&message);
+            DispatchMessageA(&message);
+        }
     }
+    return true;
 }
 
 std::string ReportRun::LastText() {

@@ -1,20 +1,21 @@
 // A run of the library to one of its devices.
 #pragma once
 
-#include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
-#include "host/data/csv_source.h"
+#include "host/run/form_copy.h"
 #include "host/run/unattended.h"
 #include "tessarine.h"
 
-enum class Target { FILE, SCREEN };
+enum class Target { FILE, SCREEN, PRINTER };
 
 struct RunRequest {
     std::string form;
     std::string output; // of a run to a file
     Target target = Target::FILE;
+    PaperWish wish{};
 };
 
 // The words of the host that make the library work in label mode.
@@ -30,8 +31,8 @@ private:
     HostData data_{};
 };
 
-// Ended whatever comes: a run that doesn't reach Finish leaves no file behind. Every routine
-// throws Failure with what the library said.
+// Ended whatever comes: a run that doesn't reach Finish leaves no file and no print job behind, the
+// job because it ends with the program. Every routine throws Failure with what the library said.
 class ReportRun {
 public:
     ReportRun(RunRequest request, Unattended *unattended);
@@ -45,10 +46,12 @@ public:
     const RepParams &Params() const { return params_; }
     // Processes the record that stands in the tables.
     void Record();
-    // False when no record was selected, which leaves no report file.
-    bool Finish();
-    // Serves the preview until the user closes it.
-    void Show();
+    // The printer that the pages are laid out for, from Start on.
+    std::string Printer() const;
+    // The count of pages; 0 when no record was selected, which leaves no report file.
+    int Finish();
+    // Serves the preview until the user closes it; false when an interrupt came first.
+    bool Show();
 
 private:
     void Check(int code, const std::string &file);
@@ -56,6 +59,7 @@ private:
 
     RunRequest request_;
     Unattended *unattended_;
+    std::unique_ptr<FormCopy> copy_;
     RepParams params_{};
     bool open_ = false;
     bool kept_ = false;

@@ -1,0 +1,18 @@
+#include <cstdio>
+
+#include "host/cli/commands.h"
+#include "host/cli/failure.h"
+#include "host/export/report_pages.h"
+#include "host/print/pdf_output.h"
+#include "host/run/unattended.h"
+
+int PdfCommand(const PdfOptions &options) {
+    const std::string printer = PdfPrinter(options.printer);
+    const Unattended unattended({}, Person::ABSENT);
+    ReportReader report(options.report);
+    const std::vector<int> pages = PageRange(options.pages, report.PageCount());
+    WritePdf(&report, pages, printer, options.pdf);
+    std::printf("%s: %zu page%s\n", options.pdf.c_str(), pages.size(),
+                pages.size() == 1 ? "" : "s");
+    return EXIT_DONE;
+}

@@ -1,0 +1,13 @@
+#include <cstdio>
+
+#include "host/cli/commands.h"
+#include "host/cli/failure.h"
+#include "host/print/printers.h"
+
+int PrintersCommand(const NoOptions &) {
+    const std::vector<PrinterName> printers = Printers();
+    if (printers.empty()) std::fprintf(stderr, "tess: there is no printer on this machine\n");
+    for (const PrinterName &printer : printers)
+        std::printf("%s %s\n", printer.usual ? "*" : " ", printer.name.c_str());
+    return EXIT_DONE;
+}
