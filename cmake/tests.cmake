@@ -54,6 +54,9 @@ if(TARGET host)
   add_test(NAME tools.IndependentReader
     COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/independent_reader.sh $<TARGET_FILE:tess>
             ${CMAKE_SOURCE_DIR})
+  add_test(NAME tools.RunToPrinter
+    COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/run_to_printer.sh $<TARGET_FILE:tess>
+            ${CMAKE_SOURCE_DIR})
   add_test(NAME tools.PdfText
     COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/pdf_text.sh $<TARGET_FILE:tess> ${CMAKE_SOURCE_DIR})
 endif()

@@ -9,8 +9,8 @@
 
 #include "tests/support/message_boxes.h"
 #include "tests/support/page_texts.h"
+#include "tests/support/print_jobs.h"
 #include "tests/support/report_run.h"
-#include "tests/support/tess_program.h"
 
 namespace {
 
@@ -27,20 +27,6 @@ struct SampleForm : FormBuilder {
         Label(SECTION_DETAIL_1, 900, 120, 600, 50, "beside");
     }
 };
-
-// The finished job whose name ends so; "" when none comes.
-std::filesystem::path JobFile(const std::string &ending) {
-    const char *folder = std::getenv("TESSARINE_PRINT_DIR");
-    std::filesystem::path found;
-    Comes([&] {
-        std::error_code ignored;
-        for (const auto &file :
-             std::filesystem::directory_iterator(std::string("Z:") + folder, ignored))
-            if (file.path().filename().string().ends_with(ending)) found = file.path();
-        return !found.empty();
-    });
-    return found;
-}
 
 int RunTo(char device, const FormBuilder &form, std::string *report) {
     ReportRun run(form);
@@ -79,7 +65,7 @@ TEST_P(PrintedCopy, IsMadeOfTheSameRunAsAFile) {
     ASSERT_EQ(RunTo('F', form, &report), 0) << boxes.LastText();
     ASSERT_EQ(RunTo('P', form, nullptr), 0) << boxes.LastText();
     EXPECT_TRUE(boxes.Log().empty());
-    const auto printed = JobFile(title + ".pdf");
+    const auto printed = AwaitPrintedJob(title);
     ASSERT_FALSE(printed.empty());
     EXPECT_GT(std::filesystem::file_size(printed), 500u);
     EXPECT_GT(PagesOf(report).size(), 1u);

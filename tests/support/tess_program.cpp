@@ -23,9 +23,12 @@ BOOL CALLBACK Look(HWND window, LPARAM parameter) {
     return FALSE;
 }
 
+BOOL WINAPI StayHere(DWORD) { return TRUE; }
+
 } // namespace
 
-Running::Running(const std::string &program, const std::string &arguments, const std::string &log)
+Running::Running(const std::string &program, const std::string &arguments, const std::string &log,
+                 bool own_console)
     : log_(log) {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
     const HANDLE file = CreateFileA(log.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited,
@@ -35,8 +38,8 @@ Running::Running(const std::string &program, const std::string &arguments, const
     start.dwFlags = STARTF_USESTDHANDLES;
     start.hStdOutput = start.hStdError = file;
     std::string line = "\"" + program + "\" " + arguments;
-    CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
-                   &process_);
+    CreateProcessA(nullptr, line.data(), nullptr, nullptr, TRUE, own_console ? CREATE_NO_WINDOW : 0,
+                   nullptr, nullptr, &start, &process_);
     CloseHandle(file);
 }
 
@@ -58,6 +61,25 @@ Outcome Running::Wait() {
     }
     outcome.output = ReadWholeFile(log_);
     return outcome;
+}
+
+// The event goes to all at the console, and so to this program too for as long as it is there.
+void Running::Interrupt() const {
+    SetConsoleCtrlHandler(StayHere, TRUE);
+    FreeConsole();
+    EXPECT_TRUE(AttachConsole(process_.dwProcessId));
+    EXPECT_TRUE(GenerateConsoleCtrlEvent(CTRL_C_EVENT, 0));
+    FreeConsole();
+}
+
+bool Running::Says(const std::string &text) const {
+    bool said = false;
+    Comes([&] {
+        const bool ended = WaitForSingleObject(process_.hProcess, 0) == WAIT_OBJECT_0;
+        said = Holds(ReadWholeFile(log_), text);
+        return said || ended;
+    });
+    return said;
 }
 
 HWND Running::Window(const char *window_class) const {

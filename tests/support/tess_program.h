@@ -16,14 +16,20 @@ struct Outcome {
 // A started program. Ended with the object when it still runs.
 class Running {
 public:
-    // program: a path; the log takes standard output and error.
-    Running(const std::string &program, const std::string &arguments, const std::string &log);
+    // program: a path; the log takes standard output and error. Only one with a console of its own
+    // can be interrupted.
+    Running(const std::string &program, const std::string &arguments, const std::string &log,
+            bool own_console = false);
     ~Running();
     Running(const Running &) = delete;
     Running &operator=(const Running &) = delete;
 
     // Waits for the program's end; code 998 when it didn't end by itself.
     Outcome Wait();
+    // As Ctrl+C at its console.
+    void Interrupt() const;
+    // Waits until the log holds the text, or the program has ended; true when it holds it.
+    bool Says(const std::string &text) const;
     // Waits for a visible window of the class; null when none comes.
     HWND Window(const char *window_class) const;
 

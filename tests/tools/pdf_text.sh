@@ -17,35 +17,7 @@ pdfinfo "$work/all.pdf" | grep -q "^Pages: *3$"
 pdfinfo "$work/two.pdf" | grep -q "^Pages: *2$"
 pdfinfo "$work/all.pdf" | grep -q "^Page size: *612 x 792"
 pdftotext -bbox "$work/all.pdf" "$work/words"
-python3 - "$work/texts" "$work/words" <<'PYTHON'
-import html, re, sys
-REACH = 0.25 # inches that the printer can't reach
-# The test runtime's printer driver names a hyphen as a soft one.
-wanted, page = [], 0
-for line in open(sys.argv[1], encoding="utf-8"):
-    line = line.rstrip("\r\n")
-    if line.startswith("page "):
-        page += 1
-    elif line:
-        x, y, text = line.split("\t", 2)
-        if text.split():
-            wanted.append((page, int(x), int(y), text))
-words, page = [], 0
-for line in open(sys.argv[2], encoding="utf-8"):
-    page += "<page " in line
-    found = re.search(r'<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="[\d.]+" yMax="([\d.]+)">(.*)</word>', line)
-    if found:
-        left, top, bottom = (float(found[i]) for i in (1, 2, 3))
-        words.append((page, left, top, bottom, html.unescape(found[4]).replace("\u00ad", "-")))
-for page, x, y, text in wanted:
-    blanks = len(text) - len(text.lstrip())
-    first = text.split()[0]
-    left, top = ((units / 250 + REACH) * 72 for units in (x, y))
-    if not any(p == page and w == first and (blanks or abs(l - left) < 2) and t - 4 < top < b + 4
-               for p, l, t, b, w in words):
-        sys.exit(f"page {page}: the PDF lacks {text!r} at {left:.1f}, {top:.1f}")
-print(len(wanted), "texts found at their places")
-PYTHON
+python3 "$root/tests/tools/pdf_has_texts.py" "$work/texts" "$work/words" 2
 code=0
 run print "$work/c.frc" --printer nope || code=$?
 [ "$code" = 2 ] && grep -q "no such printer; known are: PDF" "$work/errors"

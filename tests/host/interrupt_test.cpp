@@ -1,0 +1,104 @@
+// Programs that are stopped at their console.
+#include "tests/support/print_jobs.h"
+#include "tests/support/tess_program.h"
+
+namespace {
+
+class Interrupt : public Tess {
+protected:
+    Interrupt() : title("stopped" + std::to_string(GetTickCount())), log(folder.Path("run.txt")) {}
+
+    std::string Form() {
+        std::string json = ReadWholeFile(Sample("countries.json"));
+        const size_t start = json.find("\"name\": \"") + 9;
+        json.replace(start, json.find('"', start) - start, title);
+        WriteWholeFile(folder.Path("c.json"), json);
+        EXPECT_EQ(Run("form build " + folder.Path("c.json") + " " + folder.Path("c.fp")).code, 0u);
+        return folder.Path("c.fp");
+    }
+    // The countries so many times over.
+    std::string Table(int times) {
+        const std::string text = ReadWholeFile(Sample("countries.csv"));
+        const size_t rows = text.find('\n') + 1;
+        std::string table = text;
+        for (int time = 1; time < times; ++time) table += text.substr(rows);
+        WriteWholeFile(folder.Path("c.csv"), table);
+        return folder.Path("c.csv");
+    }
+    std::string Arguments(int times) { return "run --form " + Form() + " --data " + Table(times); }
+    // Jobs are printed in turn, so what isn't there before a later one was dropped.
+    void ExpectNoJob() {
+        const std::string stopped = title;
+        title += "later";
+        const Outcome later = Run(Arguments(1) + " --to printer");
+        EXPECT_EQ(later.code, 0u) << later.output;
+        EXPECT_FALSE(AwaitPrintedJob(title).empty());
+        EXPECT_TRUE(PrintedJob(stopped).empty());
+    }
+
+    std::string title;
+    std::string log;
+};
+
+constexpr int MANY = 60;
+
+} // namespace
+
+TEST_F(Interrupt, RunToAFileEndsWithThreeAndLeavesNoFile) {
+    const std::string report = folder.Path("c.frc");
+    Running tess(Program(), Arguments(MANY) + " --output " + report, log, true);
+    ASSERT_TRUE(tess.Says("500 of 5100 records"));
+    EXPECT_NE(GetFileAttributesA((report + ".part").c_str()), INVALID_FILE_ATTRIBUTES);
+    tess.Interrupt();
+    const Outcome outcome = tess.Wait();
+    EXPECT_EQ(outcome.code, 3u) << outcome.output;
+    EXPECT_TRUE(Holds(outcome.output, "tess: stopped; no report was made")) << outcome.output;
+    EXPECT_EQ(GetFileAttributesA(report.c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(GetFileAttributesA((report + ".part").c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(Interrupt, RunToThePrinterEndsWithThreeAndLeavesNoJob) {
+    Running tess(Program(), Arguments(MANY) + " --to printer", log, true);
+    ASSERT_TRUE(tess.Says("500 of 5100 records"));
+    tess.Interrupt();
+    const Outcome outcome = tess.Wait();
+    EXPECT_EQ(outcome.code, 3u) << outcome.output;
+    EXPECT_TRUE(Holds(outcome.output, "tess: stopped; no report was made")) << outcome.output;
+    EXPECT_FALSE(Holds(outcome.output, "printed from")) << outcome.output;
+    ExpectNoJob();
+}
+
+TEST_F(Interrupt, FinishedPreviewIsClosedWithThree) {
+    Running tess(Program(), Arguments(1) + " --to screen", log, true);
+    ASSERT_TRUE(tess.Says("the preview is open"));
+    tess.Interrupt();
+    const Outcome outcome = tess.Wait();
+    EXPECT_EQ(outcome.code, 3u) << outcome.output;
+    EXPECT_TRUE(Holds(outcome.output, "stopped")) << outcome.output;
+}
+
+TEST_F(Interrupt, PrintedReportEndsWithThreeAndLeavesNoJob) {
+    const std::string report = folder.Path("c.frc");
+    ASSERT_EQ(Run(Arguments(MANY) + " --silent --output " + report).code, 0u);
+    Running tess(Program(), "print " + report, log, true);
+    ASSERT_TRUE(tess.Says("\n10 of "));
+    tess.Interrupt();
+    const Outcome outcome = tess.Wait();
+    EXPECT_EQ(outcome.code, 3u) << outcome.output;
+    EXPECT_TRUE(Holds(outcome.output, "tess: stopped; the print job was dropped"))
+        << outcome.output;
+    ExpectNoJob();
+}
+
+TEST_F(Interrupt, PdfEndsWithThreeAndLeavesNoFile) {
+    const std::string report = folder.Path("c.frc");
+    const std::string pdf = folder.Path("c.pdf");
+    ASSERT_EQ(Run(Arguments(MANY) + " --silent --output " + report).code, 0u);
+    Running tess(Program(), "pdf " + report + " " + pdf, log, true);
+    ASSERT_TRUE(tess.Says("\n10 of "));
+    tess.Interrupt();
+    const Outcome outcome = tess.Wait();
+    EXPECT_EQ(outcome.code, 3u) << outcome.output;
+    EXPECT_EQ(GetFileAttributesA(pdf.c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_EQ(GetFileAttributesA((pdf + ".part").c_str()), INVALID_FILE_ATTRIBUTES);
+}
