@@ -11,6 +11,7 @@
 #include "tests/support/gdi_objects.h"
 #include "tests/support/host_window.h"
 #include "tests/support/message_boxes.h"
+#include "tests/support/no_printers.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/printer_calls.h"
 #include "tests/support/report_run.h"
@@ -226,8 +227,8 @@ TEST_F(RunToPrinter, DocumentThatDoesNotStartEndsTheRunAtItsFirstRecordWith10) {
     EXPECT_FALSE(Open());
 }
 
-TEST_F(RunToPrinter, NoDefaultPrinterAtAllGives10) {
-    const FailingCall none("GetProfileStringA", GetProfileStringA, 0, 1, EVERY_CALL);
+TEST_F(RunToPrinter, NoPrinterAtAllGives10) {
+    const NoPrinters none;
     EXPECT_EQ(Start('P'), CODE_PRINTER);
     EXPECT_EQ(Last(), (BoxRecord{"", "Unable to Access the Current Printer!", {IDOK}}));
     EXPECT_EQ(boxes.Log().size(), 1u);
