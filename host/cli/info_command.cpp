@@ -63,7 +63,7 @@ void PrintForm(const std::string &path) {
                 static_cast<double>(header.LeftMargin), static_cast<double>(header.RightMargin),
                 static_cast<double>(header.TopMargin), static_cast<double>(header.BottomMargin));
     if (header.ReportFilter[0] != CELL_END)
-        std::printf("filter:  %s\n", ExpressionOf(form, header.ReportFilter).c_str());
+        std::printf("filter:  %s\n", ExpressionOf(form, CellsAt(header.ReportFilter)).c_str());
     std::printf("sections:\n");
     PrintSections(form);
     std::printf("fields:\n");

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <iterator>
+#include <span>
 
 #include "host/data/csv_source.h"
 
@@ -51,9 +52,10 @@ template <size_t Size> void Put(char (&field)[Size], const std::string &text) {
 
 // ---- dates -------------------------------------------------------------------------------------
 
-// A literal that has the shape of a date: month and day in the form's order, then the year.
-bool DateOf(const FormImage &form, const std::string &literal, int32_t *date) {
-    if (literal.size() < 8 || literal.size() > 12) return false;
+// The date of a literal that has the shape of one, 0 of any other: month and day in the form's
+// order, then the year.
+int32_t DateOf(const FormImage &form, const std::string &literal) {
+    if (literal.size() < 8 || literal.size() > 12) return 0;
     int first = 0;
     int second = 0;
     int year = 0;
@@ -64,11 +66,10 @@ bool DateOf(const FormImage &form, const std::string &literal, int32_t *date) {
     const int found =
         std::sscanf(inner.c_str(), "%2d%c%2d%c%4d%n", &first, &a, &second, &b, &year, &used);
     if (found != 5 || used != static_cast<int>(inner.size()) || a != b || !std::strchr("-/,", a))
-        return false;
+        return 0;
     if (form.header.DateEntryFormat) std::swap(first, second);
-    if (first < 1 || first > 12 || second < 1 || second > 31) return false;
-    *date = (year <= 99 ? year + 1900 : year) * 10000 + first * 100 + second;
-    return true;
+    if (first < 1 || first > 12 || second < 1 || second > 31) return 0;
+    return (year <= 99 ? year + 1900 : year) * 10000 + first * 100 + second;
 }
 
 // ---- tokens ------------------------------------------------------------------------------------
@@ -81,7 +82,8 @@ public:
     Compiler(FormImage *form, const JsonPlace &place, NewRow new_row)
         : form_(form), place_(place), new_row_(new_row), text_(place.CodePageText()) {}
 
-    void Compile(uint16_t *cells) {
+    Cells Compile() {
+        Cells cells{};
         size_t count = 0;
         for (Blanks(); at_ < text_.size(); Blanks()) {
             if (count == MOST_CELLS)
@@ -90,6 +92,7 @@ public:
             ++count;
         }
         cells[count] = CELL_END;
+        return cells;
     }
 
 private:
@@ -116,7 +119,8 @@ private:
         if (literal.size() > 101) place_.Fail("a literal has at most 99 characters");
         at_ = end + 1;
         FieldRecord field = Constant(literal, TYPE_TEXT);
-        if (DateOf(*form_, literal, &field.LongValue))
+        field.LongValue = DateOf(*form_, literal);
+        if (field.LongValue)
             field.ValueType = TYPE_DATE;
         else
             field.FieldWidth = static_cast<int16_t>(literal.size() + 1);
@@ -289,26 +293,26 @@ private:
 }
 
 // Whether a text means these cells, without a new row.
-bool Means(const FormImage &form, const std::string &text, const uint16_t *cells, size_t count) {
+bool Means(const FormImage &form, const std::string &text, std::span<const uint16_t> cells) {
     const Json value = ToUtf8(text);
     AskedMembers asked;
     const JsonPlace place(value, "", &asked);
-    uint16_t found[MAX_CELLS];
     try {
         // nothing is appended, so the form stays as it is
-        Compiler(const_cast<FormImage *>(&form), place, RefuseRow).Compile(found);
+        const Cells found = Compiler(const_cast<FormImage *>(&form), place, RefuseRow).Compile();
+        return std::equal(cells.begin(), cells.end(), found.begin()) &&
+               found[cells.size()] == CELL_END;
     } catch (const JsonMistake &) {
         return false;
     }
-    return std::equal(found, found + count, cells) && found[count] == CELL_END;
 }
 
-std::string OperandText(const FormImage &form, const uint16_t *cell) {
-    const size_t row = *cell;
+std::string OperandText(const FormImage &form, uint16_t cell) {
+    const size_t row = cell;
     const std::string name = form.fields[row].FieldName;
     const std::string marked = name + "@" + std::to_string(row);
-    if (Means(form, name, cell, 1) && form.fields[row].FieldFlags & FIELD_SHARED) return name;
-    return Means(form, marked, cell, 1) ? marked : "#" + std::to_string(row);
+    if (Means(form, name, {&cell, 1}) && form.fields[row].FieldFlags & FIELD_SHARED) return name;
+    return Means(form, marked, {&cell, 1}) ? marked : "#" + std::to_string(row);
 }
 
 std::string OperatorText(int cell, bool first) {
@@ -350,21 +354,21 @@ int AppendField(FormImage *form, const FieldRecord &field, const JsonPlace &plac
     return static_cast<int>(form->fields.size()) - 1;
 }
 
-std::string ExpressionOf(const FormImage &form, const uint16_t *cells) {
+std::string ExpressionOf(const FormImage &form, const Cells &cells) {
     std::string text;
     std::string spaced;
     size_t count = 0;
     for (; count < MAX_CELLS && cells[count] != CELL_END; ++count) {
-        const uint16_t *cell = cells + count;
-        const std::string part = *cell >= CELL_FIRST_OPERATOR && *cell <= CELL_LAST_OPERATOR
-                                     ? OperatorText(*cell, count == 0)
-                                 : *cell < form.fields.size() ? OperandText(form, cell)
-                                                              : "";
+        const uint16_t cell = cells[count];
+        const std::string part = cell >= CELL_FIRST_OPERATOR && cell <= CELL_LAST_OPERATOR
+                                     ? OperatorText(cell, count == 0)
+                                 : cell < form.fields.size() ? OperandText(form, cell)
+                                                             : "";
         text += part;
         spaced += (count ? " " : "") + part;
     }
     while (!text.empty() && text.back() == ' ') text.pop_back();
-    return ToUtf8(Means(form, text, cells, count) ? text : spaced);
+    return ToUtf8(Means(form, text, {cells.data(), count}) ? text : spaced);
 }
 
 int NamedRow(const FormImage &form, const std::string &text) {
@@ -380,6 +384,6 @@ int NamedRow(const FormImage &form, const std::string &text) {
     return named ? static_cast<int>(row) : 0;
 }
 
-void CompileExpression(FormImage *form, const JsonPlace &place, uint16_t *cells) {
-    Compiler(form, place, AppendField).Compile(cells);
+Cells CompileExpression(FormImage *form, const JsonPlace &place) {
+    return Compiler(form, place, AppendField).Compile();
 }

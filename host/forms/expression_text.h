@@ -17,8 +17,8 @@ int NamedRow(const FormImage &form, const std::string &text);
 
 // The text of a list of cells, which compiles to these cells again. A row that its plain name
 // wouldn't find is written NAME@ROW, or #ROW when the name can't stand in an expression.
-std::string ExpressionOf(const FormImage &form, const uint16_t *cells);
+std::string ExpressionOf(const FormImage &form, const Cells &cells);
 
 // Compiles the text at a place into cells; constants and operands get rows of their own. A data
 // field must be among the form's fields.
-void CompileExpression(FormImage *form, const JsonPlace &place, uint16_t *cells);
+Cells CompileExpression(FormImage *form, const JsonPlace &place);

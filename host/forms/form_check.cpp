@@ -90,9 +90,9 @@ private:
         }
     }
 
-    void CheckCells(const std::string &name, const uint16_t *cells) const {
-        for (int place = 0; place < MAX_CELLS; ++place) {
-            const int cell = cells[place];
+    void CheckCells(const std::string &name, const void *record_cells) const {
+        const Cells cells = CellsAt(record_cells);
+        for (const int cell : cells) {
             if (cell == CELL_END) return;
             if (cell < CELL_FIRST_OPERATOR || cell > CELL_LAST_OPERATOR)
                 Need(name, "field", cell, form_.fields.size());

@@ -389,32 +389,25 @@ private:
     void TakeExpressions() {
         const JsonPlace form = root_.At("form");
         if (form.Has("filter"))
-            CompileExpression(&form_, form.At("filter"), form_.header.ReportFilter);
+            PutCells(CompileExpression(&form_, form.At("filter")), form_.header.ReportFilter);
         int row = 0;
         ForEach("fields", [&](const JsonPlace &place) {
             row += row + 1 == 32 ? 2 : 1;
             if (!place.Has("expression")) return;
-            uint16_t cells[MAX_CELLS];
-            CompileExpression(&form_, place.At("expression"), cells);
-            FieldRecord &field = form_.fields[static_cast<size_t>(row)];
-            std::copy_n(cells, CellCount(cells), field.FieldTokens);
+            const Cells cells = CompileExpression(&form_, place.At("expression"));
+            PutCells(cells, form_.fields[static_cast<size_t>(row)].FieldTokens);
         });
         size_t user = 0;
         ForEach("user fields", [&](const JsonPlace &place) {
-            uint16_t *cells = form_.users[user_rows_[user++]].UserTokens;
-            if (place.Has("expression")) CompileExpression(&form_, place.At("expression"), cells);
+            UserFieldRecord &field = form_.users[user_rows_[user++]];
+            if (place.Has("expression"))
+                PutCells(CompileExpression(&form_, place.At("expression")), field.UserTokens);
         });
         ForEach("sections", [&](const JsonPlace &place) {
             if (place.Has("filter"))
-                CompileExpression(&form_, place.At("filter"),
-                                  form_.sections[SectionRow(place.At("section"))].SectionFilter);
+                PutCells(CompileExpression(&form_, place.At("filter")),
+                         form_.sections[SectionRow(place.At("section"))].SectionFilter);
         });
-    }
-
-    static size_t CellCount(const uint16_t *cells) {
-        size_t count = 1;
-        while (cells[count - 1] != CELL_END) ++count;
-        return count;
     }
 
     AskedMembers asked_;

@@ -126,6 +126,16 @@ bool IsForm(const std::string &bytes) {
     return signature == SIGNATURE_FORM || signature == SIGNATURE_FORM_OTHER;
 }
 
+Cells CellsAt(const void *record_cells) {
+    Cells cells;
+    std::memcpy(cells.data(), record_cells, sizeof cells);
+    return cells;
+}
+
+void PutCells(const Cells &cells, void *record_cells) {
+    std::memcpy(record_cells, cells.data(), sizeof cells);
+}
+
 FormImage ReadForm(const std::string &path) {
     const std::string bytes = ReadFileBytes(path);
     if (!IsForm(bytes)) throw Failure(path + ": is not a form file");

@@ -1,6 +1,7 @@
 // A form file in memory, block by block.
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,11 @@ struct FontImage {
     std::string bits; // of a picture: the bits and the information block of its bitmap
     std::string info;
 };
+
+// An expression. In a record it may stand at any address, so it is copied to be looked at.
+using Cells = std::array<uint16_t, MAX_CELLS>;
+Cells CellsAt(const void *record_cells);
+void PutCells(const Cells &cells, void *record_cells);
 
 struct FormImage {
     FormHeader header{};

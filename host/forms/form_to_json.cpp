@@ -26,7 +26,7 @@ void DumpName(const char *const (&names)[Count], int value, int usual, const cha
         (*object)[name] = value;
 }
 
-void DumpCells(const FormImage &form, const uint16_t *cells, const char *name, Json *object) {
+void DumpCells(const FormImage &form, const Cells &cells, const char *name, Json *object) {
     if (cells[0] != CELL_END) (*object)[name] = ExpressionOf(form, cells);
 }
 
@@ -34,7 +34,7 @@ Json DumpHeader(const FormImage &form) {
     const FormHeader usual = DefaultHeader();
     Json object = Json::object();
     Dump(header_members, &form.header, &usual, &object);
-    DumpCells(form, form.header.ReportFilter, "filter", &object);
+    DumpCells(form, CellsAt(form.header.ReportFilter), "filter", &object);
     Json label = Json::object();
     Dump(label_members, &form.header.LabelGeometry, &usual.LabelGeometry, &label);
     if (!label.empty()) object["label"] = label;
@@ -87,7 +87,7 @@ Json DumpField(const FormImage &form, const FieldRecord &field) {
     DumpName(symbol_names, field.SymbolKind, SYMBOL_NONE, "symbol", &object);
     DumpSet(symbol_flags, field.SymbolWhen, 0, "symbol when", &object);
     DumpSet(field_flags, field.FieldFlags, 0, "flags", &object);
-    DumpCells(form, field.FieldTokens, "expression", &object);
+    DumpCells(form, CellsAt(field.FieldTokens), "expression", &object);
     return object;
 }
 
@@ -98,7 +98,7 @@ Json DumpUser(const FormImage &form, const UserFieldRecord &user, int row) {
     object["row"] = row;
     Dump(user_members, &user, &usual, &object);
     DumpName(type_names, user.ValueType, TYPE_TEXT, "type", &object);
-    DumpCells(form, user.UserTokens, "expression", &object);
+    DumpCells(form, CellsAt(user.UserTokens), "expression", &object);
     return object;
 }
 
@@ -138,7 +138,7 @@ Json DumpSection(const FormImage &form, int number, size_t bar_row) {
     object["height"] = bar.height - form.header.BarHeight;
     DumpSet(section_flags, section.SectionFlags, 0, "flags", &object);
     Dump(section_members, &section, &usual, &object);
-    DumpCells(form, section.SectionFilter, "filter", &object);
+    DumpCells(form, CellsAt(section.SectionFilter), "filter", &object);
     Json bar_object = DumpItem(form, bar, bar.y);
     bar_object.erase("item");
     object["bar"] = bar_object;

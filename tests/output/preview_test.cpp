@@ -46,7 +46,7 @@ TEST_F(Preview, WindowHasItsClassTitleBarsAndTheMenuInItsOrder) {
     EXPECT_EQ(GetClassLongA(Window(), GCL_STYLE), 4139u);
     GetWindowTextA(Window(), text, sizeof text);
     EXPECT_STREQ(text, run.params.FormFile);
-    EXPECT_EQ(session->ViewBlock.ReportWindow, Window());
+    EXPECT_EQ(+session->ViewBlock.ReportWindow, Window());
     const std::vector<std::pair<UINT, std::string>> entries = {
         {694, "&Jump"}, {695, "&Print"}, {696, "Pre&view"}, {624, "&Save"}, {697, "&Exit"}};
     ASSERT_EQ(GetMenuItemCount(GetMenu(Window())), 5);

@@ -137,9 +137,9 @@ TEST_F(SectionSetUp, FieldOfTwoSectionsBelongsToTheLater) {
     Section(SECTION_REPORT_FOOTER, 90, 50);
     Item(ITEM_FIELD, 200, 130, 50, 30, field);
     PrepareSections(session);
-    EXPECT_EQ(At(field).SummarySection, SECTION_REPORT_FOOTER);
-    EXPECT_EQ(input[static_cast<size_t>(field)].SummarySection, SECTION_REPORT_FOOTER);
-    EXPECT_EQ(At(field).SummaryType, SUMMARY_TOTAL);
+    EXPECT_EQ(+At(field).SummarySection, SECTION_REPORT_FOOTER);
+    EXPECT_EQ(+input[static_cast<size_t>(field)].SummarySection, SECTION_REPORT_FOOTER);
+    EXPECT_EQ(+At(field).SummaryType, SUMMARY_TOTAL);
 }
 
 TEST_F(SectionSetUp, SummaryOutsideAFooterIsAPlainValue) {
@@ -147,8 +147,8 @@ TEST_F(SectionSetUp, SummaryOutsideAFooterIsAPlainValue) {
     Section(SECTION_DETAIL_9, 0, 50);
     Item(ITEM_FIELD, 200, 40, 50, 30, field);
     PrepareSections(session);
-    EXPECT_EQ(At(field).SummaryType, SUMMARY_VALUE);
-    EXPECT_EQ(input[static_cast<size_t>(field)].SummaryType, SUMMARY_VALUE);
+    EXPECT_EQ(+At(field).SummaryType, SUMMARY_VALUE);
+    EXPECT_EQ(+input[static_cast<size_t>(field)].SummaryType, SUMMARY_VALUE);
 }
 
 TEST_F(SectionSetUp, CalculationOverASummaryIsMadeAtItsFooterAlone) {
@@ -159,11 +159,11 @@ TEST_F(SectionSetUp, CalculationOverASummaryIsMadeAtItsFooterAlone) {
     Section(SECTION_SORT_FOOTER_1, 0, 50);
     Item(ITEM_FIELD, 200, 40, 50, 30, calc);
     PrepareSections(session);
-    EXPECT_EQ(At(summed).SummarySection, SECTION_SORT_FOOTER_1);
-    EXPECT_EQ(input[static_cast<size_t>(summed)].SummarySection, SECTION_SORT_FOOTER_1);
-    EXPECT_EQ(At(summed).SummaryType, SUMMARY_TOTAL);
-    EXPECT_EQ(At(calc).FieldFlags & 0x0800, 0x0800);
-    EXPECT_EQ(At(calc).SummaryType, SUMMARY_VALUE);
+    EXPECT_EQ(+At(summed).SummarySection, SECTION_SORT_FOOTER_1);
+    EXPECT_EQ(+input[static_cast<size_t>(summed)].SummarySection, SECTION_SORT_FOOTER_1);
+    EXPECT_EQ(+At(summed).SummaryType, SUMMARY_TOTAL);
+    EXPECT_EQ(+At(calc).FieldFlags & 0x0800, 0x0800);
+    EXPECT_EQ(+At(calc).SummaryType, SUMMARY_VALUE);
 }
 
 TEST_F(SectionSetUp, SameCalculationInADetailSectionIsMadeForEachRecord) {
@@ -174,9 +174,9 @@ TEST_F(SectionSetUp, SameCalculationInADetailSectionIsMadeForEachRecord) {
     Section(SECTION_DETAIL_1, 0, 50);
     Item(ITEM_FIELD, 200, 40, 50, 30, calc);
     PrepareSections(session);
-    EXPECT_EQ(At(calc).FieldFlags & 0x0800, 0);
-    EXPECT_EQ(At(calc).SummaryType, SUMMARY_VALUE);
-    EXPECT_EQ(At(summed).SummarySection, 0);
+    EXPECT_EQ(+At(calc).FieldFlags & 0x0800, 0);
+    EXPECT_EQ(+At(calc).SummaryType, SUMMARY_VALUE);
+    EXPECT_EQ(+At(summed).SummarySection, 0);
 }
 
 TEST_F(SectionSetUp, WrappedTextThatNothingStandsUnderIsPaintedLast) {
