@@ -103,12 +103,13 @@ int SetDevMode(Session *session, HGLOBAL handle, int takeAll) {
     const LockedHandle block(handle);
     const auto *mode = block.As<DEVMODEA>();
     if (!mode || block.Size() < offsetof(DEVMODEA, dmFields)) return 0;
-    const size_t size = std::min(DevModeSize(*mode), block.Size());
-    const HGLOBAL copy_handle = sAlloc(std::max(size, sizeof(DEVMODEA)));
+    // The driver believes the size that the settings tell.
+    const size_t size = std::max(DevModeSize(*mode), sizeof(DEVMODEA));
+    const HGLOBAL copy_handle = sAlloc(size);
     auto *copy = static_cast<DEVMODEA *>(LockHandle(copy_handle));
     if (!copy) return 0;
-    ZeroMemory(copy, std::max(size, sizeof(DEVMODEA)));
-    std::memcpy(copy, mode, size);
+    ZeroMemory(copy, size);
+    std::memcpy(copy, mode, std::min(DevModeSize(*mode), block.Size()));
     if (!takeAll && printer.DevMode) {
         copy->dmOrientation = printer.DevMode->dmOrientation;
         copy->dmPaperSize = printer.DevMode->dmPaperSize;

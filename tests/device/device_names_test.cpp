@@ -87,6 +87,32 @@ TEST_F(DeviceNames, SettingsAreCopiedWhole) {
     GlobalFree(handle);
 }
 
+TEST_F(DeviceNames, CopyOfSettingsThatTellTooMuchEndsWithTheirBlock) {
+    DEVMODEA &mode = *session->printer.DevMode;
+    const WORD extra = mode.dmDriverExtra;
+    mode.dmDriverExtra = 60000;
+    const HGLOBAL handle = GetDevMode(session);
+    mode.dmDriverExtra = extra;
+    ASSERT_NE(handle, nullptr);
+    EXPECT_EQ(GlobalSize(handle), GlobalSize(session->printer.DevModeMemory));
+    GlobalFree(handle);
+}
+
+// Whoever is given them reads as much as they tell.
+TEST_F(DeviceNames, HostsSettingsThatTellTooMuchGetABlockOfThatSize) {
+    const HGLOBAL handle = GetDevMode(session);
+    auto *given = static_cast<DEVMODEA *>(GlobalLock(handle));
+    given->dmDriverExtra = 60000;
+    const size_t told = given->dmSize + size_t{60000};
+    GlobalUnlock(handle);
+    ASSERT_LT(GlobalSize(handle), told);
+    ASSERT_EQ(SetDevMode(session, handle, 1), 1);
+    GlobalFree(handle);
+    EXPECT_GE(GlobalSize(session->printer.DevModeMemory), told);
+    const char *last = reinterpret_cast<const char *>(session->printer.DevMode) + told - 1;
+    EXPECT_EQ(*last, 0);
+}
+
 TEST_F(DeviceNames, HostsSettingsLeaveTheFormsPaperUnlessAllAreToBeTaken) {
     DEVMODEA &own = *session->printer.DevMode;
     own.dmOrientation = DMORIENT_PORTRAIT;

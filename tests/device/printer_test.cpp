@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <set>
+#include <vector>
 
 #include "frame/fatal_error.h"
 #include "frame/host_data.h"
@@ -123,6 +125,47 @@ TEST_F(Printer, SessionWithoutADefaultPrinterGives10) {
 }
 
 // ---- the driver --------------------------------------------------------------------------------
+
+TEST_F(Printer, DriverOfTheSettingsGetsItsEndingByItsLength) {
+    ASSERT_EQ(StartOn(form), 0);
+    char *driver = session->printer.DriverName;
+    const std::string usual = driver;
+    for (const auto &[name, expected] : {std::pair{"abc", "abc.DRV"},
+                                         {".drv", ".drv.DRV"},
+                                         {"laser", "laser.DRV"},
+                                         {"laser.drv", "laser.drv"},
+                                         {"laser.DrV", "laser.DrV"}}) {
+        std::strcpy(driver, name);
+        InitPrinter(session);
+        EXPECT_STREQ(driver, expected);
+    }
+    std::strcpy(driver, usual.c_str());
+}
+
+namespace {
+struct DriverCall {
+    HWND owner;
+    DWORD mode;
+    bool operator==(const DriverCall &other) const = default;
+};
+std::vector<DriverCall> driver_calls;
+decltype(&DocumentPropertiesA) real_properties;
+LONG WINAPI NoteProperties(HWND owner, HANDLE printer, LPSTR name, DEVMODEA *out, DEVMODEA *in,
+                           DWORD mode) {
+    driver_calls.push_back({owner, mode});
+    return real_properties(owner, printer, name, out, in, mode);
+}
+} // namespace
+
+TEST_F(Printer, DriverIsAskedForItsSizeItsSettingsAndThoseOfTheFormWithTheParentsWindow) {
+    driver_calls.clear();
+    void *real = ReplaceImport("DocumentPropertiesA", reinterpret_cast<void *>(NoteProperties));
+    real_properties = reinterpret_cast<decltype(real_properties)>(real);
+    EXPECT_EQ(StartOn(form), 0);
+    ReplaceImport("DocumentPropertiesA", real);
+    EXPECT_EQ(driver_calls,
+              (std::vector<DriverCall>{{host.Get(), 0}, {host.Get(), 2}, {host.Get(), 10}}));
+}
 
 TEST_F(Printer, DriverThatIsNotThereIsFatal) {
     const FailingCall none("OpenPrinterA", OpenPrinterA, FALSE);
@@ -287,6 +330,32 @@ TEST_F(Printer, LabelSheetIgnoresThePrinter) {
     EXPECT_EQ(session->printer.UsableWidth, 3.0F);
     EXPECT_EQ(session->printer.UsableHeight, 5.0F);
     EXPECT_EQ(session->form.Items[0].x, 125); // bars stay as the form has them
+}
+
+namespace {
+std::set<int> technologies; // of the devices whose fonts were measured
+decltype(&GetTextMetricsA) real_metrics;
+BOOL WINAPI NoteTechnology(HDC device, TEXTMETRICA *metrics) {
+    technologies.insert(GetDeviceCaps(device, TECHNOLOGY));
+    return real_metrics(device, metrics);
+}
+} // namespace
+
+TEST_F(Printer, PreviewAloneMeasuresItsDefaultFontOnThePrinterAndKeepsNoFontOfIt) {
+    ASSERT_EQ(StartOn(form, KIND_REPORT), 0);
+    real_metrics = GetTextMetricsA;
+    const ReplacedCall noted("GetTextMetricsA", NoteTechnology);
+    technologies.clear();
+    ProcessPrinterData(session);
+    EXPECT_TRUE(technologies.empty());
+    EXPECT_NE(session->form.Fonts[0].Font, nullptr);
+    session->run.OutputToScreen = 1;
+    ProcessPrinterData(session);
+    session->run.OutputToScreen = 0;
+    EXPECT_EQ(technologies, std::set<int>{DT_RASPRINTER});
+    EXPECT_EQ(session->form.Fonts[0].Font, nullptr);
+    EXPECT_GT(session->form.Fonts[0].Height, 0);
+    EXPECT_STREQ(session->form.Fonts[0].LogFont.lfFaceName, "Courier New");
 }
 
 TEST(NewSession, PaperIsLetterUntilAPrinterIsBound) {
