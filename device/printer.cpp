@@ -95,7 +95,7 @@ void TakeFormDevice(Session *session) {
 void OpenOutputDevice(Session *session) {
     const HDC device = CreatePrinterContext(session);
     if (!device) FatalError(session, "Can not initialize printing", CODE_NO_DEVICE);
-    session->device.ScreenDC = device;
+    session->device.OutputDevice = device;
     session->device.LogPixelsX = GetDeviceCaps(device, LOGPIXELSX);
     session->device.LogPixelsY = GetDeviceCaps(device, LOGPIXELSY);
     ApplyMapping(session, device);

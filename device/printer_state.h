@@ -24,8 +24,11 @@ struct PrinterState {
 };
 
 struct DeviceState {
-    HWND Window;   // the session's window; the parent's in a session without one
-    HDC ScreenDC;  // the window's context; in a run to the printer the printer's
+    HWND Window; // the session's window; the parent's in a session without one
+    union {
+        HDC ScreenDC;     // the window's context
+        HDC OutputDevice; // the same slot in a run to the printer: the printer's context
+    };
     HDC MemoryDC;  // offscreen
     HDC MemoryDC2; // offscreen, for pictures
     HBITMAP OffscreenBitmap;

@@ -103,7 +103,7 @@ void PrintRange(Session *session, HDC device) {
 class JobDocument {
 public:
     JobDocument(Session *session, HDC device, bool silent)
-        : session_(session), device_(device), silent_(silent) {
+        : session_(session), device_(device), cancel_(session->run.CancelState), silent_(silent) {
         if (silent_) return;
         OpenProgress(session, "ScrPrintAbortParam", ScrPrintAbortParam, session->device.Window,
                      session->printer.DeviceName);
@@ -114,6 +114,7 @@ public:
     JobDocument &operator=(const JobDocument &) = delete;
     ~JobDocument() {
         if (!ended_) AbortDoc(device_);
+        session_->run.CancelState = cancel_; // a Cancel while it ends is for the job too
         if (silent_) return;
         EnableWindow(session_->device.Window, TRUE);
         CloseProgress(session_);
@@ -127,6 +128,7 @@ public:
 private:
     Session *session_;
     HDC device_;
+    int32_t cancel_;
     bool silent_;
     bool ended_ = false;
 };
@@ -151,7 +153,7 @@ int PrintJob(Session *session, HDC device) {
 } // namespace
 
 int PrintPages(Session *session, int askRange) {
-    if (askRange && !RunDialog(session, "PrintParam", PrintParam, 0)) return 1;
+    if (askRange && RunDialog(session, "PrintParam", PrintParam, 0) != 1) return 1;
     --session->run.FirstPrintPage;
     --session->run.LastPrintPage;
     TakeReportPaper(session);

@@ -23,7 +23,7 @@ Session *SessionOfDevice(HDC device) {
 }
 
 void OpenPrinterProgress(Session *session) {
-    const HDC device = session->device.ScreenDC;
+    const HDC device = session->device.OutputDevice;
     OpenProgress(session, "PrintAbortParam", PrintAbortParam, session->ParentWindow,
                  session->printer.DeviceName);
     session->run.AbortProc = PrintProc;
@@ -31,9 +31,21 @@ void OpenPrinterProgress(Session *session) {
     NotePrinterContext(session, device);
 }
 
+// The printer may call its abort procedure ahead of a page too, and a page's end passes over a run
+// that has been cancelled before.
+void StopIfCancelled(Session *session) {
+    if (session->run.CancelState == CANCEL_STOP) FatalError(session, "", CODE_CANCELLED);
+}
+
 void ShowProgress(const Session *session) {
     UpdateWindow(session->run.AbortDialog);
     if (session->ParentWindow) EnableWindow(session->ParentWindow, FALSE);
+}
+
+// A run that its first record ended has a document as well.
+void EndDocument(Session *session) {
+    session->run.DocumentOpen = 0;
+    EndDoc(session->device.OutputDevice);
 }
 
 const char *NameBehindFolders(const char *path) {
@@ -54,9 +66,11 @@ bool StartDocument(const Session *session, HDC device) {
 void StartPrinterRun(Session *session) {
     const bool silent = session->RunBlock.Silent;
     if (!silent) OpenPrinterProgress(session);
-    const bool started = StartDocument(session, session->device.ScreenDC);
+    const bool started = StartDocument(session, session->device.OutputDevice);
     RaisePending(session);
     if (!started) FatalError(session, "Unable to Start the Print Job", CODE_PRINTER);
+    session->run.DocumentOpen = 1;
+    StopIfCancelled(session);
     StartPrinterPage(session);
     if (!silent) ShowProgress(session);
     const RunState &run = session->run;
@@ -71,17 +85,18 @@ void StartFileRun(Session *session) {
 }
 
 void EndPrinterPage(Session *session) {
-    EndPage(session->device.ScreenDC);
+    EndPage(session->device.OutputDevice);
     RaisePending(session);
-    PrintProc(session->device.ScreenDC, 0);
+    PrintProc(session->device.OutputDevice, 0);
     RaisePending(session);
 }
 
 // A new page resets the device.
 void StartPrinterPage(Session *session) {
-    StartPage(session->device.ScreenDC);
+    StartPage(session->device.OutputDevice);
     RaisePending(session);
-    ApplyMapping(session, session->device.ScreenDC);
+    ApplyMapping(session, session->device.OutputDevice);
+    StopIfCancelled(session);
 }
 
 void FilePrintPump(Session *session) {
@@ -95,11 +110,9 @@ void FilePrintPump(Session *session) {
 void FinishOutput(Session *session) {
     const RunState &run = session->run;
     const bool silent = session->RunBlock.Silent;
-    if (run.RecordCount > 0) {
-        if (!silent) PrintProc(session->device.ScreenDC, 0);
-        if (run.OutputToPrinter) EndDoc(session->device.ScreenDC);
-    }
-    if (run.AbortDialog) {
+    if (run.RecordCount > 0 && !silent) PrintProc(session->device.OutputDevice, 0);
+    if (run.DocumentOpen) EndDocument(session);
+    if (run.AbortDialogProc) {
         if (session->ParentWindow) EnableWindow(session->ParentWindow, TRUE);
         CloseProgress(session);
     }
@@ -120,7 +133,7 @@ BOOL CALLBACK PrintProc(HDC device, int code) {
             ShowNumber(session, PROGRESS_PAGES, session->run.PageCount);
             ShowNumber(session, PROGRESS_RECORDS, session->run.RecordCount);
         }
-        if (device == session->device.ScreenDC) PumpProgress(session, code);
+        if (device == session->device.OutputDevice) PumpProgress(session, code);
         return BOOL{TRUE};
     });
 }

@@ -9,7 +9,7 @@ namespace tessarine {
 void StartPrinterRun(Session *session);  // dialog, document, first page; fatal with code 10
 void StartFileRun(Session *session);     // the dialog of a run to disk
 void EndPrinterPage(Session *session);   // EndPage and the abort procedure
-void StartPrinterPage(Session *session); // StartPage and the unit mapping
+void StartPrinterPage(Session *session); // StartPage and the unit mapping; may unwind with 5
 void FilePrintPump(Session *session);
 void FinishOutput(Session *session); // closing steps: dialog, document, report of the count
 

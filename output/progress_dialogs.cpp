@@ -45,6 +45,7 @@ INT_PTR CALLBACK FilePrintAbortParam(HWND dialog, UINT message, WPARAM, LPARAM) 
 
 void OpenProgress(Session *session, const char *templateName, DLGPROC procedure, HWND owner,
                   const char *device) {
+    CloseProgress(session); // that of a start that failed
     const HWND dialog = CreateDialogParamA(module_instance, templateName, owner, procedure, 0);
     session->run.AbortDialog = dialog;
     session->run.AbortDialogProc = procedure;
@@ -59,6 +60,7 @@ void OpenProgress(Session *session, const char *templateName, DLGPROC procedure,
 void CloseProgress(Session *session) {
     if (session->run.AbortDialog) DestroyWindow(session->run.AbortDialog);
     session->run.AbortDialog = nullptr;
+    session->run.AbortDialogProc = nullptr;
 }
 
 int ShownNumber(const Session *session, int control) {

@@ -52,7 +52,7 @@ void PrintClosingSections(Session *session) {
 void FinishPages(Session *session) {
     session->run.RunPhase = PHASE_FINISHED;
     if (session->run.OutputToPrinter) {
-        EndPage(session->device.ScreenDC);
+        EndPage(session->device.OutputDevice);
         RaisePending(session);
         return;
     }

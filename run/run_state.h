@@ -66,6 +66,7 @@ struct RunState {
     HWND AbortDialog;
     DLGPROC AbortDialogProc;
     ABORTPROC AbortProc;
+    uint32_t DocumentOpen; // a run to the printer has started its document
     int32_t FirstPrintPage;
     int32_t LastPrintPage;
 };

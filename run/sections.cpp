@@ -81,7 +81,8 @@ void AdvanceDetail(Session *session, const SectionRecord &record) {
 } // namespace
 
 HDC PageDevice(const Session *session) {
-    return session->run.OutputToPrinter ? session->device.ScreenDC : session->pages.PageRecorder;
+    return session->run.OutputToPrinter ? session->device.OutputDevice
+                                        : session->pages.PageRecorder;
 }
 
 int SectionSelected(Session *session, int section) {

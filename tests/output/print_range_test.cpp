@@ -1,18 +1,14 @@
-// Printing from the preview: ranges, cancelling, failures, while the run goes on and behind it.
+// Printing from the preview: ranges, jobs and their failures, while the run goes on and behind it.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 
-#include "frame/session_table.h"
-#include "output/print_job.h"
 #include "output/report_file.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/gdi_objects.h"
-#include "tests/support/message_boxes.h"
-#include "tests/support/printer_calls.h"
-#include "tests/support/report_run.h"
+#include "tests/support/preview_printing.h"
 #include "tests/support/tess_program.h"
 
 using namespace tessarine;
@@ -20,69 +16,6 @@ using namespace tessarine;
 namespace {
 
 using Calls = std::vector<std::string>;
-
-std::string ItemText(HWND dialog, int control) {
-    char text[100] = "";
-    GetDlgItemTextA(dialog, control, text, sizeof text);
-    return text;
-}
-
-// Five records a page.
-struct ListForm : FormBuilder {
-    ListForm() {
-        const int name = Field(FIELD_DATA, "NAME", TYPE_TEXT);
-        Section(SECTION_DETAIL_1, 500);
-        FieldItem(SECTION_DETAIL_1, 200, 0, 500, 50, name);
-    }
-};
-
-// A preview whose run is going on.
-class PreviewPrinting : public testing::Test {
-protected:
-    PreviewPrinting() : run(ListForm{}) {
-        run.params.Device = 'S';
-        run.params.WindowStyle = WS_OVERLAPPEDWINDOW;
-        run.params.WindowWidth = run.params.WindowHeight = 500;
-        EXPECT_EQ(run.Start(), 0) << boxes.LastText();
-        session = GetSessionPointer(nullptr, run.params.SessionId);
-        boxes.OnDialog("Printing In Progress...", [](HWND) {});
-    }
-    ~PreviewPrinting() override {
-        if (GetSessionPointer(nullptr, run.params.SessionId) != session) return;
-        session->run.ViewingFile = 0;
-        if (session->run.RunPhase != PHASE_FINISHED) run.Finish();
-        SendMessageA(session->device.Window, WM_CLOSE, 0, 0);
-    }
-
-    // Goes on until this page is under construction.
-    void FeedToPage(int page) {
-        while (session->run.PageCount < page) ASSERT_EQ(run.Feed({{"NAME", "record"}}), 0);
-    }
-    // Enters a range in the dialog and, when it is refused, cancels.
-    int Ask(const char *first, const char *last) {
-        boxes.OnDialog("Print Selected Pages", [this, first, last](HWND dialog) {
-            SetDlgItemTextA(dialog, 896, first);
-            SetDlgItemTextA(dialog, 897, last);
-            SetFocus(GetDlgItem(dialog, IDOK));
-            SendMessageA(dialog, WM_COMMAND, IDOK, 0);
-            if (IsWindowEnabled(session->device.Window)) return; // it was accepted
-            focus_behind_refusal = GetDlgCtrlID(GetFocus());
-            PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
-        });
-        return PrintPages(session, 1);
-    }
-    int Print(int first, int last) {
-        session->run.FirstPrintPage = first;
-        session->run.LastPrintPage = last;
-        return PrintPages(session, 0);
-    }
-    BoxRecord Last() const { return boxes.Log().empty() ? BoxRecord{} : boxes.Log().back(); }
-
-    MessageBoxes boxes;
-    ReportRun run;
-    Session *session = nullptr;
-    int focus_behind_refusal = 0;
-};
 
 const Calls two_pages{"SetAbortProc", "StartDocA", "StartPage", "EndPage",
                       "StartPage",    "EndPage",   "EndDoc"};
@@ -150,6 +83,15 @@ TEST_F(PreviewPrinting, FinishedReportOffersItsLastPage) {
     EXPECT_EQ(Ask("3", "3"), 1);
     EXPECT_TRUE(boxes.Log().empty());
     EXPECT_EQ(calls.Count("EndPage"), 1);
+}
+
+TEST_F(PreviewPrinting, RangeThatCannotBeAskedForPrintsNothing) {
+    FeedToPage(5);
+    session->run.FirstPrintPage = session->run.LastPrintPage = 1;
+    const PrinterCalls calls(PrinterCalls::PRETEND);
+    const FailingCall none("DialogBoxParamA", DialogBoxParamA, -1);
+    EXPECT_EQ(PrintPages(session, 1), 1);
+    EXPECT_TRUE(calls.Log().empty());
 }
 
 namespace {
@@ -267,61 +209,6 @@ TEST_F(PreviewPrinting, CommandOfTheMenuAsksForTheRange) {
     EXPECT_EQ(asked, 1);
 }
 
-// ---- Cancel ------------------------------------------------------------------------------------
-
-TEST_F(PreviewPrinting, CancelFinishesThePageInHandAndThePreviewGoesOn) {
-    FeedToPage(5);
-    PrinterCalls calls(PrinterCalls::PRETEND);
-    calls.Before("EndPage", [&](HDC) {
-        if (calls.Count("EndPage") == 2)
-            PostMessageA(session->run.AbortDialog, WM_COMMAND, IDCANCEL, 0);
-    });
-    std::string device_line;
-    calls.Before("EndDoc", [&](HDC) { device_line = ItemText(session->run.AbortDialog, 842); });
-    EXPECT_EQ(Print(1, 4), 1);
-    EXPECT_EQ(calls.Log(), two_pages);
-    EXPECT_EQ(device_line, "Cancelling..., Please Wait.");
-    EXPECT_EQ(session->run.CancelState, CANCEL_NONE);
-    EXPECT_EQ(session->run.PageCount, 5);
-    EXPECT_TRUE(IsWindowEnabled(session->device.Window));
-    FeedToPage(6);
-    EXPECT_EQ(run.Finish(), 0);
-}
-
-TEST_F(PreviewPrinting, CancelBeforeTheFirstPageStillPrintsThatPage) {
-    FeedToPage(5);
-    PrinterCalls calls(PrinterCalls::PRETEND);
-    calls.Before("StartPage",
-                 [&](HDC) { SendMessageA(session->run.AbortDialog, WM_COMMAND, IDCANCEL, 0); });
-    EXPECT_EQ(Print(1, 4), 1);
-    EXPECT_EQ(calls.Count("EndPage"), 1);
-    EXPECT_EQ(calls.Count("EndDoc"), 1);
-    EXPECT_EQ(session->run.CancelState, CANCEL_NONE);
-}
-
-TEST_F(PreviewPrinting, CancelBehindTheLastPageChangesNothing) {
-    FeedToPage(4);
-    PrinterCalls calls(PrinterCalls::PRETEND);
-    calls.Before("EndDoc", [&](HDC) { SendMessageA(session->run.AbortDialog, WM_CLOSE, 0, 0); });
-    EXPECT_EQ(Print(1, 2), 1);
-    EXPECT_EQ(calls.Log(), two_pages);
-    EXPECT_EQ(session->run.AbortDialog, nullptr);
-}
-
-TEST_F(PreviewPrinting, ClosingThePreviewWaitsForTheJob) {
-    FeedToPage(4);
-    PrinterCalls calls(PrinterCalls::PRETEND);
-    bool asked = false;
-    calls.Before("EndPage", [&](HDC) {
-        if (!asked) PostMessageA(session->device.Window, WM_CLOSE, 0, 0);
-        asked = true;
-    });
-    EXPECT_EQ(Print(1, 3), 1);
-    EXPECT_EQ(calls.Count("EndDoc"), 1);
-    EXPECT_EQ(session->run.AbortDialog, nullptr);
-    EXPECT_EQ(GetSessionPointer(nullptr, run.params.SessionId), session);
-}
-
 // ---- failures ----------------------------------------------------------------------------------
 
 TEST_F(PreviewPrinting, PrinterWithoutAContextIsToldAndTheCommandDoesNothing) {
@@ -336,14 +223,27 @@ TEST_F(PreviewPrinting, PrinterWithoutAContextIsToldAndTheCommandDoesNothing) {
 
 TEST_F(PreviewPrinting, DocumentThatDoesNotStartIsToldAndTheCommandReturns) {
     FeedToPage(3);
-    const FailingCall none("StartDocA", StartDocA, SP_ERROR);
-    const FailingCall pages("StartPage", StartPage, 0, EVERY_CALL);
-    EXPECT_EQ(Print(1, 2), 0);
-    EXPECT_EQ(Last(), (BoxRecord{"", "Unable to Start the Print Job", {IDOK}}));
-    EXPECT_EQ(pages.Seen(), 0);
-    EXPECT_EQ(session->run.AbortDialog, nullptr);
+    for (const int refusal : {SP_ERROR, 0}) {
+        boxes.Clear();
+        const FailingCall none("StartDocA", StartDocA, refusal);
+        const FailingCall pages("StartPage", StartPage, 0, EVERY_CALL);
+        EXPECT_EQ(Print(1, 2), 0);
+        EXPECT_EQ(Last(), (BoxRecord{"", "Unable to Start the Print Job", {IDOK}}));
+        EXPECT_EQ(pages.Seen(), 0);
+        EXPECT_EQ(session->run.AbortDialog, nullptr);
+        EXPECT_TRUE(IsWindowEnabled(session->device.Window));
+        EXPECT_EQ(session->run.PageCount, 3);
+    }
+}
+
+TEST_F(PreviewPrinting, JobWithoutItsDialogPrintsAndEnablesTheWindow) {
+    FeedToPage(3);
+    const PrinterCalls calls(PrinterCalls::PRETEND);
+    const FailingCall none("CreateDialogParamA", CreateDialogParamA, nullptr);
+    EXPECT_EQ(Print(1, 2), 1);
+    EXPECT_EQ(none.Seen(), 1);
+    EXPECT_EQ(calls.Log(), two_pages);
     EXPECT_TRUE(IsWindowEnabled(session->device.Window));
-    EXPECT_EQ(session->run.PageCount, 3);
 }
 
 TEST_F(PreviewPrinting, PageThatCannotBeReadAbortsTheDocumentAndLeavesNothingBehind) {

@@ -1,20 +1,13 @@
-// Runs to the printer and to disk under the user's eyes: dialogs, cancelling, closing message.
-#include <gtest/gtest.h>
-
+// Runs to the printer under the user's eyes: dialogs, cancelling, closing message.
 #include <cstring>
-#include <memory>
 
 #include "frame/memory.h"
-#include "frame/session_table.h"
 #include "output/print_job.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/gdi_objects.h"
-#include "tests/support/host_window.h"
-#include "tests/support/message_boxes.h"
 #include "tests/support/no_printers.h"
-#include "tests/support/page_texts.h"
 #include "tests/support/printer_calls.h"
-#include "tests/support/report_run.h"
+#include "tests/support/visible_run.h"
 
 using namespace tessarine;
 
@@ -22,66 +15,12 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-std::string ItemText(HWND dialog, int control) {
-    char text[100] = "";
-    GetDlgItemTextA(dialog, control, text, sizeof text);
-    return text;
-}
-
-// Five records a page. The report footer, if wanted, takes a page of its own.
-struct ListForm : FormBuilder {
-    explicit ListForm(bool footer = false) {
-        const int name = Field(FIELD_DATA, "NAME", TYPE_TEXT);
-        Section(SECTION_DETAIL_1, 500);
-        FieldItem(SECTION_DETAIL_1, 200, 0, 500, 50, name);
-        if (!footer) return;
-        Section(SECTION_REPORT_FOOTER, 2000);
-        Label(SECTION_REPORT_FOOTER, 200, 0, 500, 50, "end");
-    }
-};
-
-// A run with a window of the host and, unless a test asks for silence, with dialogs.
-class VisibleRun : public testing::Test {
-protected:
-    VisibleRun() {
-        boxes.OnDialog("Printing In Progress...", [](HWND) {});
-        boxes.OnDialog("Printing to File...", [](HWND) {});
-    }
-    int Start(char device, const FormBuilder &form = ListForm()) {
-        run = std::make_unique<ReportRun>(form);
-        run->params.Device = device;
-        run->params.Silent = silent;
-        run->params.ParentWindow = host.Get();
-        const int code = run->Start();
-        session = GetSessionPointer(nullptr, run->params.SessionId);
-        return code;
-    }
-    int Feed(int records) {
-        int code = 0;
-        for (int record = 0; record < records && !code; ++record)
-            code = run->Feed({{"NAME", "record"}});
-        return code;
-    }
-    bool Open() const { return GetSessionPointer(nullptr, run->params.SessionId) != nullptr; }
-    HWND Dialog() const { return session->run.AbortDialog; }
-    BoxRecord Last() const { return boxes.Log().empty() ? BoxRecord{} : boxes.Log().back(); }
-
-    HostWindow host;
-    MessageBoxes boxes;
-    std::unique_ptr<ReportRun> run;
-    Session *session = nullptr;
-    uint32_t silent = 0;
-};
-
 class RunToPrinter : public VisibleRun {
 protected:
     PrinterCalls calls{PrinterCalls::PRETEND};
 };
-class RunToDisk : public VisibleRun {};
 
 } // namespace
-
-// ---- to the printer ----------------------------------------------------------------------------
 
 TEST_F(RunToPrinter, JobStartsAtTheFirstRecordWithDialogAndDisabledOwner) {
     ASSERT_EQ(Start('P'), 0) << boxes.LastText();
@@ -211,20 +150,104 @@ TEST_F(RunToPrinter, CancelAtTheLastPageEndTellsNoRecords) {
     EXPECT_EQ(calls.Count("EndDoc"), 1);
 }
 
+TEST_F(RunToPrinter, CancelAtTheEndOfATitlePageEndsTheDocumentThoughNoRecordIsPrinted) {
+    ASSERT_EQ(Start('P', TitlePage()), 0);
+    calls.Before("StartPage", [&](HDC) { PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0); });
+    EXPECT_EQ(Feed(1), CODE_CANCELLED);
+    EXPECT_EQ(session->run.RecordCount, 0);
+    EXPECT_EQ(calls.Count("EndPage"), 1);
+    const HWND dialog = Dialog();
+    EXPECT_EQ(run->Finish(), 0);
+    EXPECT_EQ(calls.Count("EndDoc"), 1);
+    EXPECT_FALSE(IsWindow(dialog));
+    EXPECT_TRUE(IsWindowEnabled(host.Get()));
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+// A printer may call the abort procedure ahead of its pages too.
+TEST_F(RunToPrinter, CancelWhileTheDocumentOrAPageStartsGives5) {
+    std::string at;
+    int page = 0;
+    for (const char *name : {"StartDocA", "StartPage"})
+        calls.Before(name, [&, name](HDC device) {
+            if (at != name || session->run.PageCount != page) return;
+            PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+            PrintProc(device, 0);
+        });
+    // The second page starts before it is counted.
+    for (const auto &[name, records] :
+         {std::pair{"StartDocA", 0}, {"StartPage", 0}, {"StartPage", 5}}) {
+        ASSERT_EQ(Start('P'), 0);
+        ASSERT_EQ(Feed(records), 0);
+        const int ends = calls.Count("EndPage");
+        const int documents = calls.Count("EndDoc");
+        at = name;
+        page = 1;
+        EXPECT_EQ(Feed(1), CODE_CANCELLED) << name;
+        page = 0;
+        EXPECT_EQ(run->Finish(), 0) << name;
+        EXPECT_EQ(calls.Count("EndPage") - ends, records ? 1 : 0) << name;
+        EXPECT_EQ(calls.Count("EndDoc") - documents, 1) << name;
+        EXPECT_TRUE(IsWindowEnabled(host.Get())) << name;
+        EXPECT_TRUE(boxes.Log().empty()) << name;
+        EXPECT_FALSE(Open()) << name;
+    }
+}
+
 TEST_F(RunToPrinter, DocumentThatDoesNotStartEndsTheRunAtItsFirstRecordWith10) {
+    for (const int refusal : {SP_ERROR, 0}) {
+        ASSERT_EQ(Start('P'), 0);
+        {
+            const FailingCall none("StartDocA", StartDocA, refusal);
+            EXPECT_EQ(Feed(1), CODE_PRINTER);
+        }
+        EXPECT_EQ(Last(), (BoxRecord{"Fatal Error", "Unable to Start the Print Job", {IDOK}}));
+        EXPECT_EQ(calls.Count("StartPage"), 0);
+        const HWND dialog = Dialog();
+        EXPECT_EQ(run->Finish(), 0);
+        EXPECT_FALSE(IsWindow(dialog));
+        EXPECT_EQ(calls.Count("EndDoc"), 0);
+        EXPECT_TRUE(IsWindowEnabled(host.Get()));
+        EXPECT_FALSE(Open());
+    }
+}
+
+TEST_F(RunToPrinter, RecordBehindADocumentThatDidNotStartHasOneDialogAgain) {
     ASSERT_EQ(Start('P'), 0);
     {
         const FailingCall none("StartDocA", StartDocA, SP_ERROR);
         EXPECT_EQ(Feed(1), CODE_PRINTER);
     }
-    EXPECT_EQ(Last(), (BoxRecord{"Fatal Error", "Unable to Start the Print Job", {IDOK}}));
-    EXPECT_EQ(calls.Count("StartPage"), 0);
-    const HWND dialog = Dialog();
+    const HWND first = Dialog();
+    ASSERT_TRUE(IsWindow(first));
+    EXPECT_EQ(Feed(1), 0);
+    EXPECT_TRUE(IsWindow(Dialog()));
+    EXPECT_FALSE(first != Dialog() && IsWindow(first));
     EXPECT_EQ(run->Finish(), 0);
-    EXPECT_FALSE(IsWindow(dialog));
-    EXPECT_EQ(calls.Count("EndDoc"), 0);
+    EXPECT_EQ(calls.Count("EndDoc"), 1);
+}
+
+TEST_F(RunToPrinter, RunWhoseDialogCannotBeMadePrintsAndEnablesItsOwner) {
+    ASSERT_EQ(Start('P'), 0);
+    {
+        const FailingCall none("CreateDialogParamA", CreateDialogParamA, nullptr);
+        ASSERT_EQ(Feed(1), 0);
+        EXPECT_EQ(none.Seen(), 1);
+    }
+    EXPECT_FALSE(IsWindowEnabled(host.Get()));
+    EXPECT_EQ(run->Finish(), 0);
     EXPECT_TRUE(IsWindowEnabled(host.Get()));
-    EXPECT_FALSE(Open());
+    EXPECT_EQ(boxes.Texts(), (Calls{"1 Record(s) Printed"}));
+}
+
+TEST_F(RunToPrinter, RunWithoutAnOwnerHasItsDialogAllTheSame) {
+    owner = nullptr;
+    ASSERT_EQ(Start('P'), 0);
+    ASSERT_EQ(Feed(1), 0);
+    EXPECT_TRUE(IsWindowVisible(Dialog()));
+    EXPECT_EQ(GetWindow(Dialog(), GW_OWNER), nullptr);
+    EXPECT_EQ(run->Finish(), 0);
+    EXPECT_EQ(boxes.Texts(), (Calls{"1 Record(s) Printed"}));
 }
 
 TEST_F(RunToPrinter, NoPrinterAtAllGives10) {
@@ -281,82 +304,17 @@ TEST_F(RunToPrinter, UnprintableMarginIsTakenOffThePlaces) {
     run->Finish();
 }
 
-// ---- to disk -----------------------------------------------------------------------------------
-
-TEST_F(RunToDisk, DialogNamesTheFileBehindItsFoldersAndCountsPages) {
-    ASSERT_EQ(Start('F'), 0);
-    EXPECT_EQ(Dialog(), nullptr);
-    ASSERT_EQ(Feed(1), 0);
-    ASSERT_TRUE(IsWindowVisible(Dialog()));
-    EXPECT_EQ(ItemText(Dialog(), 842), "OUT.FRC");
-    EXPECT_EQ(ItemText(Dialog(), 844), "0");
-    EXPECT_FALSE(IsWindowEnabled(host.Get()));
-    ASSERT_EQ(Feed(5), 0);
-    EXPECT_EQ(ItemText(Dialog(), 844), "1");
-    const HWND dialog = Dialog();
-    EXPECT_EQ(run->Finish(), 0);
-    EXPECT_FALSE(IsWindow(dialog));
-    EXPECT_TRUE(IsWindowEnabled(host.Get()));
-    EXPECT_EQ(Last(), (BoxRecord{"Report Over", "6 Record(s) Printed", {IDOK}}));
-}
-
-TEST_F(RunToDisk, CancelAtAPageEndLeavesAValidFileOfTheFinishedPages) {
-    ASSERT_EQ(Start('F'), 0);
-    ASSERT_EQ(Feed(10), 0);
-    PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
-    EXPECT_EQ(Feed(1), CODE_CANCELLED);
-    EXPECT_EQ(run->Finish(), 0);
-    EXPECT_TRUE(boxes.Log().empty());
-    const std::string report = run->Report();
-    EXPECT_EQ(+HeaderOf(report).Magic, SIGNATURE_REPORT);
-    ASSERT_EQ(+HeaderOf(report).PageCount, 2);
-    EXPECT_EQ(PagesOf(report).size(), 2u);
-    EXPECT_EQ(PageWords(report, 0), Calls(5, "record"));
-    EXPECT_EQ(PageWords(report, 1), Calls(5, "record"));
-    EXPECT_TRUE(IsWindowEnabled(host.Get()));
-    EXPECT_FALSE(Open());
-}
-
-TEST_F(RunToDisk, CancelInTheClosingSectionsLeavesAValidFileToo) {
-    ASSERT_EQ(Start('F', ListForm(true)), 0);
-    ASSERT_EQ(Feed(4), 0);
-    PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
-    EXPECT_EQ(run->Finish(), CODE_CANCELLED);
-    EXPECT_EQ(run->Finish(), 0);
-    EXPECT_FALSE(Open());
-    const std::string report = run->Report();
-    ASSERT_EQ(+HeaderOf(report).PageCount, 1);
-    EXPECT_EQ(PageWords(report, 0), Calls(4, "record"));
-}
-
-TEST_F(RunToDisk, SilentRunHasNoDialog) {
-    silent = 1;
-    ASSERT_EQ(Start('F'), 0);
-    ASSERT_EQ(Feed(6), 0);
-    EXPECT_EQ(Dialog(), nullptr);
-    EXPECT_TRUE(IsWindowEnabled(host.Get()));
-    EXPECT_EQ(run->Finish(), 0);
-    EXPECT_TRUE(boxes.Log().empty());
-}
-
 // ---- without records ---------------------------------------------------------------------------
 
-TEST_F(RunToPrinter, ReportOfNoRecordsPrintsNothingAndSays0) {
-    ASSERT_EQ(Start('P'), 0);
-    EXPECT_EQ(run->Finish(), 0);
-    EXPECT_EQ(calls.Count("StartDocA"), 0);
-    EXPECT_EQ(calls.Count("EndDoc"), 0);
-    EXPECT_EQ(Last(), (BoxRecord{"Report Over", "0 Record(s) Printed", {IDOK}}));
-}
-
-TEST_F(RunToDisk, ReportOfNoRecordsLeavesNoFileAndSays0UnlessSilent) {
+TEST_F(RunToPrinter, ReportOfNoRecordsPrintsNothingAndSays0UnlessSilent) {
     for (const uint32_t quiet : {0u, 1u}) {
         silent = quiet;
         boxes.Clear();
-        ASSERT_EQ(Start('F'), 0);
+        ASSERT_EQ(Start('P'), 0);
         EXPECT_EQ(run->Finish(), 0);
-        EXPECT_EQ(boxes.Texts(), quiet ? Calls{} : Calls{"0 Record(s) Printed"});
-        EXPECT_EQ(GetFileAttributesA(run->params.OutputFile), INVALID_FILE_ATTRIBUTES);
+        EXPECT_EQ(calls.Log(), Calls(quiet + 1, "EndPage")); // of no document
+        EXPECT_EQ(Last(),
+                  quiet ? BoxRecord{} : (BoxRecord{"Report Over", "0 Record(s) Printed", {IDOK}}));
     }
 }
 

@@ -29,8 +29,6 @@ std::string TextOf(HWND window) {
     return text;
 }
 
-std::string ItemText(HWND dialog, int control) { return TextOf(GetDlgItem(dialog, control)); }
-
 // All that a dialog shows, from top to bottom.
 std::vector<std::string> TextsOf(HWND dialog) {
     std::vector<std::string> texts{TextOf(dialog)};

@@ -14,6 +14,8 @@ std::string WindowText(HWND window) {
 
 } // namespace
 
+std::string ItemText(HWND dialog, int control) { return WindowText(GetDlgItem(dialog, control)); }
+
 MessageBoxes::MessageBoxes() {
     current = this;
     hook_ = SetWindowsHookExA(WH_CBT, Hook, nullptr, GetCurrentThreadId());

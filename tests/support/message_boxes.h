@@ -17,6 +17,9 @@ struct BoxRecord {
     bool operator==(const BoxRecord &other) const = default;
 };
 
+// What a dialog shows in a control.
+std::string ItemText(HWND dialog, int control);
+
 // While one stands, every message box that opens is logged and answered: with the next answer
 // given to Answer, or else with its first button among OK, No, Cancel. A dialog whose title was
 // given to OnDialog goes to that routine instead (posted, once its message loop runs).

@@ -32,10 +32,14 @@ void PrinterCalls::Before(const std::string &name, std::function<void(HDC)> rout
     routines_.emplace_back(name, std::move(routine));
 }
 
-int PrinterCalls::Pass(const char *name, HDC device) {
-    current_->log_.push_back(name);
-    for (const auto &[wanted, routine] : current_->routines_)
+void PrinterCalls::Note(const char *name, HDC device) {
+    log_.push_back(name);
+    for (const auto &[wanted, routine] : routines_)
         if (wanted == name) routine(device);
+}
+
+int PrinterCalls::Pass(const char *name, HDC device) {
+    current_->Note(name, device);
     if (current_->way_ == PRETEND) return 1;
     for (const Hook &hook : hooks)
         if (!std::strcmp(hook.name, name))
@@ -44,7 +48,7 @@ int PrinterCalls::Pass(const char *name, HDC device) {
 }
 
 int WINAPI PrinterCalls::OnSetAbortProc(HDC device, ABORTPROC routine) {
-    current_->log_.push_back("SetAbortProc");
+    current_->Note("SetAbortProc", device);
     current_->abort_ = routine;
     return reinterpret_cast<decltype(&SetAbortProc)>(hooks[0].real)(device, routine);
 }
@@ -52,7 +56,7 @@ int WINAPI PrinterCalls::OnSetAbortProc(HDC device, ABORTPROC routine) {
 int WINAPI PrinterCalls::OnStartDoc(HDC device, const DOCINFOA *info) {
     current_->document = info->lpszDocName;
     current_->document_size = info->cbSize;
-    current_->log_.push_back("StartDocA");
+    current_->Note("StartDocA", device);
     if (current_->way_ == PRETEND) return 1;
     return reinterpret_cast<decltype(&StartDocA)>(hooks[1].real)(device, info);
 }

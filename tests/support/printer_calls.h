@@ -35,6 +35,7 @@ private:
         void *real;
     };
     static Hook hooks[];
+    void Note(const char *name, HDC device);
     static int Pass(const char *name, HDC device);
     static int WINAPI OnSetAbortProc(HDC device, ABORTPROC routine);
     static int WINAPI OnStartDoc(HDC device, const DOCINFOA *info);

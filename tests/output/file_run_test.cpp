@@ -1,0 +1,117 @@
+// Runs to disk under the user's eyes: dialogs, cancelling, closing message.
+#include "tests/support/page_texts.h"
+#include "tests/support/visible_run.h"
+
+using namespace tessarine;
+
+namespace {
+
+using Calls = std::vector<std::string>;
+
+class RunToDisk : public VisibleRun {};
+
+} // namespace
+
+TEST_F(RunToDisk, DialogNamesTheFileBehindItsFoldersAndCountsPages) {
+    ASSERT_EQ(Start('F'), 0);
+    EXPECT_EQ(Dialog(), nullptr);
+    ASSERT_EQ(Feed(1), 0);
+    ASSERT_TRUE(IsWindowVisible(Dialog()));
+    EXPECT_EQ(ItemText(Dialog(), 842), "OUT.FRC");
+    EXPECT_EQ(ItemText(Dialog(), 844), "0");
+    EXPECT_FALSE(IsWindowEnabled(host.Get()));
+    ASSERT_EQ(Feed(5), 0);
+    EXPECT_EQ(ItemText(Dialog(), 844), "1");
+    const HWND dialog = Dialog();
+    EXPECT_EQ(run->Finish(), 0);
+    EXPECT_FALSE(IsWindow(dialog));
+    EXPECT_TRUE(IsWindowEnabled(host.Get()));
+    EXPECT_EQ(Last(), (BoxRecord{"Report Over", "6 Record(s) Printed", {IDOK}}));
+}
+
+TEST_F(RunToDisk, DialogNamesAFileWithoutFoldersWhole) {
+    const TemporaryFolder folder;
+    char before[MAX_PATH];
+    GetCurrentDirectoryA(sizeof before, before);
+    SetCurrentDirectoryA(folder.Root().c_str());
+    output = "PLAIN.FRC";
+    EXPECT_EQ(Start('F'), 0);
+    EXPECT_EQ(Feed(1), 0);
+    EXPECT_EQ(ItemText(Dialog(), 842), "PLAIN.FRC");
+    EXPECT_EQ(run->Finish(), 0);
+    SetCurrentDirectoryA(before);
+}
+
+TEST_F(RunToDisk, CancelBehindTheLastPageEndComesTooLate) {
+    ASSERT_EQ(Start('F'), 0);
+    ASSERT_EQ(Feed(3), 0);
+    PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+    EXPECT_EQ(run->Finish(), 0);
+    EXPECT_EQ(boxes.Texts(), (Calls{"3 Record(s) Printed"}));
+    const std::string report = run->Report();
+    ASSERT_EQ(+HeaderOf(report).PageCount, 1);
+    EXPECT_EQ(+HeaderOf(report).RecordCount, 3);
+}
+
+TEST_F(RunToDisk, CancelAtAPageEndLeavesAValidFileOfTheFinishedPages) {
+    ASSERT_EQ(Start('F'), 0);
+    ASSERT_EQ(Feed(10), 0);
+    PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+    EXPECT_EQ(Feed(1), CODE_CANCELLED);
+    EXPECT_EQ(run->Finish(), 0);
+    EXPECT_TRUE(boxes.Log().empty());
+    const std::string report = run->Report();
+    EXPECT_EQ(+HeaderOf(report).Magic, SIGNATURE_REPORT);
+    ASSERT_EQ(+HeaderOf(report).PageCount, 2);
+    EXPECT_EQ(PagesOf(report).size(), 2u);
+    EXPECT_EQ(PageWords(report, 0), Calls(5, "record"));
+    EXPECT_EQ(PageWords(report, 1), Calls(5, "record"));
+    EXPECT_TRUE(IsWindowEnabled(host.Get()));
+    EXPECT_FALSE(Open());
+}
+
+TEST_F(RunToDisk, CancelInTheClosingSectionsLeavesAValidFileToo) {
+    ASSERT_EQ(Start('F', ListForm(true)), 0);
+    ASSERT_EQ(Feed(4), 0);
+    PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+    EXPECT_EQ(run->Finish(), CODE_CANCELLED);
+    EXPECT_EQ(run->Finish(), 0);
+    EXPECT_FALSE(Open());
+    const std::string report = run->Report();
+    ASSERT_EQ(+HeaderOf(report).PageCount, 1);
+    EXPECT_EQ(PageWords(report, 0), Calls(4, "record"));
+}
+
+TEST_F(RunToDisk, SilentRunHasNoDialog) {
+    silent = 1;
+    ASSERT_EQ(Start('F'), 0);
+    ASSERT_EQ(Feed(6), 0);
+    EXPECT_EQ(Dialog(), nullptr);
+    EXPECT_TRUE(IsWindowEnabled(host.Get()));
+    EXPECT_EQ(run->Finish(), 0);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(RunToDisk, ReportOfNoRecordsLeavesNoFileAndSays0UnlessSilent) {
+    for (const uint32_t quiet : {0u, 1u}) {
+        silent = quiet;
+        boxes.Clear();
+        ASSERT_EQ(Start('F'), 0);
+        EXPECT_EQ(run->Finish(), 0);
+        EXPECT_EQ(boxes.Texts(), quiet ? Calls{} : Calls{"0 Record(s) Printed"});
+        EXPECT_EQ(GetFileAttributesA(run->params.OutputFile), INVALID_FILE_ATTRIBUTES);
+    }
+}
+
+// The file is deleted whenever no record has been printed.
+TEST_F(RunToDisk, CancelAtTheEndOfATitlePageLeavesNoFile) {
+    ASSERT_EQ(Start('F', TitlePage()), 0);
+    boxes.OnDialog("Printing to File...",
+                   [](HWND dialog) { PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0); });
+    EXPECT_EQ(Feed(1), CODE_CANCELLED);
+    EXPECT_EQ(run->Finish(), 0);
+    EXPECT_EQ(GetFileAttributesA(run->params.OutputFile), INVALID_FILE_ATTRIBUTES);
+    EXPECT_TRUE(boxes.Log().empty());
+    EXPECT_TRUE(IsWindowEnabled(host.Get()));
+    EXPECT_FALSE(Open());
+}

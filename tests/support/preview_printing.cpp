@@ -1,0 +1,32 @@
+#include "tests/support/preview_printing.h"
+
+PreviewPrinting::PreviewPrinting() {
+    boxes.OnDialog("Printing In Progress...", [](HWND) {});
+}
+
+PreviewPrinting::~PreviewPrinting() {
+    if (session && Open()) session->run.ViewingFile = 0;
+}
+
+void PreviewPrinting::FeedToPage(int page) {
+    while (session->run.PageCount < page) ASSERT_EQ(run.Feed({{"NAME", "record"}}), 0);
+}
+
+int PreviewPrinting::Ask(const char *first, const char *last) {
+    boxes.OnDialog("Print Selected Pages", [this, first, last](HWND dialog) {
+        SetDlgItemTextA(dialog, 896, first);
+        SetDlgItemTextA(dialog, 897, last);
+        SetFocus(GetDlgItem(dialog, IDOK));
+        SendMessageA(dialog, WM_COMMAND, IDOK, 0);
+        if (IsWindowEnabled(Window())) return; // it was accepted
+        focus_behind_refusal = GetDlgCtrlID(GetFocus());
+        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    return tessarine::PrintPages(session, 1);
+}
+
+int PreviewPrinting::Print(int first, int last) {
+    session->run.FirstPrintPage = first;
+    session->run.LastPrintPage = last;
+    return tessarine::PrintPages(session, 0);
+}
