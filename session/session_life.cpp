@@ -149,7 +149,7 @@ void CloseSession(Session *session) {
         DestroyWindow(session->device.Window);
     if (session->pages.ShownPage) DeleteMetaFile(session->pages.ShownPage);
     session->pages.ShownPage = nullptr;
-    if (form.TablesAllocated) FreeArrayMem(session);
+    FreeArrayMem(session); // also tables of which not all could be had
     FreeOperatorTable(session);
     TellHostOfEnd(session);
 }

@@ -1,46 +1,22 @@
 #include "output/saved_report.h"
 
-#include <gtest/gtest.h>
-
 #include <cstring>
+#include <set>
 
 #include "device/printer.h"
 #include "frame/host_data.h"
+#include "frame/memory.h"
 #include "frame/session_table.h"
 #include "rep_dlg.h"
 #include "tests/support/gdi_objects.h"
-#include "tests/support/host_window.h"
 #include "tests/support/metafile_records.h"
 #include "tests/support/page_texts.h"
-#include "tests/support/preview_run.h"
+#include "tests/support/report_view.h"
 
 namespace {
 
-std::vector<Record> Records(int count) {
-    std::vector<Record> records;
-    for (int record = 0; record < count; ++record)
-        records.push_back({{"NAME", "record " + std::to_string(record)}});
-    return records;
-}
-
-// A report of three pages, and views of it.
-class ReportView : public testing::Test {
+class AskedView : public ReportView {
 protected:
-    ReportView() : run(FiveAPage{}) {
-        EXPECT_EQ(run.Run(Records(12)), 0) << boxes.LastText();
-        std::strcpy(block.ReportFileName, run.params.OutputFile);
-        std::strcpy(block.TempDir, run.params.TempDir);
-        block.Device = 'P';
-        block.ParentWindow = host.Get();
-    }
-    ~ReportView() override { DeleteMetaFile(page); }
-
-    bool Show(int wanted) {
-        number = wanted;
-        DeleteMetaFile(page);
-        page = tessarine::RepView(&block, &number, nullptr, nullptr);
-        return page != nullptr;
-    }
     void AnswerDevice(int row, int button) {
         boxes.OnDialog("Output Device", [=, this](HWND dialog) {
             offered = static_cast<int>(SendDlgItemMessageA(dialog, LIST_CHOICE, LB_GETCOUNT, 0, 0));
@@ -48,15 +24,19 @@ protected:
             PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
         });
     }
-
-    MessageBoxes boxes;
-    HostWindow host;
-    ReportRun run;
-    RepViewParams block{};
-    int32_t number = 0;
     int offered = 0;
-    HMETAFILE page = nullptr;
 };
+
+// The printing offset of the session's printer in form units.
+POINT OffsetOf(const Session *session) {
+    const HDC device = tessarine::CreatePrinterContext(session);
+    POINT offset{};
+    Escape(device, GETPRINTINGOFFSET, 0, nullptr, &offset);
+    offset.x = MulDiv(offset.x, 250, GetDeviceCaps(device, LOGPIXELSX));
+    offset.y = MulDiv(offset.y, 250, GetDeviceCaps(device, LOGPIXELSY));
+    DeleteDC(device);
+    return offset;
+}
 
 } // namespace
 
@@ -88,7 +68,7 @@ TEST_F(ReportView, ScreenHasAWindowForThatMoment) {
     EXPECT_EQ(number, 3);
 }
 
-TEST_F(ReportView, AskedDeviceIsScreenOrPrinterAndGoesIntoTheBlock) {
+TEST_F(AskedView, AskedDeviceIsScreenOrPrinterAndGoesIntoTheBlock) {
     block.Device = 'A';
     AnswerDevice(0, IDOK);
     ASSERT_TRUE(Show(1)) << boxes.LastText();
@@ -100,7 +80,7 @@ TEST_F(ReportView, AskedDeviceIsScreenOrPrinterAndGoesIntoTheBlock) {
     EXPECT_EQ(block.Device, 'P');
 }
 
-TEST_F(ReportView, CancelledDeviceGivesNoPage) {
+TEST_F(AskedView, CancelledDeviceGivesNoPage) {
     block.Device = 'A';
     AnswerDevice(0, IDCANCEL);
     EXPECT_FALSE(Show(1));
@@ -180,4 +160,176 @@ TEST_F(ReportView, NothingIsLeftOfManyViews) {
     WIN32_FIND_DATAA found{};
     const std::string pattern = std::string(block.TempDir) + "\\*.MF*";
     EXPECT_EQ(FindFirstFileA(pattern.c_str(), &found), INVALID_HANDLE_VALUE) << found.cFileName;
+}
+
+// ---- the session that views --------------------------------------------------------------------
+
+TEST_F(ReportView, SessionHasTheFiguresOfTheReportAndTheOffsetOfThePrinter) {
+    const ReportFileHeader header = HeaderOf(run.Report());
+    int looks = 0;
+    const ViewingSession viewing(block, [&](const Session *session) {
+        ++looks;
+        EXPECT_EQ(session->SessionKind, tessarine::KIND_REPORT);
+        EXPECT_EQ(session->run.RunPhase, tessarine::PHASE_FINISHED);
+        EXPECT_EQ(session->run.CancelState, tessarine::CANCEL_NONE);
+        EXPECT_EQ(session->run.PageCount, 3);
+        EXPECT_EQ(session->run.RecordCount, 12);
+        EXPECT_EQ(session->pages.ShownPageIndex, 1);
+        EXPECT_EQ(session->pages.ShownPage, nullptr);
+        EXPECT_EQ(session->printer.UsableWidth, +header.PageWidth);
+        EXPECT_EQ(session->printer.UsableHeight, +header.PageHeight);
+        EXPECT_EQ(session->printer.PaperWidth, +header.PaperWidth);
+        EXPECT_EQ(session->printer.PaperHeight, +header.PaperHeight);
+        EXPECT_EQ(session->run.PageBottomUnits, static_cast<int>(header.PageBottom * 250.0));
+        EXPECT_EQ(session->run.PageWidthUnits, static_cast<int>(header.PageWidth * 250.0));
+        const POINT offset = OffsetOf(session);
+        EXPECT_GT(offset.x, 0);
+        EXPECT_EQ(session->printer.PrintOffsetX, offset.x);
+        EXPECT_EQ(session->printer.PrintOffsetY, offset.y);
+    });
+    ASSERT_TRUE(Show(2)) << boxes.LastText();
+    EXPECT_EQ(looks, 1);
+}
+
+TEST_F(ReportView, OutputIsTheScreenOrElseThePrinterAndNeverAFile) {
+    for (const char device : {'S', 'P', 'F', 's'}) {
+        block.Device = device;
+        const ViewingSession viewing(block, [&](const Session *session) {
+            EXPECT_EQ(session->run.OutputToScreen, device == 'S' ? 1u : 0u) << device;
+            EXPECT_EQ(session->run.OutputToPrinter, device == 'S' ? 0u : 1u) << device;
+            EXPECT_EQ(session->run.OutputToFile, 0u) << device;
+            EXPECT_EQ(session->run.ViewingFile, 1u) << device;
+            EXPECT_EQ(session->view.HorzScroll, device == 'S' ? 1u : 0u) << device;
+            EXPECT_EQ(session->view.VertScroll, device == 'S' ? 1u : 0u) << device;
+        });
+        ASSERT_TRUE(Show(1)) << boxes.LastText();
+        EXPECT_EQ(block.Device, device);
+    }
+}
+
+TEST_F(ReportView, WindowHasTheBlocksPlaceAndStyleAndNoNameAndItsBarsAtTheStart) {
+    block.Device = 'S';
+    block.WindowStyle = WS_OVERLAPPEDWINDOW;
+    block.WindowX = 30;
+    block.WindowY = 40;
+    block.WindowWidth = 310;
+    block.WindowHeight = 320;
+    HWND window = nullptr;
+    const ViewingSession viewing(block, [&](const Session *session) {
+        window = session->device.Window;
+        char text[40] = "";
+        GetClassNameA(window, text, sizeof text);
+        EXPECT_STREQ(text, "RepClass32");
+        GetWindowTextA(window, text, sizeof text);
+        EXPECT_STREQ(text, "(UNNAMED)");
+        EXPECT_EQ(GetWindow(window, GW_OWNER), host.Get());
+        RECT place{};
+        GetWindowRect(window, &place);
+        EXPECT_EQ(place.right - place.left, 310);
+        EXPECT_EQ(place.bottom - place.top, 320);
+        EXPECT_EQ(place.left, 30);
+        EXPECT_EQ(place.top, 40);
+        EXPECT_TRUE(GetWindowLongA(window, GWL_STYLE) & WS_THICKFRAME);
+        for (const int bar : {SB_HORZ, SB_VERT}) {
+            int low = -1;
+            int high = -1;
+            GetScrollRange(window, bar, &low, &high);
+            EXPECT_EQ(low, 0);
+            EXPECT_EQ(high, 100);
+            EXPECT_EQ(GetScrollPos(window, bar), 0);
+        }
+        RECT client{};
+        GetClientRect(window, &client);
+        EXPECT_EQ(session->form.Header.RulerFlags, 0);
+        EXPECT_EQ(session->view.ViewWidth,
+                  MulDiv(client.right, 250, session->device.LogPixelsX) + 1);
+    });
+    ASSERT_TRUE(Show(1)) << boxes.LastText();
+    EXPECT_NE(window, nullptr);
+    EXPECT_EQ(block.ReportWindow, window);
+}
+
+TEST_F(ReportView, BlockComesBackBeforeThePageIsReadAndTheCountBehindIt) {
+    block.Device = 'S';
+    block.ReportWindow = nullptr;
+    block.SessionId = 0;
+    int looks = 0;
+    const ViewingSession viewing(block, [&](const Session *session) {
+        ++looks;
+        EXPECT_EQ(block.ReportWindow, session->device.Window);
+        EXPECT_EQ(block.SessionId, static_cast<uint32_t>(session->SessionId));
+        EXPECT_EQ(number, 2);
+        EXPECT_EQ(host.Count(1024), 0);
+    });
+    ASSERT_TRUE(Show(2)) << boxes.LastText();
+    EXPECT_EQ(looks, 1);
+    EXPECT_EQ(number, 3);
+}
+
+TEST_F(ReportView, PrinterWithoutAContextLeavesTheOffsetAt0AndSaysNothing) {
+    int looks = 0;
+    const ViewingSession viewing(block, [&](const Session *session) {
+        ++looks;
+        EXPECT_EQ(session->printer.PrintOffsetX, 0);
+        EXPECT_EQ(session->printer.PrintOffsetY, 0);
+    });
+    const FailingCall none("CreateDCA", CreateDCA, nullptr, 1, EVERY_CALL);
+    EXPECT_TRUE(Show(1));
+    EXPECT_EQ(looks, 1);
+    EXPECT_GT(none.Seen(), 0);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(ReportView, ScratchFilesLieInTheBlocksFolderOrElseInTheCurrentOne) {
+    char current[MAX_PATH] = "";
+    char short_name[MAX_PATH] = "";
+    GetCurrentDirectoryA(sizeof current, current);
+    GetShortPathNameA(current, short_name, sizeof short_name);
+    for (const std::string &folder : {std::string(run.params.TempDir), std::string()}) {
+        std::strcpy(block.TempDir, folder.c_str());
+        const ViewingSession viewing(block, [&](const Session *session) {
+            const std::string wanted = folder.empty() ? short_name : folder;
+            const std::string path = session->pages.ScreenPagePath;
+            EXPECT_EQ(path.substr(0, path.rfind('\\')), wanted);
+            EXPECT_EQ(path.substr(path.size() - 4), ".MFS");
+            EXPECT_STREQ(session->pages.ReportPath, block.ReportFileName);
+            EXPECT_STREQ(session->ViewBlock.TempDir, wanted.c_str());
+        });
+        ASSERT_TRUE(Show(1)) << boxes.LastText();
+    }
+}
+
+// ---- no session --------------------------------------------------------------------------------
+
+TEST_F(ReportView, WithoutAFreeRowThereIsNoPageAndNothingIsAllocated) {
+    std::vector<Session *> taken;
+    Session *session = nullptr;
+    while (!tessarine::OpenRunSession(&session)) taken.push_back(session);
+    const int blocks = tessarine::LiveBlocks();
+    EXPECT_FALSE(Show(1));
+    EXPECT_EQ(tessarine::LiveBlocks(), blocks);
+    EXPECT_TRUE(boxes.Log().empty());
+    for (Session *row : taken) tessarine::FreeRunSession(row);
+    EXPECT_TRUE(Show(1));
+}
+
+TEST_F(ReportView, EachAllocationThatFailsGivesNoPageAndIsReleased) {
+    ASSERT_TRUE(Show(1));
+    const int sessions = OpenSessions();
+    const int blocks = tessarine::LiveBlocks();
+    std::set<std::string> told;
+    // The session, the operators' help lines, of which the first stands for all, and what follows.
+    for (int failing = 1;; failing = failing == 2 ? tessarine::OPERATOR_ROWS : failing + 1) {
+        boxes.Clear();
+        tessarine::FailAllocation(failing);
+        const bool shown = Show(1);
+        tessarine::FailAllocation(0);
+        EXPECT_EQ(OpenSessions(), sessions) << failing;
+        EXPECT_EQ(tessarine::LiveBlocks(), blocks) << failing;
+        if (shown && failing > tessarine::OPERATOR_ROWS) break;
+        if (boxes.LastTitle() == "Fatal Error") told.insert(boxes.LastText());
+    }
+    EXPECT_EQ(told, (std::set<std::string>{"Ran Out of Memory (AllocArrayMem)",
+                                           "Ran Out of Memory (InitPrinter)",
+                                           "Ran Out of Memory (AllocRepMem)"}));
 }
