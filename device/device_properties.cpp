@@ -175,6 +175,15 @@ void RemakeBitmap(Session *session, const RECT &client) {
     device.OldBitmap = static_cast<HBITMAP>(SelectObject(device.MemoryDC, device.OffscreenBitmap));
 }
 
+// The page area begins below the band, and shows the page from the view's origin.
+void PlaceOrigins(const Session *session, HDC device) {
+    const ViewState &view = session->view;
+    ApplyMapping(session, device);
+    const int top = MulDiv(view.RulerBandHeight, session->device.LogPixelsY, UNITS_PER_INCH);
+    SetViewportOrgEx(device, 0, top, nullptr);
+    SetWindowOrgEx(device, std::max(view.OriginX, 0), std::max(view.OriginY, 0), nullptr);
+}
+
 } // namespace
 
 // Areas of the window in form units; the bitmap is made anew only when its size changes.
@@ -186,13 +195,10 @@ void ResizeCanvas(Session *session) {
     GetClientRect(device.Window, &client);
     view.ClipRect = client;
     view.ViewWidth = MulDiv(client.right, UNITS_PER_INCH, device.LogPixelsX) + 1;
-    view.ViewHeight = MulDiv(client.bottom, UNITS_PER_INCH, device.LogPixelsY) + 1;
-    ApplyMapping(session, device.ScreenDC);
-    ApplyMapping(session, device.MemoryDC);
-    const int x = std::max(view.OriginX, 0);
-    const int y = std::max(view.OriginY, 0);
-    SetWindowOrgEx(device.ScreenDC, x, y, nullptr);
-    SetWindowOrgEx(device.MemoryDC, x, y, nullptr);
+    const int height = MulDiv(client.bottom, UNITS_PER_INCH, device.LogPixelsY);
+    view.ViewHeight = std::max(height - view.RulerBandHeight, 0) + 1;
+    PlaceOrigins(session, device.ScreenDC);
+    PlaceOrigins(session, device.MemoryDC);
     RemakeBitmap(session, client);
 }
 

@@ -47,6 +47,7 @@ struct Session {
     tessarine::RunState run;
     tessarine::PageStoreState pages;
     tessarine::ViewState view;
+    tessarine::PreviewJobState job;
     tessarine::DesignerState designer;
 
     char TextBuffer[tessarine::TEXT_BUFFER_SIZE]; // composed messages and dialog texts

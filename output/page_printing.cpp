@@ -53,32 +53,38 @@ void TakeReportPaper(Session *session) {
     mode->dmPrintQuality = static_cast<short>(header.PrintQuality);
 }
 
+// One job at a time, also when a host sends the command to the disabled window.
+class JobClaim {
+public:
+    explicit JobClaim(Session *session) : session_(session) { session->job.InHand = 1; }
+    JobClaim(const JobClaim &) = delete;
+    JobClaim &operator=(const JobClaim &) = delete;
+    ~JobClaim() { session_->job.InHand = 0; }
+
+private:
+    Session *session_;
+};
+
 // What a job changes in the session, put back at its end: cancelling it stops the job and not
 // the run behind it.
 class JobState {
 public:
-    JobState(Session *session, HDC device)
-        : session_(session), cancel_(session->run.CancelState), pages_(session->run.PageCount),
-          pixels_x_(session->device.LogPixelsX), pixels_y_(session->device.LogPixelsY) {
-        session->device.LogPixelsX = GetDeviceCaps(device, LOGPIXELSX);
-        session->device.LogPixelsY = GetDeviceCaps(device, LOGPIXELSY);
-        session->run.PageCount = 1;
+    JobState(Session *session, HDC device) : session_(session), cancel_(session->run.CancelState) {
+        session->job.PageCount = 1;
+        session->job.LogPixelsX = GetDeviceCaps(device, LOGPIXELSX);
+        session->job.LogPixelsY = GetDeviceCaps(device, LOGPIXELSY);
+        SwapJobState(session);
     }
     JobState(const JobState &) = delete;
     JobState &operator=(const JobState &) = delete;
     ~JobState() {
-        session_->device.LogPixelsX = pixels_x_;
-        session_->device.LogPixelsY = pixels_y_;
+        SwapJobState(session_);
         session_->run.CancelState = cancel_;
-        session_->run.PageCount = pages_;
     }
 
 private:
     Session *session_;
     int32_t cancel_;
-    int32_t pages_;
-    int32_t pixels_x_;
-    int32_t pixels_y_;
 };
 
 void PrintRange(Session *session, HDC device) {
@@ -152,7 +158,17 @@ int PrintJob(Session *session, HDC device) {
 
 } // namespace
 
+void SwapJobState(Session *session) {
+    PreviewJobState &job = session->job;
+    job.InForce = !job.InForce;
+    std::swap(job.PageCount, session->run.PageCount);
+    std::swap(job.LogPixelsX, session->device.LogPixelsX);
+    std::swap(job.LogPixelsY, session->device.LogPixelsY);
+}
+
 int PrintPages(Session *session, int askRange) {
+    if (session->job.InHand) return 1;
+    const JobClaim claim(session);
     if (askRange && RunDialog(session, "PrintParam", PrintParam, 0) != 1) return 1;
     --session->run.FirstPrintPage;
     --session->run.LastPrintPage;

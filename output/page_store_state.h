@@ -31,11 +31,21 @@ struct ViewState {
     int32_t ScrollPosY;
     uint32_t HorzScroll; // the window has that scroll bar
     uint32_t VertScroll;
-    uint32_t PaintEnabled;  // the session has a window of its own to paint
-    int32_t StripHeight;    // form units: the status strip's height, which the layout leaves at 0
-    RECT ClipRect;          // pixels
-    int32_t MessagesInHand; // how many messages of the window are being handled, one in another
-    uint32_t CloseWanted;   // the session ends when the last of them is done
+    uint32_t PaintEnabled;   // the session has a window of its own to paint
+    int32_t RulerBandHeight; // form units: the band above the page area, 0 in a report's window
+    RECT ClipRect;           // pixels
+    int32_t MessagesInHand;  // how many messages of the window are being handled, one in another
+    uint32_t CloseWanted;    // the session ends when the last of them is done
+};
+
+// A print job of the preview. It counts pages and scales in the session's own fields; while these
+// are the job's, here is what the run and its window have, and the other way round.
+struct PreviewJobState {
+    uint32_t InHand;
+    uint32_t InForce; // the session's fields are the job's
+    int32_t PageCount;
+    int32_t LogPixelsX;
+    int32_t LogPixelsY;
 };
 
 } // namespace tessarine

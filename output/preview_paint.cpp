@@ -145,8 +145,9 @@ void DrawSheetFrame(const Session *session, const RECT &sheet) {
 void PaintFitted(const Session *session) {
     const int paper_width = static_cast<int>(session->printer.PaperWidth * 250.0);
     const int paper_height = static_cast<int>(session->printer.PaperHeight * 250.0);
+    if (paper_width < 1 || paper_height < 1) return;
     const RECT sheet = FittedSheet(session);
-    if (paper_width < 1 || paper_height < 1 || sheet.right <= sheet.left) return;
+    if (sheet.right <= sheet.left) return;
     const HDC device = session->device.ScreenDC;
     FillRect(device, &sheet, session->device.BackBrush);
     const int saved = SaveDC(device);
@@ -182,7 +183,8 @@ void PaintStatusStrip(Session *session) {
     if (!session->view.PaintEnabled || session->IgnoreMessages) return;
     const HDC device = session->device.MemoryDC;
     RECT strip = VisibleRectangle(session);
-    strip.bottom = strip.top + session->view.StripHeight;
+    strip.bottom = strip.top;
+    strip.top -= session->view.RulerBandHeight;
     FillRect(device, &strip, session->device.GreyBrush);
     const int saved = SaveDC(device);
     SelectObject(device, session->form.Fonts[0].Font ? session->form.Fonts[0].Font
@@ -191,7 +193,7 @@ void PaintStatusStrip(Session *session) {
     SetTextColor(device, session->device.ForeColor);
     WriteStrip(session, strip);
     RestoreDC(device, saved);
-    if (session->view.StripHeight > 0) CopyToWindow(session, strip);
+    CopyToWindow(session, strip);
 }
 
 void PaintPreview(Session *session) {

@@ -88,8 +88,9 @@ void TrackHorizontal(Session *session, int position) {
 
 void PlaceScrollBars(Session *session) {
     ViewState &view = session->view;
-    const int hidden = session->run.PageWidthUnits - view.ViewWidth;
-    view.ScrollPosX = hidden > 0 ? std::min(view.OriginX * SCROLL_RANGE / hidden, SCROLL_RANGE) : 0;
+    const int64_t hidden = int64_t{session->run.PageWidthUnits} - view.ViewWidth;
+    const int64_t place = hidden > 0 ? int64_t{view.OriginX} * SCROLL_RANGE / hidden : 0;
+    view.ScrollPosX = static_cast<int32_t>(std::min<int64_t>(place, SCROLL_RANGE));
     view.ScrollPosY = 0;
     SetScrollPos(session->device.Window, SB_HORZ, view.ScrollPosX, TRUE);
     SetScrollPos(session->device.Window, SB_VERT, view.ScrollPosY, TRUE);

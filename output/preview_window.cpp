@@ -55,11 +55,10 @@ void CopyReport(Session *session, const char *path) {
 void SaveReport(Session *session) {
     if (session->run.RunPhase != PHASE_FINISHED || session->run.ViewingFile) return;
     char name[MAX_PATH] = "";
-    const char *filter =
-        frc_format ? "Formatted Report(*.FRC)|*.FRC|" : "Formatted Report(*.FR)|*.FR|";
-    if (!AskFileName(session, name, filter, "Save the Report to a Disk File", true) || !*name)
+    if (!AskFileName(session, name, ReportFileFilter(), "Save the Report to a Disk File", true) ||
+        !*name)
         return;
-    AddFileEnding(name, frc_format ? ".FRC" : ".FR", sizeof name);
+    AddFileEnding(name, ReportFileEnding(), sizeof name);
     if (!lstrcmpiA(name, session->pages.ReportPath)) return;
     CopyReport(session, name);
 }
@@ -172,7 +171,24 @@ constexpr MessageRow messages[] = {
     {WM_CLOSE, OnClose},
 };
 
+// In the middle of a print job the window still shows the run's pages at its own scale.
+class WindowTurn {
+public:
+    explicit WindowTurn(Session *session) : session_(session->job.InForce ? session : nullptr) {
+        if (session_) SwapJobState(session_);
+    }
+    WindowTurn(const WindowTurn &) = delete;
+    WindowTurn &operator=(const WindowTurn &) = delete;
+    ~WindowTurn() {
+        if (session_) SwapJobState(session_);
+    }
+
+private:
+    Session *session_; // null: no job's state is in force
+};
+
 bool Handle(Session *session, UINT message, WPARAM wParam) {
+    const WindowTurn turn(session);
     for (const MessageRow &row : messages) {
         if (row.message != message) continue;
         if (!row.handle(session, wParam)) return false;

@@ -18,6 +18,9 @@ bool StartDocument(const Session *session, HDC device);
 
 // Prints finished pages of a preview. 1, also when the user cancelled; 0 after a message.
 int PrintPages(Session *session, int askRange);
+// Puts the job's page count and pixels per inch in force in the session, or those of the run and
+// its window.
+void SwapJobState(Session *session);
 
 BOOL CALLBACK PrintProc(HDC device, int code);
 BOOL CALLBACK ScrPrintProc(HDC device, int code);

@@ -6,6 +6,7 @@
 #include "frame/fatal_error.h"
 #include "frame/message_box.h"
 #include "frame/owned.h"
+#include "frame/session_table.h"
 #include "frame/text.h"
 
 namespace tessarine {
@@ -114,6 +115,12 @@ int32_t FinishedPages(const Session *session) {
     const RunState &run = session->run;
     return run.RunPhase == PHASE_FINISHED ? run.PageCount : run.PageCount - 1;
 }
+
+const char *ReportFileFilter() {
+    return frc_format ? "Formatted Report(*.FRC)|*.FRC|" : "Formatted Report(*.FR)|*.FR|";
+}
+
+const char *ReportFileEnding() { return frc_format ? ".FRC" : ".FR"; }
 
 int WriteEmptyHeader(Session *, const char *path) {
     DeleteFileA(path);

@@ -5,6 +5,10 @@
 
 namespace tessarine {
 
+// What file dialogs offer, and the ending of a name that has none.
+const char *ReportFileFilter();
+const char *ReportFileEnding();
+
 int WriteEmptyHeader(Session *session, const char *path);   // non-zero for success
 void WriteOutputHdrFtr(Session *session, const char *path); // fatal with code 1
 int ReadReportHeader(Session *session, const char *path);   // non-zero for success

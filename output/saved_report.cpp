@@ -24,6 +24,7 @@ namespace {
 template <size_t Size> void Terminate(char (&text)[Size]) { text[Size - 1] = 0; }
 
 void TakeBlock(Session *session, const RepViewParams *block) {
+    session->LabelMode = LabelModeWanted();
     session->SessionKind = KIND_REPORT;
     session->WindowProcedure = RepWndProc;
     session->EndSession = EndPageSession;
@@ -37,10 +38,8 @@ void TakeBlock(Session *session, const RepViewParams *block) {
 bool NameReport(Session *session) {
     RepViewParams &block = session->ViewBlock;
     if (*block.ReportFileName) return true;
-    const char *filter =
-        frc_format ? "Formatted Report(*.FRC)|*.FRC|" : "Formatted Report(*.FR)|*.FR|";
-    return AskFileName(session, block.ReportFileName, filter, "Select Report File to View",
-                       false) &&
+    return AskFileName(session, block.ReportFileName, ReportFileFilter(),
+                       "Select Report File to View", false) &&
            *block.ReportFileName;
 }
 
@@ -52,8 +51,8 @@ void CheckReadable(Session *session) {
                                      FILE_ATTRIBUTE_NORMAL, nullptr));
     if (file) return;
     FatalError(session,
-               LabelModeWanted() ? "No Records Selected For Label!"
-                                 : "No Records Selected For Report!",
+               session->LabelMode ? "No Records Selected For Label!"
+                                  : "No Records Selected For Report!",
                CODE_WARNING);
 }
 

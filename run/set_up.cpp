@@ -52,12 +52,11 @@ int AskOutput(Session *session, RepParams *params) {
     params->Device = answer == 0 ? 'S' : answer == 1 ? 'P' : 'F';
     if (params->Device != 'F') return CODE_DONE;
     Terminate(params->OutputFile);
-    const char *filter =
-        frc_format ? "Formatted Report(*.FRC)|*.FRC|" : "Formatted Report(*.FR)|*.FR|";
-    if (!AskFileName(session, params->OutputFile, filter, "Report File Name Selection", true) ||
+    if (!AskFileName(session, params->OutputFile, ReportFileFilter(), "Report File Name Selection",
+                     true) ||
         !*params->OutputFile)
         return CODE_NO_OUTPUT_FILE;
-    AddFileEnding(params->OutputFile, frc_format ? ".FRC" : ".FR", sizeof params->OutputFile);
+    AddFileEnding(params->OutputFile, ReportFileEnding(), sizeof params->OutputFile);
     return CODE_DONE;
 }
 

@@ -7,7 +7,7 @@
 #include "frame/session_table.h"
 #include "rep_dlg.h"
 #include "run/run.h"
-#include "tests/support/failing_call.h"
+#include "tests/support/help_call.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/preview_run.h"
 
@@ -94,9 +94,9 @@ TEST_F(DeviceChoice, CancelGives2AndCancelOfTheFileName19) {
     EXPECT_TRUE(boxes.Log().empty());
 }
 
-TEST_F(DeviceChoice, HelpAndOtherNotificationsLeaveTheDialogOpen) {
+TEST_F(DeviceChoice, HelpIs3015AndItAndOtherNotificationsLeaveTheDialogOpen) {
     bool open_behind = false;
-    const FailingCall help("WinHelpA", WinHelpA, TRUE, 1, EVERY_CALL);
+    const HelpCall help;
     boxes.OnDialog("Output Device", [&](HWND dialog) {
         SendMessageA(dialog, WM_COMMAND, DIALOG_HELP, 0);
         SendMessageA(dialog, WM_COMMAND, MAKELONG(LIST_CHOICE, LBN_SELCHANGE), 0);
@@ -105,5 +105,7 @@ TEST_F(DeviceChoice, HelpAndOtherNotificationsLeaveTheDialogOpen) {
     });
     EXPECT_EQ(run.Start(), 2);
     EXPECT_TRUE(open_behind);
-    EXPECT_EQ(help.Seen(), 1);
+    EXPECT_EQ(help.calls, 1);
+    EXPECT_EQ(help.command, 1u);
+    EXPECT_EQ(help.number, 3015u);
 }

@@ -1,7 +1,9 @@
 #include <cstring>
 
+#include "frame/session_table.h"
 #include "rep_dlg.h"
 #include "tests/support/failing_call.h"
+#include "tests/support/help_call.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/preview_run.h"
 
@@ -97,6 +99,22 @@ TEST_F(PreviewCommands, JumpDuringTheRunReachesTheFinishedPagesAndHoldsTheRunUp)
     EXPECT_EQ(Page(), 3);
 }
 
+TEST_F(PreviewCommands, HelpOfTheJumpIs3037AndTheDialogStays) {
+    Finish(20);
+    const HelpCall help;
+    bool stays = false;
+    boxes.OnDialog("Page Jump", [&](HWND dialog) {
+        SendMessageA(dialog, WM_COMMAND, DIALOG_HELP, 0);
+        stays = !IsWindowEnabled(Window()); // its end would enable it
+        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    Command(694);
+    EXPECT_TRUE(stays);
+    EXPECT_EQ(help.window, session->ParentWindow);
+    EXPECT_EQ(help.command, 1u);
+    EXPECT_EQ(help.number, 3037u);
+}
+
 // ---- print -------------------------------------------------------------------------------------
 
 TEST_F(PreviewCommands, PrintAsksForItsPagesAndStartsFromThePageOnView) {
@@ -134,6 +152,36 @@ TEST_F(PreviewCommands, SavedReportWithoutAnEndingGetsIt) {
     EXPECT_EQ(ReadWholeFile(folder.Path("PLAIN.FRC")), ReadWholeFile(session->pages.ReportPath));
 }
 
+TEST_F(PreviewCommands, SavedReportOfTheOtherFormatGetsItsEnding) {
+    Finish(2);
+    tessarine::frc_format = 0;
+    Save(folder.Path("PLAIN"));
+    tessarine::frc_format = 1;
+    EXPECT_EQ(ReadWholeFile(folder.Path("PLAIN.FR")), ReadWholeFile(session->pages.ReportPath));
+}
+
+namespace {
+HCURSOR cursor_of_save;
+BOOL WINAPI NoteCursor(HANDLE, LPCVOID, DWORD size, LPDWORD written, LPOVERLAPPED) {
+    cursor_of_save = GetCursor();
+    *written = size;
+    return TRUE;
+}
+} // namespace
+
+TEST_F(PreviewCommands, SaveShowsTheWaitCursorUntilItIsDone) {
+    Finish(2);
+    const HCURSOR arrow = LoadCursorA(nullptr, IDC_ARROW);
+    SetCursor(arrow);
+    cursor_of_save = nullptr;
+    {
+        const ReplacedCall writes("WriteFile", NoteCursor);
+        Save(folder.Path("SAVED.FRC"));
+    }
+    EXPECT_EQ(cursor_of_save, LoadCursorA(nullptr, IDC_WAIT));
+    EXPECT_NE(GetCursor(), cursor_of_save);
+}
+
 TEST_F(PreviewCommands, SaveOverALongerFileKeepsItsTail) {
     Finish(2);
     const std::string path = folder.Path("LONG.FRC");
@@ -142,6 +190,14 @@ TEST_F(PreviewCommands, SaveOverALongerFileKeepsItsTail) {
     boxes.Answer(IDYES); // replace the file
     Save(path);
     EXPECT_EQ(ReadWholeFile(path), report + std::string(100, 'x'));
+}
+
+TEST_F(PreviewCommands, SaveOntoThePreviewsOwnFileWritesNothing) {
+    Finish(2);
+    boxes.Answer(IDYES); // replace the file
+    const FailingCall writes("WriteFile", WriteFile, FALSE, 1, NEVER);
+    Save(session->pages.ReportPath);
+    EXPECT_EQ(writes.Seen(), 0);
 }
 
 TEST_F(PreviewCommands, CancelledSaveMakesNoFile) {

@@ -9,6 +9,7 @@ namespace {
 constexpr uint32_t WHITE = 0xFFFFFF;
 constexpr uint32_t BLACK = 0x000000;
 constexpr uint32_t RED = 0xFF0000;
+constexpr uint32_t GREY = 0x7F7F7F;
 constexpr int NEVER = 0; // of a call that is counted and not failed
 
 // What the window shows.
@@ -230,18 +231,41 @@ TEST_F(PreviewPaint, StripTellsPageAndRecordInTheWordsOfTheRunsPhase) {
     EXPECT_EQ(StripTexts().back(), "Current Page: 2   ");
 }
 
-TEST_F(PreviewPaint, StripOfALayoutThatGivesItAHeightIsShown) {
+TEST_F(PreviewPaint, StripWithoutAHeightIsComposedAndNotShown) {
     Finish(7);
     Send(WM_PAINT, 0);
-    const ClientPicture without = PictureOf(Window());
+    const ClientPicture before = PictureOf(Window());
+    EXPECT_EQ(StripTexts().size(), 3u);
     tessarine::PaintStatusStrip(session);
-    EXPECT_EQ(Differences(PictureOf(Window()), without), 0); // it has no height
-    session->view.StripHeight = 2 * session->device.FontHeight;
-    tessarine::PaintStatusStrip(session);
-    const ClientPicture with = PictureOf(Window());
-    EXPECT_GT(Differences(with, without), with.width * Pixels(session->view.StripHeight) / 2);
-    for (int y = Pixels(session->view.StripHeight) + 1; y < with.height; ++y)
-        for (int x = 0; x < with.width; ++x) ASSERT_EQ(with.At(x, y), without.At(x, y));
+    EXPECT_EQ(Differences(PictureOf(Window()), before), 0);
+}
+
+TEST_F(PreviewPaint, LayoutThatGivesTheStripAHeightShowsItAboveThePage) {
+    Finish(7);
+    session->view.RulerBandHeight = 2 * session->device.FontHeight;
+    Send(WM_PAINT, 0);
+    const int band = Pixels(session->view.RulerBandHeight);
+    RECT client{};
+    GetClientRect(Window(), &client);
+    EXPECT_EQ(session->view.ViewHeight, MulDiv(client.bottom, 250, session->device.LogPixelsY) -
+                                            session->view.RulerBandHeight + 1);
+    const ClientPicture page = DrawnLike(Window(), [&](HDC device) {
+        Map(device, 0, 0);
+        SetViewportOrgEx(device, 0, band, nullptr);
+        PlayMetaFile(device, session->pages.ShownPage);
+    });
+    const ClientPicture shown = PictureOf(Window());
+    for (int y = 0; y < shown.height; ++y) {
+        if (y < band)
+            EXPECT_GT(shown.CountInRow(y, GREY), shown.width / 2) << y;
+        else
+            for (int x = 0; x < shown.width; ++x) ASSERT_EQ(shown.At(x, y), page.At(x, y)) << y;
+    }
+    int text = 0;
+    for (int y = 0; y < band; ++y) text += shown.CountInRow(y, BLACK);
+    EXPECT_GT(text, 100);
+    Command(696);
+    EXPECT_GT(PictureOf(Window()).CountInRow(band / 2, GREY), shown.width / 2);
 }
 
 TEST_F(PreviewPaint, StripIsRefreshedAtEveryFifthAndLaterEveryTenthRecord) {
@@ -253,4 +277,20 @@ TEST_F(PreviewPaint, StripIsRefreshedAtEveryFifthAndLaterEveryTenthRecord) {
         if (fills.Seen()) refreshed.push_back(record);
     }
     EXPECT_EQ(refreshed, (std::vector<int>{0, 5, 10, 15, 20, 25, 30, 35, 40, 45, 50, 60, 70, 80}));
+}
+
+TEST(PreviewOfNoWindow, PaintsNothing) {
+    MessageBoxes boxes;
+    ReportRun run{FiveAPage{}}; // to disk
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    Session *session = tessarine::GetSessionPointer(nullptr, run.params.SessionId);
+    {
+        const FailingCall fills("FillRect", FillRect, 0, 1, NEVER);
+        const FailingCall copies("BitBlt", BitBlt, FALSE, 1, NEVER);
+        const FailingCall valid("ValidateRect", ValidateRect, FALSE, 1, NEVER);
+        tessarine::PaintPreview(session);
+        tessarine::PaintStatusStrip(session);
+        EXPECT_EQ(fills.Seen() + copies.Seen() + valid.Seen(), 0);
+    }
+    EXPECT_EQ(run.Finish(), 0);
 }

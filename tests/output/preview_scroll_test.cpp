@@ -232,6 +232,14 @@ TEST_F(PreviewScroll, FittedPagesTurnWholeAndDoNotMoveSideways) {
     EXPECT_EQ(MenuText(696), "Pre&view");
 }
 
+TEST_F(PreviewScroll, HorizontalThumbLeavesAFittedPageInItsPlace) {
+    Finish(2);
+    Command(696);
+    Scroll(WM_HSCROLL, SB_THUMBTRACK, 37);
+    EXPECT_EQ(OriginX(), 0);
+    EXPECT_EQ(Bar(SB_HORZ), 0);
+}
+
 TEST_F(PreviewScroll, BarShowsThePlaceInTheFinishedPagesWhileTheRunGoesOn) {
     ASSERT_EQ(Feed(21), 0); // four pages finished
     Scroll(WM_VSCROLL, SB_THUMBTRACK, 50);

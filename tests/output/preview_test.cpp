@@ -65,6 +65,24 @@ TEST_F(Preview, WindowHasItsClassTitleBarsAndTheMenuInItsOrder) {
     }
 }
 
+TEST_F(Preview, MessagesThatItDoesNotHandleAreTheSystems) {
+    EXPECT_EQ(SendMessageA(Window(), WM_GETTEXTLENGTH, 0, 0),
+              static_cast<LRESULT>(std::strlen(run.params.FormFile)));
+    for (const UINT message : {WM_COMMAND, WM_VSCROLL, WM_HSCROLL, WM_PAINT})
+        EXPECT_EQ(tessarine::RepWndProc(Window(), message, 600, 0), 0) << message;
+}
+
+TEST_F(Preview, WindowOfItsClassWithoutASessionIsTheSystems) {
+    const HWND window = CreateWindowExA(0, "RepClass32", "", WS_OVERLAPPEDWINDOW, 0, 0, 90, 90,
+                                        nullptr, nullptr, nullptr, nullptr);
+    ASSERT_NE(window, nullptr);
+    SendMessageA(window, WM_COMMAND, 697, 0);
+    EXPECT_TRUE(IsWindow(window));
+    SendMessageA(window, WM_CLOSE, 0, 0);
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_TRUE(Open());
+}
+
 TEST_F(Preview, MenuFollowsTheRun) {
     EXPECT_EQ(Enabled(), "----x");
     ASSERT_EQ(Feed(5), 0);

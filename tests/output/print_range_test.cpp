@@ -8,6 +8,7 @@
 #include "output/report_file.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/gdi_objects.h"
+#include "tests/support/help_call.h"
 #include "tests/support/preview_printing.h"
 #include "tests/support/tess_program.h"
 
@@ -94,19 +95,9 @@ TEST_F(PreviewPrinting, RangeThatCannotBeAskedForPrintsNothing) {
     EXPECT_TRUE(calls.Log().empty());
 }
 
-namespace {
-UINT help_command = 0;
-ULONG_PTR help_number = 0;
-BOOL WINAPI NoteHelp(HWND, LPCSTR, UINT command, ULONG_PTR number) {
-    help_command = command;
-    help_number = number;
-    return TRUE;
-}
-} // namespace
-
 TEST_F(PreviewPrinting, HelpOfTheRangeIs3036AndTheDialogStays) {
     FeedToPage(3);
-    void *real = ReplaceImport("WinHelpA", reinterpret_cast<void *>(NoteHelp));
+    const HelpCall help;
     bool stays = false;
     boxes.OnDialog("Print Selected Pages", [&](HWND dialog) {
         SendMessageA(dialog, WM_COMMAND, 1054, 0);
@@ -114,10 +105,9 @@ TEST_F(PreviewPrinting, HelpOfTheRangeIs3036AndTheDialogStays) {
         PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     });
     EXPECT_EQ(PrintPages(session, 1), 1);
-    ReplaceImport("WinHelpA", real);
     EXPECT_TRUE(stays);
-    EXPECT_EQ(help_command, 1u);
-    EXPECT_EQ(help_number, 3036u);
+    EXPECT_EQ(help.command, 1u);
+    EXPECT_EQ(help.number, 3036u);
 }
 
 // ---- the job -----------------------------------------------------------------------------------
