@@ -3,5 +3,6 @@
 set -euo pipefail
 cd "$(dirname "$(realpath "$0")")/.."
 preset=${1:-release}
-cmake --preset "$preset" >/dev/null
+. tools/runtime/settings.sh
+cmake --preset "$preset" -DTESSARINE_CSV_SOURCE="$csv_source" >/dev/null
 cmake --build --preset "$preset"

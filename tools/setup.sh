@@ -32,4 +32,5 @@ if ! complete; then
         exit 1
     }
 fi
+tools/fetch_sources.sh
 tools/runtime/make_tree.sh

@@ -1,5 +1,8 @@
 #include "host/data/csv_source.h"
 
+#include <algorithm>
+
+#include <csv.h>
 #include <windows.h>
 
 #include "host/cli/failure.h"
@@ -7,53 +10,59 @@
 
 namespace {
 
+// Rows as the library's reader finds them. It gets the text line by line, which tells where a row
+// begins.
 class CsvParser {
 public:
-    CsvParser(const std::string &path, const std::string &text) : path_(path), text_(text) {}
+    explicit CsvParser(const std::string &path) : path_(path) {
+        if (csv_init(&reader_, CSV_STRICT | CSV_STRICT_FINI))
+            throw Failure(path + ": " + NO_MEMORY);
+        csv_set_space_func(&reader_, [](unsigned char) { return 0; }); // blanks belong to values
+    }
+    ~CsvParser() { csv_free(&reader_); }
+    CsvParser(const CsvParser &) = delete;
+    CsvParser &operator=(const CsvParser &) = delete;
 
-    bool AtEnd() const { return place_ >= text_.size(); }
-
-    CsvRow Row() {
-        CsvRow row{line_, {}};
-        row.cells.push_back(Cell());
-        while (!AtEnd() && text_[place_] == ',') {
-            ++place_;
-            row.cells.push_back(Cell());
+    std::vector<CsvRow> Rows(const std::string &text) {
+        for (size_t start = 0; start < text.size(); ++line_) {
+            const size_t end = std::min(text.find('\n', start), text.size() - 1) + 1;
+            Line(text.data() + start, end - start);
+            start = end;
         }
-        EndLine();
-        return row;
+        if (csv_fini(&reader_, TakeCell, TakeRow, this))
+            Fail(row_.line, "a quote is opened here and never closed");
+        return std::move(rows_);
     }
 
 private:
-    std::string Cell() {
-        if (!AtEnd() && text_[place_] == '"') return QuotedCell();
-        const size_t end = std::min(text_.find_first_of(",\r\n", place_), text_.size());
-        std::string cell = text_.substr(place_, end - place_);
-        place_ = end;
-        return cell;
+    static constexpr const char *NO_MEMORY = "there is no memory for its values";
+
+    void Line(const char *line, size_t size) {
+        const size_t before = rows_.size();
+        if (!inside_) row_.line = line_;
+        const bool blank =
+            std::all_of(line, line + size, [](char c) { return c == '\r' || c == '\n'; });
+        if (csv_parse(&reader_, line, size, TakeCell, TakeRow, this) != size)
+            Fail(line_, csv_error(&reader_) == CSV_EPARSE
+                            ? "a quote stands within a value; put the whole value into quotes and "
+                              "double each quote inside"
+                            : NO_MEMORY);
+        if (rows_.size() > before)
+            inside_ = false;
+        else if (blank && !inside_)
+            rows_.push_back({line_, {""}});
+        else
+            inside_ = true;
     }
 
-    std::string QuotedCell() {
-        const int opened = line_;
-        std::string cell;
-        for (++place_;; ++place_) {
-            if (AtEnd()) Fail(opened, "a quote is opened here and never closed");
-            if (text_[place_] == '\n') ++line_;
-            if (text_[place_] == '"') {
-                ++place_;
-                if (AtEnd() || text_[place_] != '"') break;
-            }
-            cell += text_[place_];
-        }
-        if (!AtEnd() && text_.find_first_of(",\r\n", place_) != place_)
-            Fail(line_, "text stands behind a closing quote; double a quote inside a value");
-        return cell;
+    static void TakeCell(void *text, size_t size, void *parser) {
+        auto *self = static_cast<CsvParser *>(parser);
+        self->row_.cells.emplace_back(static_cast<const char *>(text), size);
     }
-
-    void EndLine() {
-        if (!AtEnd() && text_[place_] == '\r') ++place_;
-        if (!AtEnd() && text_[place_] == '\n') ++place_;
-        ++line_;
+    static void TakeRow(int, void *parser) {
+        auto *self = static_cast<CsvParser *>(parser);
+        self->rows_.push_back(std::move(self->row_));
+        self->row_ = {self->line_, {}};
     }
 
     [[noreturn]] void Fail(int line, const std::string &text) const {
@@ -61,8 +70,10 @@ private:
     }
 
     const std::string &path_;
-    const std::string &text_;
-    size_t place_ = 0;
+    csv_parser reader_{};
+    std::vector<CsvRow> rows_;
+    CsvRow row_{1, {}};
+    bool inside_ = false; // a row whose quotes hold the line's end
     int line_ = 1;
 };
 
@@ -77,19 +88,17 @@ int CsvTable::Column(const std::string &name) const {
 }
 
 CsvTable ParseCsv(const std::string &path, const std::string &text) {
-    CsvTable table{path, {}, {}};
-    CsvParser parser(path, text);
-    if (parser.AtEnd()) throw Failure(path + ": is empty; its first row must name the fields");
-    table.names = parser.Row().cells;
-    while (!parser.AtEnd()) {
-        CsvRow row = parser.Row();
-        if (IsBlank(row) && table.names.size() > 1) continue;
+    std::vector<CsvRow> rows = CsvParser(path).Rows(text);
+    if (rows.empty()) throw Failure(path + ": is empty; its first row must name the fields");
+    CsvTable table{path, std::move(rows[0].cells), {}};
+    rows.erase(rows.begin());
+    if (table.names.size() > 1) std::erase_if(rows, IsBlank);
+    for (const CsvRow &row : rows)
         if (row.cells.size() != table.names.size())
             throw Failure(path + ":" + std::to_string(row.line) + ": the row has " +
                           std::to_string(row.cells.size()) + " values where the header names " +
                           std::to_string(table.names.size()) + " columns");
-        table.rows.push_back(std::move(row));
-    }
+    table.rows = std::move(rows);
     return table;
 }
 
