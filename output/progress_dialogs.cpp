@@ -72,10 +72,12 @@ void ShowNumber(const Session *session, int control, int number) {
 }
 
 void PumpProgress(Session *session, int code) {
-    MSG message;
-    while (session->run.CancelState != CANCEL_STOP &&
+    MSG message{};
+    while (session->run.CancelState != CANCEL_STOP && message.message != WM_QUIT &&
            PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-        if (!IsDialogMessageA(session->run.AbortDialog, &message)) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam)); // for the host's own loop
+        } else if (!IsDialogMessageA(session->run.AbortDialog, &message)) {
             TranslateMessage(&message);
             DispatchMessageA(&message);
         }

@@ -6,6 +6,10 @@ namespace tessarine {
 void PumpMessages(Session *session) {
     MSG message;
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) { // for the host's own loop
+            PostQuitMessage(static_cast<int>(message.wParam));
+            break;
+        }
         if (!TranslateAcceleratorA(session->device.Window, session->device.AccelTable, &message)) {
             TranslateMessage(&message);
             DispatchMessageA(&message);

@@ -2,6 +2,7 @@
 #include <cstring>
 #include <set>
 
+#include "run/record_driver.h"
 #include "run/run.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/host_window.h"
@@ -142,6 +143,37 @@ TEST_F(Preview, RunWithoutRecordsShowsOneEmptyPage) {
     EXPECT_EQ(run.page_count, 0);
     EXPECT_EQ(session->run.PageCount, 1);
     EXPECT_NE(session->pages.ShownPage, nullptr);
+}
+
+// ---- the turns of messages ---------------------------------------------------------------------
+
+TEST_F(HostedPreview, EveryWindowOfTheThreadHasItsTurnAfterEachRecord) {
+    constexpr UINT message = WM_USER + 500;
+    for (int record = 1; record <= 3; ++record) {
+        PostMessageA(host.Get(), message, 0, 0);
+        EXPECT_EQ(host.Count(message), record - 1);
+        ASSERT_EQ(Feed(1), 0);
+        EXPECT_EQ(host.Count(message), record);
+    }
+}
+
+TEST_F(Preview, KeysOfATableThatAHostGivesAreItsCommands) {
+    Finish(0);
+    ACCEL key{FVIRTKEY, VK_NEXT, 601};
+    session->device.AccelTable = CreateAcceleratorTableA(&key, 1);
+    PostMessageA(Window(), WM_KEYDOWN, VK_NEXT, 0);
+    tessarine::PumpMessages(session);
+    EXPECT_EQ(session->view.OriginY, session->view.ViewHeight);
+    DestroyAcceleratorTable(session->device.AccelTable);
+    session->device.AccelTable = nullptr;
+}
+
+TEST_F(Preview, QuitIsLeftToTheHostsOwnLoop) {
+    PostQuitMessage(7);
+    EXPECT_EQ(Feed(2), 0);
+    MSG message{};
+    ASSERT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(message.wParam, 7u);
 }
 
 // ---- cancel and end ----------------------------------------------------------------------------

@@ -235,6 +235,20 @@ TEST_F(Progress, SpoolersErrorCancelsAfterOneMessage) {
     }
 }
 
+TEST_F(Progress, QuitIsLeftToTheHostsOwnLoop) {
+    ShowPrinterRun();
+    Drain();
+    PostQuitMessage(7);
+    EXPECT_EQ(PrintProc(Device(), 0), 1);
+    MSG message{};
+    ASSERT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(message.wParam, 7u);
+    PostQuitMessage(7);
+    EXPECT_EQ(PrintProc(Device(), SP_ERROR), 1); // an error cancels behind this message too
+    EXPECT_EQ(session->run.CancelState, CANCEL_STOP);
+    EXPECT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+}
+
 // ---- the abort procedure of a preview's job ----------------------------------------------------
 
 TEST_F(Progress, PreviewsJobRefreshesItsPagesAndPumpsForAnyDeviceOfIts) {

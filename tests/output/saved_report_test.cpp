@@ -1,12 +1,15 @@
 #include "output/saved_report.h"
 
+#include <cmath>
 #include <cstring>
+#include <limits>
 #include <set>
 
 #include "device/printer.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
+#include "output/preview.h"
 #include "rep_dlg.h"
 #include "tests/support/gdi_objects.h"
 #include "tests/support/metafile_records.h"
@@ -296,6 +299,28 @@ TEST_F(ReportView, ScratchFilesLieInTheBlocksFolderOrElseInTheCurrentOne) {
             EXPECT_STREQ(session->ViewBlock.TempDir, wanted.c_str());
         });
         ASSERT_TRUE(Show(1)) << boxes.LastText();
+    }
+}
+
+TEST_F(ReportView, FiguresThatNoPaperHasHarmNothing) {
+    std::string report = run.Report();
+    const ReportFileHeader sound = HeaderOf(report);
+    block.Device = 'S';
+    const float infinity = std::numeric_limits<float>::infinity();
+    for (const float odd : {1e30F, -1e30F, 0.0F, infinity, std::nanf("")}) {
+        ReportFileHeader header = sound;
+        header.PageWidth = header.PageHeight = header.PageBottom = odd;
+        header.PaperWidth = header.PaperHeight = odd;
+        std::memcpy(report.data(), &header, sizeof header);
+        WriteWholeFile(run.params.OutputFile, report);
+        const ViewingSession viewing(block, [&](Session *session) {
+            for (const uint32_t fitted : {0u, 1u}) {
+                session->view.FitPage = fitted;
+                tessarine::PaintPreview(session);
+            }
+        });
+        EXPECT_TRUE(Show(1)) << odd << ": " << boxes.LastText();
+        EXPECT_EQ(number, 3);
     }
 }
 
