@@ -16,6 +16,17 @@ struct File {
     }
 };
 
+// 0, or the system's error.
+DWORD WriteNew(const std::string &path, const std::string &bytes) {
+    const File file{CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                FILE_ATTRIBUTE_NORMAL, nullptr)};
+    if (file.handle == INVALID_HANDLE_VALUE) return GetLastError();
+    DWORD moved = 0;
+    const auto size = static_cast<DWORD>(bytes.size());
+    if (!WriteFile(file.handle, bytes.data(), size, &moved, nullptr)) return GetLastError();
+    return moved == size ? ERROR_SUCCESS : ERROR_DISK_FULL;
+}
+
 } // namespace
 
 std::string SystemMessage(unsigned long error) {
@@ -58,18 +69,9 @@ void PutInPlace(const std::string &from, const std::string &to) {
 
 void WriteFileBytes(const std::string &path, const std::string &bytes) {
     const std::string beside = path + ".new";
-    {
-        const File file{CreateFileA(beside.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr)};
-        DWORD moved = 0;
-        if (file.handle == INVALID_HANDLE_VALUE ||
-            !WriteFile(file.handle, bytes.data(), static_cast<DWORD>(bytes.size()), &moved,
-                       nullptr) ||
-            moved != bytes.size()) {
-            const std::string message = SystemMessage(GetLastError());
-            if (file.handle != INVALID_HANDLE_VALUE) DeleteFileA(beside.c_str());
-            throw Failure(path + ": can't be written: " + message);
-        }
+    if (const DWORD error = WriteNew(beside, bytes)) {
+        DeleteFileA(beside.c_str());
+        throw Failure(path + ": can't be written: " + SystemMessage(error));
     }
     PutInPlace(beside, path);
 }

@@ -35,12 +35,20 @@ std::string MadeIn(const std::string &folder, const std::string &title) {
     return folder + "\\" + found.cFileName;
 }
 
-bool IsPdf(const std::string &path) {
+// False while the service still writes it. Throws Failure for a file of another kind.
+bool IsWholePdf(const std::string &path, const std::string &printer) {
+    constexpr size_t TRAILER = 1024; // bytes that may stand behind the mark of the end
+    std::string bytes;
     try {
-        return ReadFileStart(path, 5) == "%PDF-";
+        bytes = ReadFileBytes(path);
     } catch (const Failure &) {
-        return false; // the service still writes it
+        return false;
     }
+    if (bytes.size() < 5) return false;
+    if (bytes.rfind("%PDF-", 0) != 0)
+        throw Failure(printer + ": what the printer made is no PDF file; name another with "
+                                "--printer");
+    return bytes.rfind("%%EOF") != bytes.npos && bytes.size() - bytes.rfind("%%EOF") <= TRAILER;
 }
 
 // Jobs end later than their last page.
@@ -55,7 +63,22 @@ template <typename Condition> void Await(const std::string &printer, Condition c
     }
 }
 
-void NeedWritable(const std::string &path) { WriteFileBytes(path, ""); }
+// Where a printer puts its file: beside the one that is asked for, and gone in the end.
+class PartFile {
+public:
+    explicit PartFile(const std::string &path) : path_(path + ".part") {
+        WriteFileBytes(path_, ""); // what can't be written is told before anything is printed
+        DeleteFileA(path_.c_str());
+    }
+    ~PartFile() { DeleteFileA(path_.c_str()); }
+    PartFile(const PartFile &) = delete;
+    PartFile &operator=(const PartFile &) = delete;
+
+    const std::string &Path() const { return path_; }
+
+private:
+    std::string path_;
+};
 
 } // namespace
 
@@ -75,18 +98,18 @@ void WritePdf(ReportReader *report, const std::vector<int> &pages, const std::st
               const std::string &path) {
     PrintRequest request{printer, Unheard(), "", 1};
     const std::string folder = JobFolder();
-    const std::string beside = path + ".part";
-    if (folder.empty()) request.output = beside;
-    NeedWritable(beside);
-    DeleteFileA(beside.c_str());
+    const PartFile part(path);
+    if (folder.empty()) request.output = part.Path();
     PrintPagesOf(report, pages, request);
     if (folder.empty()) {
-        Await(request.printer, [&] { return IsPdf(beside); });
-        PutInPlace(beside, path);
+        Await(printer, [&] { return IsWholePdf(part.Path(), printer); });
+        PutInPlace(part.Path(), path);
         return;
     }
     std::string made;
-    Await(request.printer, [&] { return !(made = MadeIn(folder, request.title)).empty(); });
-    if (!IsPdf(made)) throw Failure(request.printer + ": what the printer made is no PDF file");
+    Await(printer, [&] {
+        made = MadeIn(folder, request.title);
+        return !made.empty() && IsWholePdf(made, printer);
+    });
     WriteFileBytes(path, ReadFileBytes(made));
 }

@@ -29,8 +29,26 @@ limit() {
         exit 1
     }
 }
+# small BYTES FILE ARGS...: a command that makes a file fails under the limit and leaves the earlier
+# one alone.
+small() {
+    local output code=0 bytes=$1 file=$work/$2
+    shift 2
+    echo earlier >"$file"
+    output=$(trap '' XFSZ && prlimit --pid $BASHPID --fsize="$bytes" && run "$@" "$file") || code=$?
+    [ $code -ne 0 ] && [[ $output == *"can't be written: "* ]] || {
+        echo "$*: code $code, but: $output"
+        exit 1
+    }
+    [ "$(<"$file")" = earlier ] && [ ! -e "$file.new" ] || {
+        echo "$*: the earlier file is gone, or a part of the new one is left"
+        exit 1
+    }
+}
+small 1000 made.fp form build "$root/samples/countries.json"
+small 1000 made.json form dump "$work/countries.fp"
 limit 0 "Error writing to the output file(WriteEmptyHeader)"
 limit 4000 "Error Copying Meta File(TransferMetaFile)"
 limit $((table - 100)) "Error writing the output file(CopyFileData a)"
 limit $((table + 2)) "Error writing the output file(WriteOutputHdrFtr a)"
-echo "four full disks told"
+echo "six full disks told"
