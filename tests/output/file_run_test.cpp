@@ -1,4 +1,5 @@
 // Runs to disk under the user's eyes: dialogs, cancelling, closing message.
+#include "tests/support/failing_call.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/visible_run.h"
 
@@ -103,11 +104,14 @@ TEST_F(RunToDisk, ReportOfNoRecordsLeavesNoFileAndSays0UnlessSilent) {
     }
 }
 
+namespace {
+BOOL WINAPI CancelAtOnce(HWND dialog) { return PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0); }
+} // namespace
+
 // The file is deleted whenever no record has been printed.
 TEST_F(RunToDisk, CancelAtTheEndOfATitlePageLeavesNoFile) {
     ASSERT_EQ(Start('F', TitlePage()), 0);
-    boxes.OnDialog("Printing to File...",
-                   [](HWND dialog) { PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0); });
+    const ReplacedCall dialog_comes_up("UpdateWindow", CancelAtOnce);
     EXPECT_EQ(Feed(1), CODE_CANCELLED);
     EXPECT_EQ(run->Finish(), 0);
     EXPECT_EQ(GetFileAttributesA(run->params.OutputFile), INVALID_FILE_ATTRIBUTES);
