@@ -33,6 +33,8 @@ void SetColors(Session *session) {
     device.TealColor = 0x7F7F00;
 }
 
+} // namespace
+
 void SetHelpFile(Session *session) {
     DesignerState &designer = session->designer;
     const char *name = host_data.HelpFileName ? host_data.HelpFileName : "REP.HLP";
@@ -40,8 +42,6 @@ void SetHelpFile(Session *session) {
     std::snprintf(designer.HelpFileSecond, sizeof designer.HelpFileSecond, "%s>SECOND",
                   designer.HelpFile);
 }
-
-} // namespace
 
 void InitSections(Session *session) {
     for (SectionRecord &section : session->form.Sections) {

@@ -6,6 +6,7 @@
 namespace tessarine {
 
 void InitVariables(Session *session);
+void SetHelpFile(Session *session); // the host's, or the library's own
 ItemRecord DefaultItem(const Session *session);
 void InitField(const Session *session, FieldRecord *record);
 void InitSections(Session *session);

@@ -1,5 +1,6 @@
 #include "output/device_choice.h"
 
+#include "form/defaults.h"
 #include "frame/dialogs.h"
 #include "frame/fatal_error.h"
 #include "frame/modified.h"
@@ -44,7 +45,9 @@ INT_PTR OnCommand(HWND dialog, Session *session, int control, int notification) 
 
 } // namespace
 
+// The session's variables have their start state only when its printer is bound.
 int AskDevice(Session *session) {
+    SetHelpFile(session);
     const HWND owner = session->device.Window ? nullptr : session->ParentWindow;
     return static_cast<int>(RunDialog(session, "DeviceParam", DeviceParam, 0, owner));
 }

@@ -108,4 +108,5 @@ TEST_F(DeviceChoice, HelpIs3015AndItAndOtherNotificationsLeaveTheDialogOpen) {
     EXPECT_EQ(help.calls, 1);
     EXPECT_EQ(help.command, 1u);
     EXPECT_EQ(help.number, 3015u);
+    EXPECT_EQ(help.file, "REP.HLP");
 }
