@@ -20,11 +20,6 @@ void ClearFontTable(Session *session) {
     session->form.FontCount = 0;
 }
 
-void TakePixels(Session *session, HDC device) {
-    session->device.LogPixelsX = GetDeviceCaps(device, LOGPIXELSX);
-    session->device.LogPixelsY = GetDeviceCaps(device, LOGPIXELSY);
-}
-
 void OpenScreen(Session *session) {
     DeviceState &device = session->device;
     if (session->run.OutputToFile) {

@@ -53,13 +53,9 @@ void RemakeInfoDevice(Session *session) {
     }
     printer.InfoDevice = CreatePrinterContext(session);
     if (!printer.InfoDevice) FatalError(session, "Printer Driver Error!", CODE_PRINTER);
-    const DeviceState screen = session->device;
-    session->device.LogPixelsX = GetDeviceCaps(printer.InfoDevice, LOGPIXELSX);
-    session->device.LogPixelsY = GetDeviceCaps(printer.InfoDevice, LOGPIXELSY);
+    const PixelsOf pixels(session, printer.InfoDevice);
     ApplyMapping(session, printer.InfoDevice);
     printer.InfoPixelsX = session->device.LogPixelsX;
-    session->device.LogPixelsX = screen.LogPixelsX;
-    session->device.LogPixelsY = screen.LogPixelsY;
     ZeroMemory(session->run.Measures, sizeof session->run.Measures);
 }
 

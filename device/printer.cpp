@@ -96,8 +96,7 @@ void OpenOutputDevice(Session *session) {
     const HDC device = CreatePrinterContext(session);
     if (!device) FatalError(session, "Can not initialize printing", CODE_NO_DEVICE);
     session->device.OutputDevice = device;
-    session->device.LogPixelsX = GetDeviceCaps(device, LOGPIXELSX);
-    session->device.LogPixelsY = GetDeviceCaps(device, LOGPIXELSY);
+    TakePixels(session, device);
     ApplyMapping(session, device);
     if (!GetTextMetricsA(device, &session->device.Metrics))
         FatalError(session, "Unable to get text metric for the font.", CODE_DISPLAY);

@@ -69,18 +69,12 @@ void TakeWidths(const Session *session, HDC device, const TEXTMETRICA &metrics, 
 // Widths of a run to the printer are those of the screen, so that all outputs break lines alike.
 void TakeScreenWidths(Session *session, const TEXTMETRICA &metrics, FontEntry *row) {
     const HDC screen = GetDC(nullptr);
-    DeviceState &device = session->device;
-    const int32_t pixels_x = device.LogPixelsX;
-    const int32_t pixels_y = device.LogPixelsY;
-    device.LogPixelsX = GetDeviceCaps(screen, LOGPIXELSX);
-    device.LogPixelsY = GetDeviceCaps(screen, LOGPIXELSY);
+    const PixelsOf pixels(session, screen);
     const int saved = SaveDC(screen);
     ApplyMapping(session, screen);
     TakeWidths(session, screen, metrics, row);
     RestoreDC(screen, saved);
     ReleaseDC(nullptr, screen);
-    device.LogPixelsX = pixels_x;
-    device.LogPixelsY = pixels_y;
 }
 
 void DeleteOldFont(const Session *session, FontEntry *row) {

@@ -8,4 +8,9 @@ void ApplyMapping(const Session *session, HDC device) {
     SetViewportExtEx(device, session->device.LogPixelsX, session->device.LogPixelsY, nullptr);
 }
 
+void TakePixels(Session *session, HDC device) {
+    session->device.LogPixelsX = GetDeviceCaps(device, LOGPIXELSX);
+    session->device.LogPixelsY = GetDeviceCaps(device, LOGPIXELSY);
+}
+
 } // namespace tessarine

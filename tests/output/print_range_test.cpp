@@ -86,6 +86,21 @@ TEST_F(PreviewPrinting, FinishedReportOffersItsLastPage) {
     EXPECT_EQ(calls.Count("EndPage"), 1);
 }
 
+TEST_F(PreviewPrinting, DialogOfTheRangeHasItsWordsAndTheUsualButtons) {
+    FeedToPage(3);
+    Calls texts;
+    Calls buttons;
+    boxes.OnDialog("Print Selected Pages", [&](HWND dialog) {
+        texts = DialogTexts(dialog);
+        for (const int button : {1, 2, 1054}) buttons.push_back(ItemText(dialog, button));
+        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    });
+    EXPECT_EQ(PrintPages(session, 1), 1);
+    EXPECT_EQ(texts, (Calls{"Print Selected Pages", "First Page", "1", "Last Page", "1", "OK",
+                            "Cancel", "&Help"}));
+    EXPECT_EQ(buttons, (Calls{"OK", "Cancel", "&Help"}));
+}
+
 TEST_F(PreviewPrinting, RangeThatCannotBeAskedForPrintsNothing) {
     FeedToPage(5);
     session->run.FirstPrintPage = session->run.LastPrintPage = 1;

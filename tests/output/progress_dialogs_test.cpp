@@ -23,20 +23,6 @@ constexpr DialogRow dialogs[] = {{"PrintAbortParam", PrintAbortParam},
                                  {"ScrPrintAbortParam", ScrPrintAbortParam},
                                  {"FilePrintAbortParam", FilePrintAbortParam}};
 
-std::string TextOf(HWND window) {
-    char text[200] = "";
-    GetWindowTextA(window, text, sizeof text);
-    return text;
-}
-
-// All that a dialog shows, from top to bottom.
-std::vector<std::string> TextsOf(HWND dialog) {
-    std::vector<std::string> texts{TextOf(dialog)};
-    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        texts.push_back(TextOf(child));
-    return texts;
-}
-
 // A session that has a progress dialog, with a device of its own that no printer stands behind.
 class Progress : public testing::Test {
 protected:
@@ -82,7 +68,7 @@ protected:
 // ---- what they show ----------------------------------------------------------------------------
 
 TEST_F(Progress, DialogOfARunToThePrinterShowsPrinterPagesAndRecords) {
-    EXPECT_EQ(TextsOf(ShowPrinterRun()),
+    EXPECT_EQ(DialogTexts(ShowPrinterRun()),
               (std::vector<std::string>{"Printing In Progress...", "Printer: ", "Laser",
                                         "Number of Pages Printed:", "0",
                                         "Number of Records Printed:", "0", "Cancel"}));
@@ -90,7 +76,7 @@ TEST_F(Progress, DialogOfARunToThePrinterShowsPrinterPagesAndRecords) {
 
 TEST_F(Progress, DialogOfAPreviewsJobShowsPrinterAndPages) {
     const HWND dialog = ShowPreviewJob();
-    EXPECT_EQ(TextsOf(dialog),
+    EXPECT_EQ(DialogTexts(dialog),
               (std::vector<std::string>{"Printing In Progress...", "Printer: ", "Laser",
                                         "Number of Pages Printed:", "0", "Cancel"}));
     EXPECT_EQ(GetDlgItem(dialog, 843), nullptr);
@@ -98,7 +84,7 @@ TEST_F(Progress, DialogOfAPreviewsJobShowsPrinterAndPages) {
 
 TEST_F(Progress, DialogOfARunToDiskShowsFileAndPages) {
     const HWND dialog = ShowFileRun();
-    EXPECT_EQ(TextsOf(dialog),
+    EXPECT_EQ(DialogTexts(dialog),
               (std::vector<std::string>{"Printing to File...", "File Name:", "Laser",
                                         "Number of Pages Printed:", "0", "Cancel"}));
     EXPECT_EQ(GetDlgItem(dialog, 843), nullptr);
@@ -128,10 +114,10 @@ TEST_F(Progress, EachDialogStandsInTheMiddleWithTheFocusOnCancel) {
 
 TEST_F(Progress, CancelInTheDialogOfARunToThePrinterChangesNothingVisible) {
     const HWND dialog = ShowPrinterRun();
-    const auto before = TextsOf(dialog);
+    const auto before = DialogTexts(dialog);
     SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     EXPECT_EQ(session->run.CancelState, CANCEL_STOP);
-    EXPECT_EQ(TextsOf(dialog), before);
+    EXPECT_EQ(DialogTexts(dialog), before);
     EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog, IDCANCEL)));
 }
 

@@ -16,6 +16,13 @@ std::string WindowText(HWND window) {
 
 std::string ItemText(HWND dialog, int control) { return WindowText(GetDlgItem(dialog, control)); }
 
+std::vector<std::string> DialogTexts(HWND dialog) {
+    std::vector<std::string> texts{WindowText(dialog)};
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        texts.push_back(WindowText(child));
+    return texts;
+}
+
 MessageBoxes::MessageBoxes() {
     current = this;
     hook_ = SetWindowsHookExA(WH_CBT, Hook, nullptr, GetCurrentThreadId());

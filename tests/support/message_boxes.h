@@ -19,6 +19,8 @@ struct BoxRecord {
 
 // What a dialog shows in a control.
 std::string ItemText(HWND dialog, int control);
+// Its title and all its controls, from top to bottom.
+std::vector<std::string> DialogTexts(HWND dialog);
 
 // While one stands, every message box that opens is logged and answered: with the next answer
 // given to Answer, or else with its first button among OK, No, Cancel. A dialog whose title was
