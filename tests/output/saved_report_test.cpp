@@ -243,13 +243,13 @@ TEST_F(ReportView, WindowHasTheBlocksPlaceAndStyleAndNoNameAndItsBarsAtTheStart)
         }
         RECT client{};
         GetClientRect(window, &client);
-        EXPECT_EQ(session->form.Header.RulerFlags, 0);
+        EXPECT_EQ(+session->form.Header.RulerFlags, 0);
         EXPECT_EQ(session->view.ViewWidth,
                   MulDiv(client.right, 250, session->device.LogPixelsX) + 1);
     });
     ASSERT_TRUE(Show(1)) << boxes.LastText();
     EXPECT_NE(window, nullptr);
-    EXPECT_EQ(block.ReportWindow, window);
+    EXPECT_EQ(+block.ReportWindow, window);
 }
 
 TEST_F(ReportView, BlockComesBackBeforeThePageIsReadAndTheCountBehindIt) {
@@ -259,8 +259,8 @@ TEST_F(ReportView, BlockComesBackBeforeThePageIsReadAndTheCountBehindIt) {
     int looks = 0;
     const ViewingSession viewing(block, [&](const Session *session) {
         ++looks;
-        EXPECT_EQ(block.ReportWindow, session->device.Window);
-        EXPECT_EQ(block.SessionId, static_cast<uint32_t>(session->SessionId));
+        EXPECT_EQ(+block.ReportWindow, session->device.Window);
+        EXPECT_EQ(+block.SessionId, static_cast<uint32_t>(session->SessionId));
         EXPECT_EQ(number, 2);
         EXPECT_EQ(host.Count(1024), 0);
     });
