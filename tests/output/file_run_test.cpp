@@ -71,6 +71,19 @@ TEST_F(RunToDisk, CancelAtAPageEndLeavesAValidFileOfTheFinishedPages) {
     EXPECT_FALSE(Open());
 }
 
+TEST_F(RunToDisk, CancelThatTheHostsOwnLoopHandsOutLeavesAValidFileAtThePageEnd) {
+    ASSERT_EQ(Start('F'), 0);
+    ASSERT_EQ(Feed(2), 0);
+    SendMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+    EXPECT_EQ(Feed(3), 0);
+    EXPECT_EQ(Feed(1), CODE_CANCELLED);
+    EXPECT_EQ(run->Finish(), 0);
+    const std::string report = run->Report();
+    ASSERT_EQ(+HeaderOf(report).PageCount, 1);
+    EXPECT_EQ(PageWords(report, 0), Calls(5, "record"));
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
 TEST_F(RunToDisk, CancelInTheClosingSectionsLeavesAValidFileToo) {
     ASSERT_EQ(Start('F', ListForm(true)), 0);
     ASSERT_EQ(Feed(4), 0);

@@ -129,6 +129,32 @@ TEST_F(RunToPrinter, CancelInTheMiddleOfAPageWaitsForItsEnd) {
     EXPECT_EQ(run->Finish(), 0);
 }
 
+TEST_F(RunToPrinter, CancelThatTheHostsOwnLoopHandsOutStopsAtThePageEnd) {
+    ASSERT_EQ(Start('P'), 0);
+    ASSERT_EQ(Feed(2), 0);
+    SendMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+    EXPECT_EQ(Feed(3), 0);
+    EXPECT_EQ(Feed(1), CODE_CANCELLED);
+    EXPECT_EQ(calls.Count("EndPage"), 1);
+    EXPECT_EQ(run->Finish(), 0);
+    EXPECT_EQ(calls.Count("StartPage"), 1);
+    EXPECT_EQ(calls.Count("EndDoc"), 1);
+    EXPECT_TRUE(boxes.Log().empty());
+    EXPECT_TRUE(IsWindowEnabled(host.Get()));
+}
+
+TEST_F(RunToPrinter, CancelBeforeTheEndOfTheDataTellsNoRecords) {
+    ASSERT_EQ(Start('P'), 0);
+    ASSERT_EQ(Feed(2), 0);
+    SendMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+    EXPECT_EQ(run->Finish(), 0);
+    EXPECT_EQ(calls.Count("EndPage"), 0);
+    EXPECT_EQ(calls.Count("EndDoc"), 1);
+    EXPECT_TRUE(boxes.Log().empty());
+    EXPECT_TRUE(IsWindowEnabled(host.Get()));
+    EXPECT_FALSE(Open());
+}
+
 TEST_F(RunToPrinter, CancelWhileTheClosingSectionsBreakThePageGives5FromTheEnd) {
     ASSERT_EQ(Start('P', ListForm(true)), 0);
     ASSERT_EQ(Feed(4), 0);
