@@ -1,4 +1,3 @@
-#include "form/pictures.h"
 #include "frame/mapping.h"
 #include "frame/owned.h"
 #include "run/sections.h"
@@ -24,9 +23,7 @@ void DrawFrame(HDC device, const Frame &frame) {
 void FillFrame(HDC device, const Frame &frame, const RepLogbrush &background, uint32_t outline) {
     OwnedDrawingObject pen(CreatePen(PS_NULL, 1, WHITE));
     if (!outline) SelectObject(device, pen.Get());
-    LOGBRUSH brush{};
-    ReadRepLogbrush(&background, &brush);
-    OwnedDrawingObject fill(CreateBrushIndirect(&brush));
+    OwnedDrawingObject fill(MakeBackgroundBrush(background));
     SetBkMode(device, TRANSPARENT);
     SelectObject(device, fill.Get());
     DrawFrame(device, frame);

@@ -55,11 +55,17 @@ Segment LineOf(const Session *session, const ItemRecord &item) {
 
 } // namespace
 
+// In the styles of patterns the hatch would be taken for a handle or a pointer, which no form
+// holds.
+HBRUSH MakeBackgroundBrush(const RepLogbrush &background) {
+    LOGBRUSH brush{};
+    ReadRepLogbrush(&background, &brush);
+    return brush.lbStyle <= BS_HATCHED ? CreateBrushIndirect(&brush) : nullptr;
+}
+
 void PaintBackground(HDC device, const ItemRecord &item, const RECT &rectangle) {
     if (!(item.ItemFlags & FLAG_BACKGROUND)) return;
-    LOGBRUSH brush{};
-    ReadRepLogbrush(&item.Background, &brush);
-    const OwnedDrawingObject made(CreateBrushIndirect(&brush));
+    const OwnedDrawingObject made(MakeBackgroundBrush(item.Background));
     if (made) FillRect(device, &rectangle, static_cast<HBRUSH>(made.Get()));
 }
 

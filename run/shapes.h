@@ -5,6 +5,8 @@
 
 namespace tessarine {
 
+// Null for a brush that can't be made.
+HBRUSH MakeBackgroundBrush(const RepLogbrush &background);
 void PaintBackground(HDC device, const ItemRecord &item, const RECT &rectangle);
 // The item's outline in its own pen; of the rectangle only the top is read.
 void PrintOutline(Session *session, HDC device, int row, const RECT &rectangle);

@@ -64,6 +64,13 @@ TEST_F(LabelFrame, WantedFrameOfABackgroundKeepsThePenInForce) {
                      "delete brush 2 0000FF 4", "select pen 0 0 000000"}));
 }
 
+TEST_F(LabelFrame, BackgroundWhoseBrushCannotBeMadeKeepsTheBrushInForce) {
+    bar->ItemFlags |= FLAG_BACKGROUND;
+    bar->Background = {BS_DIBPATTERNPT, 0x0000FF, 4660};
+    EXPECT_EQ(Frame(0), (Lines{"select pen 5 1 000000", "mode 1", frame, "select brush 0 FFFFFF 0",
+                               "select pen 0 0 000000"}));
+}
+
 TEST_F(LabelFrame, OutlineTakesTheLabelsSizeWithoutTheMargin) {
     bar->OutlineSides = SIDE_LEFT | SIDE_BOTTOM;
     bar->OutlineWidth = 3;

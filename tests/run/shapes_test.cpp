@@ -80,6 +80,18 @@ TEST_F(Shapes, BrushThatCannotBeMadePaintsNothing) {
     EXPECT_TRUE(boxes.Log().empty());
 }
 
+TEST_F(Shapes, PatternBackgroundOfADamagedFormReachesForNoMemory) {
+    ItemRecord &item = Shape(ITEM_BAR);
+    item.ItemFlags |= FLAG_BACKGROUND;
+    const FailingCall counts("CreateBrushIndirect", CreateBrushIndirect, nullptr, 1, 0);
+    for (const int style : {BS_PATTERN, BS_DIBPATTERN, BS_DIBPATTERNPT, BS_DIBPATTERN8X8})
+        for (const int hatch : {-1, 4660, INT16_MAX}) {
+            item.Background = {static_cast<uint16_t>(style), 0x00FF00, static_cast<int16_t>(hatch)};
+            EXPECT_TRUE(DrawingOfLast().empty()) << style << " " << hatch;
+        }
+    EXPECT_EQ(counts.Seen(), 0);
+}
+
 TEST_F(Shapes, BackgroundComesFirstThenOutlineThenContent) {
     ItemRecord &item = Shape(ITEM_LINE);
     item.ItemFlags |= FLAG_BACKGROUND;
