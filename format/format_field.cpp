@@ -37,9 +37,9 @@ struct SummaryRow {
 };
 
 constexpr SummaryRow summaries[] = {
-    {SUMMARY_TOTAL, Sum, true, false},   {SUMMARY_AVERAGE, Average, true, true},
-    {SUMMARY_COUNT, Count, false, true}, {SUMMARY_MAX, Sum, true, false},
-    {SUMMARY_MIN, Sum, true, false},
+    {SUMMARY_VALUE, Value, false, false},   {SUMMARY_TOTAL, Sum, true, false},
+    {SUMMARY_AVERAGE, Average, true, true}, {SUMMARY_COUNT, Count, false, true},
+    {SUMMARY_MAX, Sum, true, false},        {SUMMARY_MIN, Sum, true, false},
 };
 
 PrintedValue TakeValue(FieldRecord *record) {
@@ -53,7 +53,7 @@ PrintedValue TakeValue(FieldRecord *record) {
         if (row.clears_count) record->SummaryCount = 0;
         return value;
     }
-    return Value(record);
+    return {0, 0.0}; // an unknown summary has no value
 }
 
 void NumberField(Session *session, FieldRecord *record, PrintedValue value, char *buffer) {

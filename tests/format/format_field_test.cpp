@@ -307,6 +307,23 @@ TEST_F(FormatFieldRules, AverageOverACountOfZeroPrintsTheSum) {
     EXPECT_EQ(Printed(record), " 3.00");
 }
 
+TEST_F(FormatFieldRules, UnknownSummaryPrintsZeroAndConsumesNothing) {
+    FieldRecord whole = Number(9);
+    FieldRecord real = Double(9.0, 2);
+    for (FieldRecord *record : {&whole, &real}) {
+        record->LongSummary = 70;
+        record->DoubleSummary = 70.0;
+        record->SummaryCount = 4;
+        for (const int type : {-1, 6, 32767}) {
+            record->SummaryType = static_cast<int16_t>(type);
+            EXPECT_EQ(Printed(*record), record == &whole ? " 0" : " 0.00") << type;
+        }
+        EXPECT_EQ(+record->LongSummary, 70);
+        EXPECT_EQ(+record->DoubleSummary, 70.0);
+        EXPECT_EQ(+record->SummaryCount, 4);
+    }
+}
+
 TEST_F(FormatFieldRules, CountThatPrintsTwiceShowsZeroTheSecondTime) {
     FieldRecord record = Number(0);
     record.SummaryType = SUMMARY_COUNT;
