@@ -13,11 +13,12 @@ template <typename Choice> int Extreme(const Operation &operation, Choice choose
     FieldRecord *left = operation.left;
     FieldRecord *right = operation.right;
     if (!IsNumber(left) || !IsNumber(right)) return ANSWER_MISMATCH;
-    operation.result->ValueType = left->ValueType;
-    if (left->ValueType != right->ValueType) {
+    const bool differ = left->ValueType != right->ValueType;
+    operation.result->ValueType = differ ? int16_t{TYPE_DOUBLE} : left->ValueType;
+    if (!operation.run) return ANSWER_DONE;
+    if (differ) {
         FieldRecord *numeric = left->ValueType == TYPE_NUMERIC ? left : right;
         numeric->DoubleValue = numeric->LongValue;
-        operation.result->ValueType = TYPE_DOUBLE;
     }
     operation.result->LongValue = choose(left->LongValue, right->LongValue);
     operation.result->DoubleValue = choose(left->DoubleValue, right->DoubleValue);
@@ -78,8 +79,9 @@ int FunctionRound(const Operation &operation) {
 int FunctionAbs(const Operation &operation) {
     const FieldRecord &value = *operation.right;
     if (!IsNumber(&value)) return ANSWER_MISMATCH;
-    const int32_t whole = value.LongValue;
     operation.result->ValueType = value.ValueType;
+    if (!operation.run) return ANSWER_DONE;
+    const int32_t whole = value.LongValue;
     operation.result->LongValue = whole < 0 ? WrapSubtract(0, whole) : whole;
     operation.result->DoubleValue = std::fabs(value.DoubleValue);
     return ANSWER_DONE;

@@ -247,6 +247,16 @@ TEST_F(Functions, DryRunSetsTheTypeAlone) {
     }
 }
 
+TEST_F(Functions, DryRunOfMinAndMaxLeavesTheFieldsOfAFormAlone) {
+    Number("A", 7);
+    for (const char *list : {"A 2.5 MIN", "2.5 A MAX", "A 9 MAX", "_ A ABS"}) {
+        const Outcome outcome = DryRun(list);
+        EXPECT_EQ(outcome.whole, 0) << list;
+        EXPECT_EQ(outcome.real, 0.0) << list;
+        EXPECT_EQ(+Field("A")->DoubleValue, 0.0) << list;
+    }
+}
+
 TEST_F(Functions, TextsWithoutMemoryFailWithoutALeak) {
     for (const char *list : {"_ 'a' UPPER", "_ 'a' LOWER", "_ 'a' TRIM", "'a' 1 WORD", "'a' 1 CHAR",
                              "'a' 1 LEFT", "'a' 1 RIGHT", "_ 1 STR", "_ 'a' STR"}) {
