@@ -2,6 +2,9 @@
 // which a failure becomes a return value and past which no exception goes.
 #include "tessarine.h"
 
+#include <algorithm>
+#include <initializer_list>
+
 #include "designer/field_items.h"
 #include "device/margins.h"
 #include "device/printer.h"
@@ -49,6 +52,12 @@ Result OnSession(Session *session, Result fallback, Body body) {
     return result;
 }
 
+// The session, unless the host left out what the routine reads or writes.
+Session *With(Session *session, std::initializer_list<const void *> needed) {
+    const bool all = std::find(needed.begin(), needed.end(), nullptr) == needed.end();
+    return all ? session : nullptr;
+}
+
 // What a host gives to measure: a row of the font table, and a text.
 bool Measurable(const Session *session, const char *text, int32_t font) {
     return session && session->form.Fonts && text && font >= 0 && font < MAX_FONTS;
@@ -72,7 +81,7 @@ BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
 int32_t __stdcall WEP(int32_t) { return 1; }
 
 int32_t __stdcall RepInit(RepParams *params, int32_t feedMode, HGLOBAL devNames, HGLOBAL devMode) {
-    return tessarine::RepInit(params, feedMode, devNames, devMode);
+    return params ? tessarine::RepInit(params, feedMode, devNames, devMode) : int32_t{CODE_FILE};
 }
 
 int32_t __stdcall RepRec(int32_t sessionId, int32_t, uint32_t outline) {
@@ -85,6 +94,7 @@ int32_t __stdcall RepExit(int32_t sessionId, int32_t fill, int32_t *pageCount) {
 
 HMETAFILE __stdcall RepView(RepViewParams *block, int32_t *pageNumber, HGLOBAL devNames,
                             HGLOBAL devMode) {
+    if (!block || !pageNumber) return nullptr;
     return tessarine::RepView(block, pageNumber, devNames, devMode);
 }
 
@@ -118,19 +128,19 @@ int32_t __stdcall InitNewForm(Session *session) {
 }
 
 int32_t __stdcall FrSave(Session *session, char *path) {
-    return OnSession(session, 0, [&] { return tessarine::FrSave(session, path); });
+    return OnSession(With(session, {path}), 0, [&] { return tessarine::FrSave(session, path); });
 }
 
 int32_t __stdcall AddNewDataField(Session *session, const char *name, int32_t section, int32_t x,
                                   int32_t y, int32_t wrap) {
-    return OnSession(session, -1, [&] {
+    return OnSession(With(session, {name}), -1, [&] {
         return tessarine::AddNewDataField(session, name, section, x, y, wrap);
     });
 }
 
 int32_t __stdcall AddNewCalcField(Session *session, const char *text, int32_t section,
                                   const char *description, int32_t x, int32_t y) {
-    return OnSession(session, -1, [&] {
+    return OnSession(With(session, {text, description}), -1, [&] {
         return tessarine::AddNewCalcField(session, text, section, description, x, y);
     });
 }
@@ -143,14 +153,14 @@ int32_t __stdcall AddNewSysField(Session *session, int32_t index, int32_t sectio
 
 int32_t __stdcall CreateFieldLabel(Session *session, int32_t field, char *buffer, int32_t width,
                                    int32_t font) {
-    return OnSession(session, 0, [&] {
+    return OnSession(With(session, {buffer}), 0, [&] {
         return tessarine::CreateFieldLabel(session, field, buffer, width, font);
     });
 }
 
 int32_t __stdcall GetFieldSize(Session *session, int32_t field, int32_t font, int32_t *height,
                                int32_t *width) {
-    return OnSession(session, 0,
+    return OnSession(With(session, {height, width}), 0,
                      [&] { return tessarine::GetFieldSize(session, field, font, height, width); });
 }
 
@@ -181,25 +191,27 @@ int32_t __stdcall TruncateText(Session *session, char *text, int32_t width, int3
 
 int32_t __stdcall GenerateSymbols(Session *session, const char *text, uint16_t *cells,
                                   int32_t *errorPosition, int32_t mode) {
-    return OnSession(session, 0, [&] {
+    return OnSession(With(session, {text, cells, errorPosition}), 0, [&] {
         return tessarine::GenerateSymbols(session, text, cells, errorPosition, mode);
     });
 }
 
 int32_t __stdcall ValidateExp(Session *session, const uint16_t *cells, int32_t mode) {
-    return OnSession(session, 0, [&] { return tessarine::ValidateExp(session, cells, mode); });
+    return OnSession(With(session, {cells}), 0,
+                     [&] { return tessarine::ValidateExp(session, cells, mode); });
 }
 
 int32_t __stdcall ReleaseSymbols(Session *session, const uint16_t *cells) {
-    return OnSession(session, 1, [&] { return tessarine::ReleaseSymbols(session, cells); });
+    return OnSession(With(session, {cells}), 1,
+                     [&] { return tessarine::ReleaseSymbols(session, cells); });
 }
 
 int32_t __stdcall ReadRepLogbrush(const RepLogbrush *packed, LOGBRUSH *brush) {
-    return tessarine::ReadRepLogbrush(packed, brush);
+    return packed && brush ? tessarine::ReadRepLogbrush(packed, brush) : 0;
 }
 
 int32_t __stdcall WriteRepLogbrush(const LOGBRUSH *brush, RepLogbrush *packed) {
-    return tessarine::WriteRepLogbrush(brush, packed);
+    return packed && brush ? tessarine::WriteRepLogbrush(brush, packed) : 0;
 }
 
 uint32_t __stdcall EditColor(HWND owner, uint32_t color, int32_t fullOpen) {
@@ -228,14 +240,14 @@ int32_t __stdcall ProcessPrinterData(Session *session) {
 
 HMETAFILE __stdcall ReadMetaFilePage(Session *session, int32_t pageIndex, const char *scratchPath,
                                      HMETAFILE oldHandle) {
-    return OnSession(session, HMETAFILE{}, [&] {
+    return OnSession(With(session, {scratchPath}), HMETAFILE{}, [&] {
         return tessarine::ReadMetaFilePage(session, pageIndex, scratchPath, oldHandle);
     });
 }
 
 void *__stdcall OurAlloc(uint32_t size) { return tessarine::OurAlloc(size); }
 int32_t __stdcall OurFree(void *memory) { return tessarine::OurFree(memory); }
-char *__stdcall RepStrTrim(char *text) { return tessarine::RepStrTrim(text); }
+char *__stdcall RepStrTrim(char *text) { return text ? tessarine::RepStrTrim(text) : nullptr; }
 
 LRESULT __stdcall RepWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     return tessarine::RepWndProc(window, message, wParam, lParam);

@@ -86,12 +86,12 @@ void ToggleFit(Session *session) {
     PaintPreview(session);
 }
 
-// A close that comes while another message is being handled, as behind a message box or in a
-// print job, waits for the end of that one.
+// A close that comes while another message is being handled or an entry point is at work, as
+// behind a message box or in a print job, waits for the end of that.
 void StopOrEnd(Session *session) {
     if (session->run.RunPhase != PHASE_FINISHED)
         session->run.CancelState = CANCEL_STOP;
-    else if (session->view.MessagesInHand > 1)
+    else if (session->view.MessagesInHand > 1 || session->UnwindPoint > 0)
         session->view.CloseWanted = 1;
     else
         session->EndSession(session);
@@ -205,12 +205,18 @@ bool HandleWhole(Session *session, UINT message, WPARAM wParam) {
     ++session->view.MessagesInHand;
     const bool handled = Guarded(session, true, [&] { return Handle(session, message, wParam); });
     if (!SessionStands(session)) return true;
-    if (--session->view.MessagesInHand == 0 && session->view.CloseWanted)
-        session->EndSession(session);
+    --session->view.MessagesInHand;
+    EndIfClosed(session);
     return handled;
 }
 
 } // namespace
+
+void EndIfClosed(Session *session) {
+    const ViewState &view = session->view;
+    if (view.CloseWanted && view.MessagesInHand == 0 && session->UnwindPoint == 0)
+        session->EndSession(session);
+}
 
 LRESULT CALLBACK RepWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     Session *session = GetSessionPointer(window, 0);

@@ -9,6 +9,7 @@
 #include "frame/fatal_error.h"
 #include "frame/host_data.h"
 #include "frame/mapping.h"
+#include "frame/modified.h"
 #include "frame/owned.h"
 #include "frame/session_table.h"
 #include "output/device_choice.h"
@@ -160,7 +161,7 @@ HMETAFILE RepView(RepViewParams *block, int32_t *pageNumber, HGLOBAL devNames, H
 
 void EndPageSession(Session *session) {
     if (session->pages.PageTableMemory || session->pages.CopyBuffer) ReleasePageStore(session);
-    session->form.FormModified = 0;
+    SetModified(session, 0); // a run must not ask to save
     CloseSession(session);
     FreeRunSession(session);
 }

@@ -19,7 +19,7 @@ namespace {
 
 constexpr int LAST_PLACE = 12; // tells the dialog that it asks the last field
 constexpr int PROMPT_HELP = 3016;
-constexpr int LONGEST_ANSWER = 50; // characters
+constexpr int LONGEST_ANSWER = 49; // characters
 
 UserFieldRecord *AskedField(Session *session) {
     return &session->form.UserFields[session->designer.DialogRow];

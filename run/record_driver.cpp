@@ -6,7 +6,6 @@
 #include "frame/fatal_error.h"
 #include "frame/memory.h"
 #include "frame/message_box.h"
-#include "frame/session_table.h"
 #include "output/preview.h"
 #include "output/print_job.h"
 #include "run/run.h"
@@ -125,14 +124,10 @@ int ProcessRecord(Session *session, uint32_t outline) {
 // A host may have raised the width of a text; the field table's width isn't raised, so its block
 // is made anew for each such record.
 void MoveText(Session *session, FieldRecord *field, const FieldRecord &input) {
-    if (field->FieldWidth < input.FieldWidth || !field->TextValue) {
-        OurFree(field->TextValue);
-        field->TextValue = static_cast<char *>(
-            OurAlloc(static_cast<size_t>(input.FieldWidth < 0 ? 0 : input.FieldWidth) + 2));
-        if (!field->TextValue) FatalError(session, "Ran Out of Memory(2)", CODE_MEMORY);
-    }
     const int16_t own_width = field->FieldWidth;
-    if (own_width < input.FieldWidth) field->FieldWidth = input.FieldWidth;
+    const bool wider = own_width < input.FieldWidth;
+    if (wider) field->FieldWidth = input.FieldWidth;
+    if (wider || !field->TextValue) RenewRowText(session, field);
     SetRowText(field, input.TextValue ? input.TextValue : "");
     field->FieldWidth = own_width;
 }
@@ -153,7 +148,7 @@ void MoveRecord(Session *session) {
 }
 
 int RepRec(int sessionId, uint32_t outline) {
-    Session *session = GetSessionPointer(nullptr, sessionId);
+    Session *session = RunOf(sessionId);
     if (!session) return CODE_NO_SESSION;
     return AtEntry(
         session, [&] { return ProcessRecord(session, outline); },

@@ -1,3 +1,5 @@
+#include <climits>
+
 #include "frame/fatal_error.h"
 #include "frame/session_table.h"
 #include "output/page_store.h"
@@ -15,23 +17,28 @@ namespace tessarine {
 
 namespace {
 
+// A label that asks for a new page has no room on the sheet that stands.
 bool SheetHasRoom(const Session *session) {
     const RunState &run = session->run;
     const SectionRecord &label = session->form.Sections[SECTION_DETAIL_1];
-    return run.AcrossIndex >= 1 || run.CurrentY + label.SectionHeight <= run.BodyBottom;
+    if (run.AcrossIndex >= 1) return true;
+    return !(label.SectionFlags & SECTION_ADVANCE_BEFORE) &&
+           run.CurrentY + label.SectionHeight <= run.BodyBottom;
 }
 
-// The rest of the sheet shows empty labels. A label that doesn't print, or takes no room, would
-// never fill it, so the sheet is left as it is then.
+// The rest of the sheet shows empty labels. A label that doesn't print, or whose row takes no room,
+// would never fill it, so the sheet is left as it is then.
 void FillSheet(Session *session, uint32_t outline) {
     RunState &run = session->run;
     const int phase = run.RunPhase;
     run.RunPhase = PHASE_FILL;
+    int row_top = INT_MIN;
     while (SheetHasRoom(session)) {
-        const int column = run.AcrossIndex;
-        const int y = run.CurrentY;
+        if (run.AcrossIndex == 0) {
+            if (run.CurrentY <= row_top) break;
+            row_top = run.CurrentY;
+        }
         if (!PrintSection(session, SECTION_DETAIL_1, outline)) break;
-        if (run.AcrossIndex == column && run.CurrentY <= y) break;
     }
     run.RunPhase = phase;
 }
@@ -43,6 +50,7 @@ void PrintClosingSections(Session *session) {
     for (int level = session->form.BreakCount - 1; level >= 0; --level)
         PrintSection(session, SECTION_PAGE_FOOTER - session->form.Breaks[level].SectionIndex, 0);
     PrintSection(session, SECTION_REPORT_FOOTER, 0);
+    run.AcrossIndex = 0; // a row left open would pull the page footer up to its own bottom
     run.CurrentY = run.BodyBottom;
     run.InPageBreak = 1; // no page break can come any more
     run.PageFresh = 1;
@@ -77,11 +85,13 @@ int FinishRun(Session *session, int fill, int32_t *pageCount) {
 } // namespace
 
 int RepExit(int sessionId, int fill, int32_t *pageCount) {
-    Session *session = GetSessionPointer(nullptr, sessionId);
+    Session *session = RunOf(sessionId);
     if (!session) return CODE_NO_SESSION;
-    return AtEntry(
+    const int code = AtEntry(
         session, [&] { return FinishRun(session, fill, pageCount); },
         [&] { return session->ErrorCode; });
+    if (SessionStands(session)) EndIfClosed(session);
+    return code;
 }
 
 int EndRun(Session *session) {

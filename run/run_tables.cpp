@@ -5,6 +5,7 @@
 
 #include "frame/fatal_error.h"
 #include "frame/memory.h"
+#include "frame/session_table.h"
 #include "frame/text.h"
 #include "output/page_store.h"
 
@@ -15,10 +16,12 @@ namespace {
 constexpr size_t RowBytes(int rows) { return static_cast<size_t>(rows) * sizeof(FieldRecord); }
 
 // How many characters the block of a text row holds: it was allocated with FieldWidth + 2 bytes,
-// to which every allocation adds one. A user field's block always holds a whole answer.
+// to which every allocation adds one. However narrow its row, a user field's block holds a whole
+// answer and a system field's the report's name.
 size_t TextRoom(const FieldRecord *row) {
     const size_t width = static_cast<size_t>(std::max<int>(row->FieldWidth, 0)) + 2;
     if (row->FieldKind == FIELD_USER) return std::max(width, sizeof(UserFieldRecord::UserText));
+    if (row->FieldKind == FIELD_SYSTEM) return std::max(width, sizeof(FormHeader::ReportName));
     return width;
 }
 
@@ -77,9 +80,14 @@ void AllocBreakTexts(Session *session) {
     }
 }
 
+// A calculation of another type than its field's leaves its text in the row all the same.
+bool MayOwnText(const FieldRecord &row) {
+    return row.ValueType == TYPE_TEXT || row.FieldKind == FIELD_CALC;
+}
+
 void FreeTexts(FieldRecord *table, int rows) {
     for (int row = 0; table && row < rows; ++row) {
-        if (table[row].ValueType != TYPE_TEXT) continue;
+        if (!MayOwnText(table[row])) continue;
         OurFree(table[row].TextValue);
         table[row].TextValue = nullptr;
     }
@@ -94,6 +102,11 @@ void FreeRows(HGLOBAL *handle, FieldRecord **table) {
 }
 
 } // namespace
+
+Session *RunOf(int sessionId) {
+    Session *session = GetSessionPointer(nullptr, sessionId);
+    return session && session->run.InputTable ? session : nullptr;
+}
 
 void AllocRepMem(Session *session) {
     RunState &run = session->run;
@@ -112,6 +125,11 @@ void FreeRunTables(Session *session) {
     FreeTexts(run.BreakTable, session->form.BreakCount);
     FreeRows(&run.BreakMemory, &run.BreakTable);
     FreeRows(&run.InputMemory, &run.InputTable);
+}
+
+void RenewRowText(Session *session, FieldRecord *row) {
+    OurFree(row->TextValue);
+    AllocRowText(session, row, "Ran Out of Memory(2)");
 }
 
 void SetRowText(FieldRecord *row, const char *text) {

@@ -5,10 +5,16 @@
 
 namespace tessarine {
 
+// The session of a run that has its tables, null for any other id: a start that failed, a viewing,
+// or a run that is being released.
+Session *RunOf(int sessionId);
+
 // The page store and the run's tables, with a block for every text. Fatal with code 3.
 void AllocRepMem(Session *session);
 void FreeRunTables(Session *session);
 
+// Gives a row a new block for its width, with an empty text. Fatal with code 3.
+void RenewRowText(Session *session, FieldRecord *row);
 // Copies a text into a row's own block, cut to what the block holds.
 void SetRowText(FieldRecord *row, const char *text);
 

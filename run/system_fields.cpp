@@ -1,10 +1,6 @@
 #include <cstdio>
-#include <cstring>
 #include <iterator>
 
-#include "frame/fatal_error.h"
-#include "frame/memory.h"
-#include "frame/text.h"
 #include "run/record_driver.h"
 #include "run/run_tables.h"
 
@@ -38,14 +34,8 @@ void SetRecordCount(Session *session, FieldRecord *row) {
 
 void SetParagraphBreak(Session *, FieldRecord *row) { SetRowText(row, "\r"); }
 
-// The block is made anew only when the name is not there yet: the name stays for the whole run.
 void SetReportName(Session *session, FieldRecord *row) {
-    const char *name = session->form.Header.ReportName;
-    if (row->TextValue && !std::strcmp(row->TextValue, name)) return;
-    OurFree(row->TextValue);
-    row->TextValue = static_cast<char *>(OurAlloc(std::strlen(name) + 2));
-    if (!row->TextValue) FatalError(session, "Ran Out of Memory(2)", CODE_MEMORY);
-    std::strcpy(row->TextValue, name);
+    SetRowText(row, session->form.Header.ReportName);
 }
 
 constexpr void (*setters[])(Session *, FieldRecord *) = {

@@ -76,6 +76,23 @@ TEST(Exports, ElevenBlocksAreOneTooMany) {
     EXPECT_EQ(RemoveCRepData(&blocks[10]), 10);
 }
 
+TEST(Exports, WhatAHostLeavesOutIsRefused) {
+    int32_t number = 0;
+    EXPECT_EQ(RepInit(nullptr, 0, nullptr, nullptr), CODE_FILE);
+    RepViewParams block{};
+    EXPECT_FALSE(RepView(nullptr, &number, nullptr, nullptr));
+    EXPECT_FALSE(RepView(&block, nullptr, nullptr, nullptr));
+    EXPECT_EQ(SetCRepData(nullptr), 10);
+    EXPECT_EQ(RemoveCRepData(nullptr), 10);
+    EXPECT_FALSE(RepStrTrim(nullptr));
+    RepLogbrush packed{};
+    LOGBRUSH brush{};
+    EXPECT_EQ(ReadRepLogbrush(nullptr, &brush), 0);
+    EXPECT_EQ(ReadRepLogbrush(&packed, nullptr), 0);
+    EXPECT_EQ(WriteRepLogbrush(nullptr, &packed), 0);
+    EXPECT_EQ(WriteRepLogbrush(&brush, nullptr), 0);
+}
+
 // A host's window, its messages of ended sessions, and a form of one field.
 class HostRun : public testing::Test {
 protected:
@@ -102,6 +119,14 @@ protected:
         return 0;
     }
     static inline std::vector<std::pair<HWND, uint32_t>> ended;
+
+    // Feeds and ends the session of which it hears that it has ended.
+    static int32_t __stdcall GoOn(HWND, uint32_t) {
+        codes = {RepRec(ended_slot, 0, 0), RepExit(ended_slot, 0, nullptr)};
+        return 0;
+    }
+    static inline int ended_slot;
+    static inline std::vector<int32_t> codes;
 
     TemporaryFolder folder;
     MessageBoxes boxes;
@@ -167,6 +192,55 @@ TEST_F(HostRun, RunThatDidNotStartKeepsItsSlot) {
     std::strcpy(params.FormFile, "C:\\NO\\SUCH.FP");
     EXPECT_EQ(RepInit(&params, 0, nullptr, nullptr), CODE_FILE);
     EXPECT_TRUE(GetSessionPointer(nullptr, slot));
+}
+
+TEST_F(HostRun, RunThatDidNotStartTakesNoRecordAndNoEnd) {
+    std::strcpy(params.OutputFile, "");
+    ASSERT_EQ(RepInit(&params, 0, nullptr, nullptr), CODE_NO_OUTPUT_FILE);
+    ASSERT_TRUE(GetSessionPointer(nullptr, 0));
+    for (int slot = 0; GetSessionPointer(nullptr, slot); ++slot) {
+        EXPECT_EQ(RepRec(slot, 0, 0), CODE_NO_SESSION);
+        EXPECT_EQ(RepExit(slot, 0, nullptr), CODE_NO_SESSION);
+    }
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(HostRun, SessionThatIsEndingTakesNoRecordAndNoOtherEnd) {
+    ASSERT_EQ(RepInit(&params, 0, nullptr, nullptr), 0);
+    ended_slot = params.SessionId;
+    codes.clear();
+    EXPECT_EQ(RepSetMsgCallback(nullptr, ended_slot, GoOn), 1);
+    EXPECT_EQ(RepExit(ended_slot, 0, nullptr), 0);
+    const std::vector<int32_t> expected{CODE_NO_SESSION, CODE_NO_SESSION};
+    EXPECT_EQ(codes, expected);
+    EXPECT_FALSE(GetSessionPointer(nullptr, ended_slot));
+}
+
+TEST_F(HostRun, OpenSessionRefusesWhatAHostLeavesOut) {
+    ASSERT_EQ(RepInit(&params, 0, nullptr, nullptr), 0);
+    Session *session = GetSessionPointer(nullptr, params.SessionId);
+    uint16_t cells[MAX_CELLS]{};
+    char text[400] = "";
+    int32_t number = 0;
+    EXPECT_EQ(FrSave(session, nullptr), 0);
+    EXPECT_EQ(AddNewDataField(session, nullptr, 11, 0, 0, 0), -1);
+    EXPECT_EQ(AddNewCalcField(session, nullptr, 11, "X", 0, 0), -1);
+    EXPECT_EQ(AddNewCalcField(session, "1", 11, nullptr, 0, 0), -1);
+    EXPECT_EQ(CreateFieldLabel(session, 1, nullptr, 0, 0), 0);
+    EXPECT_EQ(GetFieldSize(session, 1, 0, nullptr, &number), 0);
+    EXPECT_EQ(GetFieldSize(session, 1, 0, &number, nullptr), 0);
+    EXPECT_EQ(GetLabelLen(session, nullptr, 0), 0);
+    EXPECT_EQ(TruncateText(session, nullptr, 10, 0), 1);
+    EXPECT_EQ(GenerateSymbols(session, nullptr, cells, &number, 0), 0);
+    EXPECT_EQ(GenerateSymbols(session, text, nullptr, &number, 0), 0);
+    EXPECT_EQ(GenerateSymbols(session, text, cells, nullptr, 0), 0);
+    EXPECT_EQ(ValidateExp(session, nullptr, 0), 0);
+    EXPECT_EQ(ReleaseSymbols(session, nullptr), 1);
+    EXPECT_EQ(SetDevNames(session, nullptr), 0);
+    EXPECT_EQ(SetDevMode(session, nullptr, 0), 0);
+    EXPECT_FALSE(ReadMetaFilePage(session, 0, nullptr, nullptr));
+    EXPECT_TRUE(boxes.Log().empty());
+    EXPECT_EQ(RepExit(params.SessionId, 0, nullptr), 0);
 }
 
 TEST_F(HostRun, EmptyOutputNameGives19AndTheBlockIsNotWrittenBack) {

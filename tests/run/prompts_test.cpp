@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "tests/support/host_window.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/report_run.h"
@@ -171,13 +172,13 @@ TEST(Prompts, OnlyDecimalNumbersAreNumbers) {
     EXPECT_EQ(ShownAnswer(TYPE_DOUBLE, "+.5"), ShownAnswer(TYPE_DOUBLE, "0.5"));
 }
 
-TEST(Prompts, AnswerHasAtMostFiftyCharacters) {
+TEST(Prompts, AnswerHasAtMost49Characters) {
     AskingForm form;
     form.Ask("X", TYPE_TEXT, 0);
-    Prompter prompter({{std::string(50, 'i') + "more", NEXT}});
+    Prompter prompter({{std::string(49, 'i') + "more", NEXT}});
     ReportRun run(form);
     ASSERT_EQ(run.Start(), 0);
-    EXPECT_EQ(std::string(run.Row("DLG->X")->TextValue), std::string(50, 'i'));
+    EXPECT_EQ(std::string(run.Row("DLG->X")->TextValue), std::string(49, 'i'));
     run.Finish();
 }
 
@@ -192,4 +193,18 @@ TEST(Prompts, RefusedAnswersAreToldInPlainBoxes) {
               (std::vector<BoxRecord>{{"", "Invalid Date Format/Value!", {IDOK}},
                                       {"", "Valid entries: YES,NO,TRUE,FALSE,Y,N,1,0", {IDOK}}}));
     EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"row", "01/02/97", "N"}));
+}
+
+TEST(Prompts, HostHearsOfTheChangeAndAtTheEndOfTheRunThatThereIsNone) {
+    AskingForm form;
+    form.Ask("X", TYPE_TEXT, 0);
+    Prompter prompter({{"abc", NEXT}});
+    const HostWindow host;
+    ReportRun run(form);
+    run.params.ParentWindow = host.Get();
+    ASSERT_EQ(run.Start(), 0);
+    EXPECT_EQ(host.Count(MESSAGE_MODIFIED), 1);
+    EXPECT_EQ(host.Count(MESSAGE_UNMODIFIED), 0);
+    run.Finish();
+    EXPECT_EQ(host.Count(MESSAGE_UNMODIFIED), 1);
 }

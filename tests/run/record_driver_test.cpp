@@ -274,6 +274,38 @@ TEST(RecordDriver, LongerTextOfTheHostIsTakenWhole) {
     EXPECT_EQ(PageWords(run.Report(), 0), Lines{text});
 }
 
+// An operand is 15 characters wide, whatever it names.
+TEST(RecordDriver, ReportsNameStaysWholeAsAnOperand) {
+    const std::string name = "SALES OF THE YEAR BY COUNTRY, CITY AND CUSTOMER, 51";
+    FormBuilder form;
+    std::strcpy(form.header.ReportName, name.c_str());
+    const int operand = form.Field(FIELD_SYSTEM, "SYS->REPORT_NAME", TYPE_TEXT);
+    At(form, operand).TableIndex = SYSTEM_REPORT_NAME;
+    const int calc = form.Field(FIELD_CALC, "CALC->C", TYPE_TEXT);
+    FormBuilder::Store({operand}, At(form, calc).FieldTokens);
+    form.Section(SECTION_DETAIL_1, 50);
+    form.FieldItem(SECTION_DETAIL_1, 200, 0, 1700, 50, calc);
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(run.Run({{}, {}}), 0) << boxes.LastText();
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{name, name}));
+}
+
+TEST(RecordDriver, TextOfACalculationThatIsNoTextFieldIsGivenBack) {
+    NumberForm form;
+    const int text = form.Constant("\"words\"", TYPE_TEXT);
+    const int calc = form.Field(FIELD_CALC, "CALC->C", TYPE_NUMERIC);
+    FormBuilder::Store({text}, At(form, calc).FieldTokens);
+    form.Section(SECTION_SORT_HEADER_1, 50);
+    form.Section(SECTION_DETAIL_1, 50);
+    form.Break(form.number, calc, SECTION_SORT_HEADER_1);
+    MessageBoxes boxes;
+    const int blocks = tessarine::LiveBlocks();
+    ReportRun run(form);
+    ASSERT_EQ(run.Run({{{"N", "1"}}, {{"N", "2"}}}), 0) << boxes.LastText();
+    EXPECT_EQ(tessarine::LiveBlocks(), blocks);
+}
+
 TEST(RecordDriver, MinimumOfPositivesShowsZeroInTheFirstGroup) {
     NumberForm form;
     const int group = form.Field(FIELD_DATA, "G", TYPE_TEXT);

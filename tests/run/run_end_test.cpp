@@ -4,9 +4,11 @@
 #include "frame/memory.h"
 #include "frame/session_table.h"
 #include "run/run.h"
+#include "tests/support/failing_call.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/metafile_records.h"
 #include "tests/support/page_texts.h"
+#include "tests/support/preview_run.h"
 #include "tests/support/report_run.h"
 
 namespace {
@@ -175,6 +177,49 @@ TEST(RunEnd, FillEndsThoughTheLabelsFilterRefuses) {
     EXPECT_EQ(run.Finish(1), 0);
 }
 
+TEST(RunEnd, FillEndsThoughARowOfLabelsTakesNoRoom) {
+    LabelSheet form;
+    form.header.TopMargin = 1.0F;
+    form.header.LabelGeometry.VerticalPitch = 0.0F;
+    MessageBoxes boxes;
+    const LabelMode mode;
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    EXPECT_EQ(run.Finish(1), 0);
+    EXPECT_TRUE(boxes.Log().empty()) << boxes.LastText();
+}
+
+// Each of its rows would begin another sheet.
+TEST(RunEnd, FillStaysOnTheSheetOfALabelThatAdvancesThePage) {
+    LabelSheet form;
+    form.sections[SECTION_DETAIL_1].SectionFlags = SECTION_ADVANCE_BEFORE;
+    MessageBoxes boxes;
+    const LabelMode mode;
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    for (const char *name : {"a", "b", "c", "d"}) ASSERT_EQ(run.Feed({{"NAME", name}}), 0);
+    ASSERT_EQ(run.Finish(1), 0) << boxes.LastText();
+    ASSERT_EQ(run.page_count, 2);
+    EXPECT_EQ(PageWords(run.Report(), 1), Lines{"d"});
+    EXPECT_EQ(LinesWith(DrawingOf(PagesOf(run.Report()).at(1)), {"round"}).size(), 2u);
+}
+
+TEST(RunEnd, LastPageFooterStandsAtTheBodysBottomUnderAHalfFullRow) {
+    OneLine form;
+    form.sections[SECTION_DETAIL_1].Across = 3;
+    form.items[SECTION_DETAIL_1][0].width = 600;
+    form.Section(SECTION_PAGE_FOOTER, 50);
+    form.Label(SECTION_PAGE_FOOTER, 200, 0, 400, 50, "foot").ItemFlags = FLAG_LEFT | FLAG_TOP;
+    MessageBoxes boxes;
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    const int bottom = tessarine::GetSessionPointer(nullptr, run.params.SessionId)->run.BodyBottom;
+    ASSERT_EQ(run.Feed({{"NAME", "a"}}), 0);
+    ASSERT_EQ(run.Finish(), 0);
+    const std::string foot = PageLines(run.Report(), 0).back();
+    EXPECT_NE(foot.find("," + std::to_string(bottom) + " foot"), std::string::npos) << foot;
+}
+
 TEST(RunEnd, SessionsAndBlocksAreGivenBack) {
     MessageBoxes boxes;
     {
@@ -228,6 +273,27 @@ TEST(RunSetUp, LabelFormInAReportRunIsRefusedSilentlyWith101) {
     const LabelMode mode;
     EXPECT_EQ(ReportRun{OneLine{}}.Start(), CODE_NOT_A_LABEL_FORM);
     EXPECT_TRUE(boxes.Log().empty());
+}
+
+namespace {
+
+class EndOfAPreview : public PreviewRun {};
+
+} // namespace
+
+TEST_F(EndOfAPreview, CloseBehindAFailureOfTheEndWaitsForItsAnswer) {
+    ASSERT_EQ(Feed(2), 0);
+    bool open_behind = false;
+    boxes.OnDialog("Fatal Error", [&](HWND box) {
+        Send(WM_CLOSE, 0);
+        open_behind = Open();
+        PostMessageA(box, WM_COMMAND, IDOK, 0);
+    });
+    const FailingCall failing("CopyMetaFileA", CopyMetaFileA, nullptr);
+    EXPECT_EQ(run.Finish(), CODE_FILE);
+    EXPECT_TRUE(open_behind);
+    EXPECT_FALSE(Open());
+    EXPECT_EQ(FilesOfPages(), 0);
 }
 
 TEST(RunEnd, SessionOfAPreviewStandsUntilItsWindowIsClosed) {
