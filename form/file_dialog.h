@@ -6,7 +6,7 @@
 namespace tessarine {
 
 // name: in the initial name, out the chosen one; 128 characters are used. In filter "|" separates
-// the parts. False when the user cancelled; a designer's parent is then told with 631.
+// the parts. False when the user cancelled; the session's parent is then told with 631.
 bool AskFileName(Session *session, char *name, const char *filter, const char *title, bool save);
 
 } // namespace tessarine

@@ -185,10 +185,8 @@ int FrFonts(Session *session, const LOGFONTA *font) {
         return 0;
     const int row = TakeFontRow(session, wanted);
     if (row == NO_ROW) return 0;
-    if (item->ItemType == ITEM_GROUP)
-        SetGroupFont(session, row, item->TextColor);
-    else
-        SetItemFont(session, item, row, item->TextColor);
+    SetItemFont(session, item, row, item->TextColor);
+    if (item->ItemType == ITEM_GROUP) SetGroupFont(session, row, item->TextColor);
     SetModified(session, 1);
     return 1;
 }

@@ -193,14 +193,13 @@ FormRead ReadFormFile(Session *session, char *path) {
     }
     OwnedFile file(opened.file);
     if (opened.fell_back) WarnOfReadOnly(session, path);
-    const HCURSOR old_cursor = SetCursor(session->device.WaitCursor);
+    SetCursor(session->device.WaitCursor);
     for (int row = 1; row < MAX_FONTS; ++row)
         if (session->form.Fonts[row].InUse) ReleaseFontRow(session, row);
     ReadHeader(session, file.Get());
     TellHost(session->form.Header, opened.writable && !opened.fell_back);
     ReadTables(session, file.Get());
     if (opened.writable) KeepLock(session, &file, path);
-    SetCursor(old_cursor);
     return FormRead::Done;
 }
 

@@ -121,6 +121,7 @@ Save WriteTables(Session *session, HANDLE file) {
 
 Save WriteForm(Session *session, const char *path) {
     if (const Save opened = OpenOutput(session, path); opened != Save::Done) return opened;
+    SetCursor(session->device.WaitCursor);
     PrepareHeader(session, path);
     const HANDLE file = session->form.FormLock;
     if (const Save written = WriteTables(session, file); written != Save::Done) return written;
@@ -150,7 +151,7 @@ int FrSave(Session *session, char *path) {
         MoveFileA(path, backup); // fails on a form that this session holds locked
     }
     UpperText(path);
-    const HCURSOR old_cursor = SetCursor(session->device.WaitCursor);
+    const HCURSOR old_cursor = GetCursor();
     const Save outcome = WriteForm(session, path);
     ReleaseLock(session);
     if (outcome == Save::Recover) {

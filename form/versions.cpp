@@ -1,5 +1,6 @@
 #include "form/versions.h"
 
+#include "form/defaults.h"
 #include "form/form_blocks.h"
 #include "frame/fatal_error.h"
 
@@ -26,6 +27,7 @@ void RenumberSections(Session *session) {
 
 void ReadOldSections(Session *session, HANDLE file) {
     SectionRecord *sections = session->form.Sections;
+    InitSections(session); // the later detail sections may be those of an earlier form
     for (int row = 0; row <= SECTION_DETAIL_1; ++row)
         if (!ReadBlock(file, &sections[row], sizeof sections[row]))
             FatalError(session, "Error reading one section", CODE_TABLES);

@@ -33,8 +33,8 @@ void MakeCurrent(int slot) {
 } // namespace
 
 int SetCRepData(HostData *block) {
-    if (!block) return BLOCKS;
     if (Pinned()) return current_slot;
+    if (!block) return BLOCKS;
     int slot = SlotOf(block);
     if (slot == NONE) {
         slot = SlotOf(nullptr);

@@ -42,6 +42,7 @@ int LiveBlocks() { return live_blocks; }
 void *OurAlloc(size_t size) {
     const HGLOBAL handle = AllocationFails() ? nullptr : GlobalAlloc(GMEM_MOVEABLE, size + 1);
     void *memory = handle ? GlobalLock(handle) : nullptr;
+    if (handle && !memory) GlobalFree(handle);
     return Allocated(memory, "Memory Allocation Error (OurAlloc)");
 }
 

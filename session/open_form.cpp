@@ -38,7 +38,7 @@ void MakeFontRows(Session *session) {
         if (!font.InUse) {
             ReleaseFontRow(session, row);
         } else if (font.IsPicture) {
-            if (font.InfoBlock) RestoreBitmap(session, session->device.ScreenDC, row);
+            RestoreBitmap(session, session->device.ScreenDC, row);
         } else if (!MakeFont(session, session->device.ScreenDC, row, true)) {
             FatalErrorWith(session, "Error Creating Font: %s", font.LogFont.lfFaceName,
                            CODE_DISPLAY);
@@ -59,6 +59,18 @@ void OfferDataFields(Session *session) {
     }
 }
 
+// The cursor that stood before the wait cursor comes back, also after a failure.
+class CursorKept {
+public:
+    CursorKept() : cursor_(GetCursor()) {}
+    CursorKept(const CursorKept &) = delete;
+    CursorKept &operator=(const CursorKept &) = delete;
+    ~CursorKept() { SetCursor(cursor_); }
+
+private:
+    HCURSOR cursor_;
+};
+
 } // namespace
 
 int OpenForm(Session *session, char *path) {
@@ -69,6 +81,7 @@ int OpenForm(Session *session, char *path) {
         CloseSession(session);
         return 0;
     }
+    const CursorKept cursor;
     switch (ReadFormFile(session, path)) {
     case FormRead::Done: break;
     case FormRead::Refused: return 0;

@@ -41,6 +41,19 @@ TEST_F(Defaults, SessionStartsWithoutAFormFocusCommandOrLock) {
     EXPECT_EQ(form.FontMarker, 190);
 }
 
+TEST_F(Defaults, StartingOverOnAnOpenFormReleasesItsLock) {
+    const TemporaryFolder folder;
+    const std::string path = folder.Path("FORM.FP");
+    WriteWholeFile(path, "form");
+    session->form.FormLock = CreateFileA(path.c_str(), GENERIC_READ | GENERIC_WRITE,
+                                         FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(session->form.FormLock, INVALID_HANDLE_VALUE);
+    EXPECT_FALSE(DeleteFileA(path.c_str()));
+    InitVariables(session);
+    EXPECT_EQ(session->form.FormLock, INVALID_HANDLE_VALUE);
+    EXPECT_TRUE(DeleteFileA(path.c_str()));
+}
+
 TEST_F(Defaults, ColoursGridAndPageStartAsTheyShould) {
     EXPECT_EQ(session->device.ForeColor, 0x000000u);
     EXPECT_EQ(session->device.BackColor, 0xFFFFFFu);

@@ -147,6 +147,18 @@ TEST_F(FontTable, MarkedItemsOfTheGroupTakeTheFontAndLoseTheirMarks) {
     EXPECT_EQ(+session->form.Items[other].FontIndex, 0);
 }
 
+TEST_F(FontTable, GroupTakesTheFontItselfSoThatItIsOfferedNextTime) {
+    const LOGFONTA font = FontOfHeight(60);
+    ItemRecord *group = Focus(ITEM_GROUP);
+    ASSERT_EQ(FrFonts(session, &font), 1);
+    ASSERT_NE(+group->FontIndex, 0);
+    EXPECT_EQ(Row(group->FontIndex).LogFont.lfHeight, -60);
+    EXPECT_EQ(+group->width, 0);
+    boxes.OnDialog("Font", [&](HWND dialog) { SendMessageA(dialog, WM_COMMAND, IDOK, 0); });
+    ASSERT_EQ(FrFonts(session, nullptr), 1);
+    EXPECT_NEAR(Row(group->FontIndex).LogFont.lfHeight, -60, 4);
+}
+
 TEST_F(FontTable, CancelledDialogChangesNothing) {
     ItemRecord *label = Focus();
     bool asked = false;

@@ -77,6 +77,17 @@ protected:
     }
 };
 
+std::vector<HCURSOR> cursors; // that stood when files were opened
+
+HANDLE WINAPI NoteCursor(LPCSTR path, DWORD access, DWORD share, SECURITY_ATTRIBUTES *security,
+                         DWORD disposition, DWORD flags, HANDLE model) {
+    cursors.push_back(GetCursor());
+    // By its other name, since this one leads here.
+    wchar_t wide[MAX_PATH];
+    MultiByteToWideChar(CP_ACP, 0, path, -1, wide, MAX_PATH);
+    return CreateFileW(wide, access, share, security, disposition, flags, model);
+}
+
 constexpr size_t ITEMS_SIZE = MAX_ITEMS * sizeof(ItemRecord);
 constexpr size_t FIELDS_SIZE = MAX_FIELDS * sizeof(FieldRecord);
 
@@ -285,6 +296,22 @@ TEST_F(FormWriter, SavedFormIsLockedAndUnmodified) {
                                        FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
                                        0, nullptr));
     EXPECT_FALSE(writer);
+}
+
+TEST_F(FormWriter, WaitCursorShowsFromTheOpenFileToTheEnd) {
+    Load();
+    const HCURSOR arrow = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
+    const HCURSOR wait = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_WAIT));
+    session->device.WaitCursor = wait;
+    SetCursor(arrow);
+    cursors.clear();
+    {
+        const ReplacedCall opens("CreateFileA", NoteCursor);
+        ASSERT_EQ(Save(folder.Path("COPY.FP")), 1);
+    }
+    // The file is made, opened, and in the end opened again.
+    EXPECT_EQ(cursors, (std::vector<HCURSOR>{arrow, arrow, wait}));
+    EXPECT_EQ(GetCursor(), arrow);
 }
 
 TEST_F(FormWriter, RowOutOfUseIsWrittenFree) {

@@ -53,11 +53,26 @@ TEST_F(Versions, ItemInSection12OfVersion1ComesOutInSection20) {
 }
 
 TEST_F(Versions, LaterDetailSectionsOfOldFormsKeepTheSessionsDefaults) {
-    session->form.Sections[SECTION_DETAIL_1 + 3].Across = 7;
     ASSERT_EQ(ReadBytes(InOldVersion(form.Bytes(), 1)), READ_DONE);
-    EXPECT_EQ(+session->form.Sections[SECTION_DETAIL_1 + 1].InUse, 0);
-    EXPECT_EQ(+session->form.Sections[SECTION_DETAIL_1 + 1].Across, 1);
-    EXPECT_EQ(+session->form.Sections[SECTION_DETAIL_1 + 3].Across, 7);
+    for (int row = SECTION_DETAIL_1 + 1; row <= SECTION_DETAIL_9; ++row) {
+        EXPECT_EQ(+session->form.Sections[row].InUse, 0);
+        EXPECT_EQ(+session->form.Sections[row].Across, 1);
+        EXPECT_EQ(+session->form.Sections[row].SectionFilter[0], CELL_END);
+    }
+}
+
+TEST_F(Versions, LaterDetailSectionsOfTheFormBeforeDoNotStayInAnOldForm) {
+    FormBuilder before;
+    before.Section(SECTION_DETAIL_1, 100);
+    before.Section(SECTION_DETAIL_9, 100);
+    before.sections[SECTION_DETAIL_9].Across = 7;
+    for (const int version : {0, 1}) {
+        ASSERT_EQ(ReadBytes(before.Bytes()), READ_DONE);
+        ASSERT_EQ(+session->form.Sections[SECTION_DETAIL_9].InUse, 1);
+        ASSERT_EQ(ReadBytes(InOldVersion(form.Bytes(), version)), READ_DONE) << boxes.LastText();
+        EXPECT_EQ(+session->form.Sections[SECTION_DETAIL_9].InUse, 0);
+        EXPECT_EQ(+session->form.Sections[SECTION_DETAIL_9].Across, 1);
+    }
 }
 
 TEST_F(Versions, FormsOfVersion2And3ReadAsThoseOfToday) {

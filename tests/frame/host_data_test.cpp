@@ -59,7 +59,10 @@ TEST(HostData, PinnedBlockStaysWhicheverIsPassed) {
     own.blocks[1].LabelTypePtr = &other;
     EXPECT_EQ(tessarine::SetCRepData(&own.blocks[1]), slot);
     EXPECT_EQ(tessarine::host_data.LabelTypePtr, nullptr);
+    EXPECT_EQ(tessarine::SetCRepData(nullptr), slot);
     pinned = 0;
+    EXPECT_EQ(tessarine::SetCRepData(nullptr), 10);
+    EXPECT_EQ(tessarine::host_data.PinnedPtr, &pinned);
     EXPECT_NE(tessarine::SetCRepData(&own.blocks[1]), slot);
 }
 

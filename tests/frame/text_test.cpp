@@ -60,6 +60,14 @@ TEST(Memory, EachAllocatorNamesItsOwnFailure) {
     tessarine::FreeHandle(handle);
 }
 
+TEST(Memory, BlockWithoutRoomForItsLastByteLeavesNoHandleBehind) {
+    MessageBoxes boxes;
+    const FailingCall frees("GlobalFree", GlobalFree, nullptr, EVERY_CALL);
+    EXPECT_EQ(tessarine::OurAlloc(SIZE_MAX), nullptr);
+    EXPECT_EQ(frees.Seen(), 1);
+    EXPECT_EQ(boxes.Texts(), std::vector<std::string>{"Memory Allocation Error (OurAlloc)"});
+}
+
 TEST(Memory, NothingIsFreedAsWellAsSomething) {
     EXPECT_EQ(tessarine::MemFree(nullptr), 1);
     EXPECT_EQ(tessarine::MemFree(tessarine::MemAlloc(0)), 1);

@@ -1,5 +1,6 @@
 #include "session/open_form.h"
 
+#include <algorithm>
 #include <cstring>
 #include <random>
 
@@ -25,9 +26,12 @@ struct OfferedField {
 };
 std::vector<OfferedField> offered;
 
+HCURSOR cursor_of_offer; // that stood when a field was offered
+
 int32_t __stdcall CheckField(HWND window, FieldRecord *record, int32_t level, void *context) {
     offered.push_back(
         {window, record->FieldName, record->HostTable, record->HostField, level, context});
+    cursor_of_offer = GetCursor();
     record->HostTable = 4;
     record->HostField = static_cast<int16_t>(offered.size());
     return 1;
@@ -151,6 +155,21 @@ TEST_F(OpenFormTest, DataFieldsAreOfferedToTheHostByName) {
     EXPECT_EQ(+FieldNamed("TABLE->N").HostField, 2);
 }
 
+TEST_F(OpenFormTest, WaitCursorShowsUntilTheFormIsWhollyOpen) {
+    ASSERT_EQ(StartOn(form), 0);
+    ASSERT_NE(session->device.WaitCursor, nullptr);
+    session->FormBlock.CheckFieldProc = CheckField;
+    const HCURSOR arrow = LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_ARROW));
+    SetCursor(arrow);
+    ASSERT_EQ(Open(Put(form.Bytes())), 1);
+    EXPECT_EQ(cursor_of_offer, session->device.WaitCursor);
+    EXPECT_EQ(GetCursor(), arrow);
+    std::string damaged = form.Bytes();
+    damaged.resize(FormBlocks(damaged).sections);
+    EXPECT_EQ(Open(Put(damaged)), 36);
+    EXPECT_EQ(GetCursor(), arrow);
+}
+
 TEST_F(OpenFormTest, DataFieldsStayUnresolvedInARun) {
     form.fields[1].HostTable = 9;
     form.fields[1].HostField = 9;
@@ -201,6 +220,18 @@ TEST_F(OpenFormTest, PictureThatNoItemShowsIsGivenUpWithItsBlocks) {
     EXPECT_EQ(+session->form.Fonts[2].InUse, 0u);
     EXPECT_EQ(session->form.Fonts[2].BitsBlock, nullptr);
     EXPECT_EQ(LiveBlocks(), blocks);
+}
+
+TEST_F(OpenFormTest, PictureThatAnItemShowsWithoutDataIsToldAndTheFormOpens) {
+    std::string empty = PictureRow().substr(0, 2 + 12);
+    std::fill(empty.begin() + 6, empty.end(), '\0');
+    form.Label(SECTION_DETAIL_1, 1000, 0, 100, 100, "").ItemType = ITEM_PICTURE;
+    form.items[SECTION_DETAIL_1].back().FontIndex = 2;
+    ASSERT_EQ(Start(Put(WithFontRow(form.Bytes(), empty))), 0);
+    ASSERT_EQ(boxes.Log().size(), 1u);
+    EXPECT_EQ(boxes.Log()[0],
+              (BoxRecord{"", "Ran out of memory for Bitmap Image and info!", {IDOK}}));
+    EXPECT_EQ(session->form.Fonts[2].Bitmap, nullptr);
 }
 
 TEST_F(OpenFormTest, FontsAreMadeAndMeasured) {
