@@ -153,6 +153,16 @@ TEST_F(HostRun, ReportToAFileTakesNothingButTheExports) {
     EXPECT_EQ(boxes.Texts(), std::vector<std::string>{});
 }
 
+TEST_F(HostRun, RunWordOfTheFormComesBackWithItsSign) {
+    std::string bytes = ReadWholeFile(params.FormFile);
+    const int16_t word = -2;
+    std::memcpy(bytes.data() + offsetof(FormHeader, RunWord), &word, sizeof word);
+    WriteWholeFile(params.FormFile, bytes);
+    ASSERT_EQ(RepInit(&params, 0, nullptr, nullptr), 0);
+    EXPECT_EQ(+params.RunWord, -2);
+    RepExit(params.SessionId, 0, nullptr);
+}
+
 TEST_F(HostRun, EndOfTheSessionIsToldToTheCallbackOnce) {
     ASSERT_EQ(RepInit(&params, 0, nullptr, nullptr), 0);
     EXPECT_EQ(RepSetMsgCallback(nullptr, params.SessionId, TakeMessage), 1);

@@ -5,6 +5,8 @@
 #include <cstring>
 
 #include "form/form_writer.h"
+#include "frame/host_data.h"
+#include "tests/support/failing_call.h"
 #include "tests/support/form_files.h"
 #include "tests/support/host_window.h"
 
@@ -15,6 +17,25 @@ namespace {
 constexpr int NAME_EDIT = 0x480;
 constexpr int NAME_COMBO = 0x47C;
 constexpr const char *FILTER = "Tessarine+ Files(*.FP)|*.FP|";
+
+struct SeenDialog {
+    HWND owner;
+    DWORD flags;
+    DWORD room;
+    std::string filter; // with its inner ends
+    std::string title;
+    std::string folder;
+};
+std::vector<SeenDialog> seen;
+
+BOOL WINAPI NoteDialog(OPENFILENAMEA *dialog) {
+    const char *end = dialog->lpstrFilter;
+    while (*end) end += std::strlen(end) + 1;
+    seen.push_back({dialog->hwndOwner, dialog->Flags, dialog->nMaxFile,
+                    std::string(dialog->lpstrFilter, end), dialog->lpstrTitle,
+                    dialog->lpstrInitialDir ? dialog->lpstrInitialDir : "(none)"});
+    return FALSE;
+}
 
 class FileDialog : public FormFiles {
 protected:
@@ -70,6 +91,39 @@ TEST_F(FileDialog, MouseMessagesBehindTheDialogAreDropped) {
     AskFileName(session, name, FILTER, "Choose", false);
     MSG message;
     EXPECT_FALSE(PeekMessageA(&message, host.Get(), WM_MOUSEFIRST, WM_MOUSELAST, PM_NOREMOVE));
+}
+
+TEST_F(FileDialog, SaveAsksBeforeItOverwritesAndNeitherLeavesTheCurrentFolder) {
+    char name[260] = "";
+    seen.clear();
+    const ReplacedCall open("GetOpenFileNameA", NoteDialog);
+    const ReplacedCall save("GetSaveFileNameA", NoteDialog);
+    AskFileName(session, name, FILTER, "Choose", false);
+    AskFileName(session, name, FILTER, "Keep", true);
+    ASSERT_EQ(seen.size(), 2u);
+    EXPECT_EQ(seen[0].flags, DWORD{OFN_HIDEREADONLY | OFN_NOCHANGEDIR});
+    EXPECT_EQ(seen[1].flags, DWORD{OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_OVERWRITEPROMPT});
+    EXPECT_EQ(seen[0].title, "Choose");
+    EXPECT_EQ(seen[1].title, "Keep");
+    for (const SeenDialog &dialog : seen) {
+        EXPECT_EQ(dialog.filter, std::string("Tessarine+ Files(*.FP)\0*.FP\0", 28));
+        EXPECT_EQ(dialog.room, 129u); // 128 characters and their end
+        EXPECT_EQ(dialog.owner, host.Get());
+    }
+}
+
+TEST_F(FileDialog, HostsFolderIsOfferedUnlessItIsEmpty) {
+    char name[260] = "";
+    seen.clear();
+    const ReplacedCall open("GetOpenFileNameA", NoteDialog);
+    for (const char *offer : {"C:\\FORMS", "", static_cast<const char *>(nullptr)}) {
+        host_data.FileDialogDir = offer;
+        AskFileName(session, name, FILTER, "Choose", false);
+    }
+    ASSERT_EQ(seen.size(), 3u);
+    EXPECT_EQ(seen[0].folder, "C:\\FORMS");
+    EXPECT_EQ(seen[1].folder, "(none)");
+    EXPECT_EQ(seen[2].folder, "(none)");
 }
 
 TEST_F(FileDialog, NameLongerThanTheRoomIsCut) {

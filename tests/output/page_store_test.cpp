@@ -213,6 +213,43 @@ TEST_F(PageStore, HostsTextsAreCutToTheirPlaceInTheHeader) {
     EXPECT_EQ(+header.PageBottom, 10.5F);
 }
 
+TEST_F(PageStore, HeaderHoldsTheMeasuresOfPagePaperAndLabelSheet) {
+    PrinterState &printer = session->printer;
+    printer.UsableWidth = 7.5F;
+    printer.UsableHeight = 9.25F;
+    printer.PaperWidth = 8.5F;
+    printer.PaperHeight = 11.0F;
+    mode.dmPaperSize = -5;
+    mode.dmPaperLength = 2794;
+    mode.dmPaperWidth = 2159;
+    session->run.RecordCount = 70000;
+    session->run.PageCount = 2;
+    const uint32_t table[] = {490, 600, 777};
+    std::memcpy(session->pages.PageTable, table, sizeof table);
+    FormHeader &form = session->form.Header;
+    std::strcpy(form.ReportName, "Sheet");
+    form.LabelType = 5160;
+    std::memset(static_cast<void *>(&form.LabelGeometry), 7, sizeof form.LabelGeometry);
+    const std::string path = folder.Path("OUT.FRC");
+    ASSERT_EQ(Finish(path), 0);
+    const std::string bytes = ReadWholeFile(path);
+    const ReportFileHeader header = HeaderOf(bytes);
+    EXPECT_STREQ(header.ReportName, "Sheet");
+    EXPECT_EQ(+header.PageCount, 2);
+    EXPECT_EQ(+header.PageTableOffset, 777);
+    EXPECT_EQ(+header.RecordCount, 70000);
+    EXPECT_EQ(+header.PageWidth, 7.5F);
+    EXPECT_EQ(+header.PageHeight, 9.25F);
+    EXPECT_EQ(+header.PaperWidth, 8.5F);
+    EXPECT_EQ(+header.PaperHeight, 11.0F);
+    EXPECT_EQ(+header.PaperSize, -5);
+    EXPECT_EQ(+header.PaperLength, 2794);
+    EXPECT_EQ(+header.PaperWidthTenths, 2159);
+    EXPECT_EQ(+header.LabelType, 5160u);
+    EXPECT_EQ(bytes.substr(248, 40), std::string(40, '\7'));
+    EXPECT_EQ(bytes.substr(777), std::string(reinterpret_cast<const char *>(table), sizeof table));
+}
+
 TEST_F(PageStore, ReportHeaderThatCannotBeReadTellsWhy) {
     const auto read = [&](const std::string &path) {
         return ReadReportHeader(session, path.c_str());
