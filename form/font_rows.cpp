@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstdlib>
+#include <iterator>
 
 #include "form/fonts.h"
 #include "form/form_blocks.h"
@@ -41,13 +42,18 @@ bool ReadMovable(Session *session, HANDLE file, uint32_t size, HGLOBAL *block) {
     return read;
 }
 
+bool IsDepth(int bits) {
+    constexpr int depths[] = {1, 4, 8, 16, 24, 32};
+    return std::find(std::begin(depths), std::end(depths), bits) != std::end(depths);
+}
+
 // A block that is no device-independent bitmap with all its bits would be read beyond its end.
 bool IsWholeBitmap(const FontEntry &font) {
     const auto *info = static_cast<const BITMAPINFOHEADER *>(LockHandle(font.InfoBlock));
     if (!info) return false;
     bool whole = font.InfoSize >= sizeof *info && info->biSize == sizeof *info &&
-                 info->biCompression == BI_RGB && info->biWidth > 0 && info->biHeight != 0 &&
-                 info->biHeight != INT32_MIN;
+                 IsDepth(info->biBitCount) && info->biCompression == BI_RGB && info->biWidth > 0 &&
+                 info->biHeight != 0 && info->biHeight != INT32_MIN;
     if (whole) {
         const uint64_t colors = info->biClrUsed         ? info->biClrUsed
                                 : info->biBitCount <= 8 ? uint64_t{1} << info->biBitCount

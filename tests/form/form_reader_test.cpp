@@ -398,6 +398,23 @@ TEST_F(FormReader, PictureWithFewerBitsThanItsSizeNeedsIsDropped) {
     EXPECT_EQ(LiveBlocks(), blocks);
 }
 
+TEST_F(FormReader, PictureOfADepthThatNoBitmapHasIsDropped) {
+    const auto depth_is_read = [&](uint16_t depth, int32_t width, int32_t height) {
+        std::string row = PictureRow();
+        PutRecord(&row, 22 + 4, width);
+        PutRecord(&row, 22 + 8, height);
+        PutRecord(&row, 22 + 14, depth);
+        boxes.Clear();
+        EXPECT_EQ(ReadBytes(WithFontRow(form.Bytes(), row)), READ_DONE);
+        return boxes.Log().empty();
+    };
+    EXPECT_TRUE(depth_is_read(8, 4, 2));
+    EXPECT_TRUE(depth_is_read(32, 1, 2));
+    for (const uint16_t depth : {0, 2, 7, 64, 65535}) EXPECT_FALSE(depth_is_read(depth, 1, 1));
+    // Sizes whose product passes 64 bits and comes out as nothing.
+    EXPECT_FALSE(depth_is_read(0x8000, 0x40000000, 0x40000000));
+}
+
 TEST_F(FormReader, DefaultFontIsNeverAPicture) {
     const std::string whole = form.Bytes();
     const std::string bytes = whole.substr(0, FormBlocks(whole).fonts) + PictureRow();
