@@ -1,6 +1,7 @@
 #include "run/text_extent.h"
 
 #include <cstring>
+#include <iterator>
 
 #include "device/printer.h"
 #include "tests/support/failing_call.h"
@@ -15,9 +16,9 @@ class TextExtentTest : public FormSession {
 protected:
     void SetUp() override { ASSERT_EQ(StartOn(form, KIND_REPORT), 0) << boxes.LastText(); }
 
-    SIZE ByThePrinter(const std::string &text) {
+    SIZE ByThePrinter(const std::string &text, int font = 0) {
         const HDC device = session->printer.InfoDevice;
-        const HGDIOBJ old = SelectObject(device, session->form.Fonts[0].Font);
+        const HGDIOBJ old = SelectObject(device, session->form.Fonts[font].Font);
         SIZE size{};
         GetTextExtentPoint32A(device, text.c_str(), static_cast<int>(text.size()), &size);
         SelectObject(device, old);
@@ -40,6 +41,34 @@ TEST_F(TextExtentTest, IsThePrintersOwnAlsoOnceTheAdvancesAreKnown) {
                 EXPECT_EQ(size.cx, ByThePrinter(text).cx) << text;
                 EXPECT_EQ(size.cy, ByThePrinter(text).cy) << text;
             }
+}
+
+TEST_F(TextExtentTest, IsThePrintersOwnInFontsOfAnySizeAndCut) {
+    const struct {
+        const char *face;
+        int height, weight;
+        BYTE italic;
+    } fonts[] = {{"Arial", -38, 400, 0},
+                 {"Arial", -21, 700, 0},
+                 {"Arial", -21, 700, 1},
+                 {"Times New Roman", -33, 700, 1},
+                 {"Times New Roman", -200, 400, 1},
+                 {"Courier New", -28, 700, 0},
+                 {"No Such Face", -35, 700, 1}};
+    for (int row = 1; row <= static_cast<int>(std::size(fonts)); ++row) {
+        const auto &font = fonts[row - 1];
+        FontEntry &entry = session->form.Fonts[row];
+        entry.InUse = 1;
+        entry.Font = CreateFontA(font.height, 0, 0, 0, font.weight, font.italic, 0, 0, 0, 0, 0, 0,
+                                 0, font.face);
+        for (int round = 0; round < 2; ++round)
+            for (const char *text : {"1", "-1,234,567.89", "AVAToWa.", "fi fl ffi", "(12%)",
+                                     "\xC4\xD6\xDC \xDF", "iiiiiiiiiiiiWWWWWWWW"}) {
+                const SIZE size = TextExtent(session, row, text, false);
+                EXPECT_EQ(size.cx, ByThePrinter(text, row).cx) << font.face << " " << text;
+                EXPECT_EQ(size.cy, ByThePrinter(text, row).cy) << font.face << " " << text;
+            }
+    }
 }
 
 TEST_F(TextExtentTest, KnownAdvancesAreNotMeasuredAgain) {
