@@ -316,6 +316,15 @@ TEST_F(FieldItems, ZipCodePrintsAsBarcodeInTheItemsFont) {
     EXPECT_STREQ(Field(field).TextValue, "12345");
 }
 
+TEST_F(FieldItems, NumberPrintsAsBarcodeWithoutItsPrefix) {
+    const int field = NumberField(12345);
+    Field(field).FieldFlags = FIELD_POSTNET;
+    std::strcpy(Field(field).PositivePrefix, "  ");
+    const ItemRecord &item = Shown(field);
+    EXPECT_EQ(Text(), "!123455!");
+    EXPECT_STREQ(item.LabelText, "  12345");
+}
+
 TEST_F(FieldItems, TextThatIsNoZipCodePrintsInTheFirstFontAndKeepsItsMeasure) {
     MakeFont(1, 60);
     session->form.Fonts[0].Font = CreateFontA(20, 0, 0, 0, 400, 0, 0, 0, 0, 0, 0, 0, 0, "Arial");

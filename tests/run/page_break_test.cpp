@@ -253,6 +253,31 @@ TEST_F(PageBreaks, CalculationsAreMadeAnewExceptThoseOfAFooter) {
     EXPECT_EQ(+Field(deferred).LongValue, 0);
 }
 
+// The page header consumes the total that it prints, so what is computed behind it reads 0.
+TEST_F(PageBreaks, HeaderCalculationsAreMadeOnceMoreAheadOfTheFirstTitle) {
+    const int value = NumberField(4);
+    Field(value).SummaryType = SUMMARY_TOTAL;
+    Section(SECTION_PAGE_HEADER, 50);
+    FieldItem(0, 0, 400, 40, value);
+    const int in_title = CalcField({CELL_NO_OPERAND, value, 519});
+    const int in_row = CalcField({CELL_NO_OPERAND, value, 519});
+    Field(in_title).SummarySection = SECTION_SORT_HEADER_9;
+    Field(in_row).SummarySection = SECTION_DETAIL_1;
+    SectionRecord &title = Band(SECTION_SORT_HEADER_1, 50, "title");
+    Break(value, SECTION_SORT_HEADER_1);
+    const auto turn = [&](int flags) {
+        title.SectionFlags = static_cast<uint16_t>(flags);
+        Field(value).LongSummary = 70;
+        run.PageFresh = 0;
+        PageBreak(session, SECTION_DETAIL_1);
+    };
+    turn(0);
+    EXPECT_EQ(+Field(in_title).LongValue, 70);
+    turn(SECTION_REPRINT);
+    EXPECT_EQ(+Field(in_title).LongValue, 0);
+    EXPECT_EQ(+Field(in_row).LongValue, 70);
+}
+
 TEST_F(PageBreaks, FooterSeesTheRecordThatStandsInTheFieldTable) {
     const int value = NumberField(1);
     Section(SECTION_PAGE_FOOTER, 50);
