@@ -93,7 +93,7 @@ int FunctionMonthtos(const Operation &operation) {
         month -= 12;
     else if (month < 1)
         month += 12;
-    return GiveName(operation, month >= 1 && month <= 12 ? long_months[month - 1] : "");
+    return GiveName(operation, month >= 1 && month <= 12 ? LongMonths[month - 1] : "");
 }
 
 } // namespace tessarine
