@@ -39,7 +39,8 @@ void TakeMargins(Session *session) {
 void SettleFeedOffset(Session *session) {
     const float feed = host_data.FeedWidthPtr ? *host_data.FeedWidthPtr : 0.0F;
     const int page_width = InchesToUnits(session->form.Header.LabelGeometry.PageWidth);
-    session->run.FeedOffset = (InchesToUnits(feed) - page_width) / 2;
+    const int64_t room = int64_t{InchesToUnits(feed)} - page_width; // a host's width may be any
+    session->run.FeedOffset = static_cast<int32_t>(room / 2);
 }
 
 void SettlePageGeometry(Session *session, int feedMode) {

@@ -303,6 +303,22 @@ TEST_F(PageGeometry, LabelSheetWithoutAFeedIsOffHalfItsWidthUnlessThatIsTakenOut
     EXPECT_EQ(session->run.LeftOrigin, 125 - 2125 / 2);
 }
 
+TEST_F(PageGeometry, FeedOfAnyWidthIsHalved) {
+    MakeLabelSheet();
+    float feed = -8e6F;
+    host_data.FeedWidthPtr = &feed;
+    session->form.Header.LabelGeometry.PageWidth = 8e6F;
+    Settle(0, 0, 0);
+    EXPECT_EQ(session->run.FeedOffset, -2000000000);
+    feed = 8.501F; // a unit less than the sheet and one more, both cut towards zero
+    session->form.Header.LabelGeometry.PageWidth = 8.505F;
+    Settle(0, 0, 0);
+    EXPECT_EQ(session->run.FeedOffset, 0);
+    session->form.Header.LabelGeometry.PageWidth = 8.497F;
+    Settle(0, 0, 0);
+    EXPECT_EQ(session->run.FeedOffset, 0);
+}
+
 TEST_F(PageGeometry, LabelSheetStandsInTheMiddleOfAWiderFeed) {
     MakeLabelSheet();
     float feed = 10.0F;
