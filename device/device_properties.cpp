@@ -11,6 +11,7 @@ namespace tessarine {
 
 namespace {
 
+constexpr WORD VERSION_WITHOUT_ARIAL = 3; // 3.0: the major version in the low byte
 constexpr const char *REPORT_FONT = "Courier New";
 constexpr int FONT_POINTS = 11;
 constexpr int PEN_WIDTH = 1;
@@ -37,7 +38,8 @@ void OpenScreen(Session *session) {
 
 const char *DefaultFace(const Session *session) {
     if (session->SessionKind != KIND_DESIGNER) return REPORT_FONT;
-    return *session->FormBlock.DefaultFont ? session->FormBlock.DefaultFont : "Arial";
+    if (*session->FormBlock.DefaultFont) return session->FormBlock.DefaultFont;
+    return LOWORD(GetVersion()) == VERSION_WITHOUT_ARIAL ? "Helv" : "Arial";
 }
 
 void MakeSystemFont(Session *session) {

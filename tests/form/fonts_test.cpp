@@ -67,6 +67,10 @@ BOOL WINAPI NoteTechnology(HDC device, const char *text, int length, SIZE *size)
     return GetTextExtentPoint32A(device, text, length, size);
 }
 
+DWORD version; // of the system
+
+DWORD WINAPI Version() { return version; }
+
 BOOL(WINAPI *real_metrics)(HDC device, TEXTMETRICA *metrics);
 
 BOOL WINAPI MetricsWithOverhang(HDC device, TEXTMETRICA *metrics) {
@@ -330,6 +334,19 @@ TEST_F(FontTable, FaceNameIsCutAt30Characters) {
     LOGFONTA read{};
     ReadPortableFont(packed, &read);
     EXPECT_EQ(std::strlen(read.lfFaceName), 30u);
+}
+
+TEST_F(FontTable, DesignersDefaultFontIsArialAndOnASystemOfVersion3Point0Helv) {
+    ASSERT_EQ(Start(""), 0);
+    EXPECT_STREQ(Row(0).LogFont.lfFaceName, "Arial");
+    EXPECT_EQ(Row(0).LogFont.lfHeight, -(11 * 250 / 72));
+    const ReplacedCall system("GetVersion", Version);
+    version = MAKELONG(3, 1381);
+    ASSERT_EQ(Start(""), 0);
+    EXPECT_STREQ(Row(0).LogFont.lfFaceName, "Helv");
+    version = MAKELONG(MAKEWORD(3, 10), 1381);
+    ASSERT_EQ(Start(""), 0);
+    EXPECT_STREQ(Row(0).LogFont.lfFaceName, "Arial");
 }
 
 TEST_F(FontTable, SessionWithoutASystemFontIsFatal) {
