@@ -1,5 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "rep_dlg.h"
+#include "tests/support/failing_call.h"
+#include "tests/support/help_call.h"
 #include "tests/support/host_window.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/page_texts.h"
@@ -207,4 +212,91 @@ TEST(Prompts, HostHearsOfTheChangeAndAtTheEndOfTheRunThatThereIsNone) {
     EXPECT_EQ(host.Count(MESSAGE_UNMODIFIED), 0);
     run.Finish();
     EXPECT_EQ(host.Count(MESSAGE_UNMODIFIED), 1);
+}
+
+TEST(Prompts, EscapeCountsAsTheLowerButton) {
+    AskingForm form;
+    form.Ask("A", TYPE_TEXT, 0);
+    form.Ask("B", TYPE_TEXT, 1);
+    Prompter prompter({{"a", NEXT}, {"half", IDCANCEL}, {"-", IDCANCEL}});
+    ReportRun run(form);
+    EXPECT_EQ(run.Start(), CODE_CANCELLED);
+    EXPECT_EQ(prompter.shown,
+              (Lines{"A||Cancel|&Next Input", "B||&Prev Input|Ok", "A|a|Cancel|&Next Input"}));
+}
+
+TEST(Prompts, HelpIs3016AndTheDialogStays) {
+    AskingForm form;
+    form.Ask("X", TYPE_TEXT, 0);
+    MessageBoxes boxes;
+    const HelpCall help;
+    bool open_behind = false;
+    boxes.OnDialog("User Field Prompt", [&](HWND dialog) {
+        SendMessageA(dialog, WM_COMMAND, DIALOG_HELP, 0);
+        open_behind = IsWindow(dialog);
+        PostMessageA(dialog, WM_COMMAND, PREVIOUS, 0);
+    });
+    EXPECT_EQ(ReportRun(form).Start(), CODE_CANCELLED);
+    EXPECT_TRUE(open_behind);
+    EXPECT_EQ(help.calls, 1);
+    EXPECT_EQ(help.command, 1u);
+    EXPECT_EQ(help.number, 3016u);
+}
+
+// Its top is counted from the window's frame, but set from the client area.
+TEST(Prompts, InputIsAsWideAsItsFieldAndStandsInTheMiddleWithTheFocus) {
+    for (const int width : {3, 20, 500}) {
+        AskingForm form;
+        form.Ask("X", TYPE_TEXT, 0);
+        form.users[0].UserWidth = static_cast<int16_t>(width);
+        MessageBoxes boxes;
+        RECT outer{};
+        RECT place{};
+        RECT drawn{0, 26, 0, 14}; // of the template: top and height
+        POINT client{};
+        bool has_focus = false;
+        boxes.OnDialog("User Field Prompt", [&](HWND dialog) {
+            const HWND input = GetDlgItem(dialog, PROMPT_INPUT);
+            GetWindowRect(dialog, &outer);
+            GetWindowRect(input, &place);
+            MapDialogRect(dialog, &drawn);
+            ClientToScreen(dialog, &client);
+            has_focus = GetFocus() == input;
+            PostMessageA(dialog, WM_COMMAND, PREVIOUS, 0);
+        });
+        EXPECT_EQ(ReportRun(form).Start(), CODE_CANCELLED);
+        const int inner = outer.right - outer.left - 2 * GetSystemMetrics(7);
+        const int wanted = std::min<int>((width + 1) * LOWORD(GetDialogBaseUnits()), inner);
+        EXPECT_EQ(place.right - place.left, wanted) << width;
+        EXPECT_EQ(place.left - client.x, (inner - wanted) / 2) << width;
+        EXPECT_EQ(place.bottom - place.top, drawn.bottom) << width;
+        const int top = client.y + drawn.top - outer.top - GetSystemMetrics(8);
+        EXPECT_EQ(place.top - client.y, top) << width;
+        EXPECT_TRUE(has_focus) << width;
+    }
+}
+
+namespace {
+
+std::vector<HWND> owners; // of message boxes
+
+int WINAPI NoteOwner(HWND owner, const char *, const char *, UINT) {
+    owners.push_back(owner);
+    return IDOK;
+}
+
+} // namespace
+
+TEST(Prompts, RefusalsBelongToTheRunsWindow) {
+    AskingForm form;
+    form.Ask("D", TYPE_DATE, 0);
+    form.Ask("L", TYPE_LOGICAL, 1);
+    Prompter prompter({{"1/1/1", NEXT}, {"1/2/97", NEXT}, {"maybe", NEXT}, {"no", NEXT}});
+    const HostWindow host;
+    ReportRun run(form);
+    run.params.ParentWindow = host.Get();
+    owners.clear();
+    const ReplacedCall box("MessageBoxA", NoteOwner);
+    ASSERT_EQ(run.Run({{}}), 0);
+    EXPECT_EQ(owners, std::vector<HWND>(2, host.Get()));
 }

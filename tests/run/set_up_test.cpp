@@ -11,6 +11,8 @@
 #include "run/run.h"
 #include "run/run_tables.h"
 #include "tests/support/composition.h"
+#include "tests/support/failing_call.h"
+#include "tests/support/host_window.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/report_run.h"
 
@@ -179,6 +181,39 @@ TEST(RunTables, HostsPrinterIsTakenWhenBothBlocksComeAndTheFormsPaperStays) {
     }
     GlobalFree(names);
     GlobalFree(mode);
+}
+
+// ---- the run's own words ------------------------------------------------------------------------
+
+namespace {
+
+std::vector<HWND> owners; // of message boxes
+
+int WINAPI NoteOwner(HWND owner, const char *, const char *, UINT) {
+    owners.push_back(owner);
+    return IDOK;
+}
+
+} // namespace
+
+TEST(RunBoxes, BelongToTheRunsWindow) {
+    const HostWindow host;
+    owners.clear();
+    const ReplacedCall box("MessageBoxA", NoteOwner);
+    OneLine filtered;
+    filtered.Filter({filtered.Field(FIELD_DATA, "N", TYPE_NUMERIC)});
+    ReportRun run(filtered);
+    run.params.ParentWindow = host.Get();
+    ASSERT_EQ(run.Start(), 0);
+    EXPECT_EQ(run.Feed({}), CODE_EXPRESSION);
+    run.Finish();
+    OneLine tall;
+    tall.Section(SECTION_PAGE_FOOTER, 2600);
+    tall.Label(SECTION_PAGE_FOOTER, 200, 0, 400, 50, "foot");
+    ReportRun other(tall);
+    other.params.ParentWindow = host.Get();
+    EXPECT_EQ(other.Start(), CODE_PRINTER);
+    EXPECT_EQ(owners, std::vector<HWND>(2, host.Get()));
 }
 
 // ---- memory ------------------------------------------------------------------------------------
