@@ -4,6 +4,7 @@
 #include <cstring>
 #include <iterator>
 
+#include "form/defaults.h"
 #include "form/field_table.h"
 #include "form/fonts.h"
 #include "form/form_blocks.h"
@@ -156,6 +157,28 @@ void ReadTables(Session *session, HANDLE file) {
     ReadFonts(session, file);
 }
 
+// Until the tables are whole and agree, the session has no form: rows of a half-read one name
+// what isn't there.
+class HalfReadForm {
+public:
+    explicit HalfReadForm(Session *session) : session_(session) {}
+    HalfReadForm(const HalfReadForm &) = delete;
+    HalfReadForm &operator=(const HalfReadForm &) = delete;
+    ~HalfReadForm() {
+        if (whole_) return;
+        FormState &form = session_->form;
+        form.TotalItems = form.FieldCount = form.BreakCount = form.UserFieldCount = 0;
+        InitSections(session_);
+        for (UserFieldRecord &user : form.UserFields) user.InUse = 0;
+        session_->designer.SelectedItem = -1;
+    }
+    void IsWhole() { whole_ = true; }
+
+private:
+    Session *session_;
+    bool whole_ = false;
+};
+
 void KeepLock(Session *session, OwnedFile *file, const char *path) {
     FormState &form = session->form;
     if (form.FormLock != INVALID_HANDLE_VALUE) CloseHandle(form.FormLock);
@@ -196,9 +219,11 @@ FormRead ReadFormFile(Session *session, char *path) {
     SetCursor(session->device.WaitCursor);
     for (int row = 1; row < MAX_FONTS; ++row)
         if (session->form.Fonts[row].InUse) ReleaseFontRow(session, row);
+    HalfReadForm form(session);
     ReadHeader(session, file.Get());
     TellHost(session->form.Header, opened.writable && !opened.fell_back);
     ReadTables(session, file.Get());
+    form.IsWhole();
     if (opened.writable) KeepLock(session, &file, path);
     return FormRead::Done;
 }

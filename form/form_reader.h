@@ -14,7 +14,7 @@ enum class FormRead {
 // Reads every block of the file, up to the live counters: header, items, fields, breaks,
 // sections, user fields, fonts and pictures; settles the lock and tells the host its words.
 // The wait cursor shows from then on. Damaged blocks are fatal with their own codes, and so, with
-// code 33, is a row that names what isn't there.
+// code 33, is a row that names what isn't there; the session has no form then.
 FormRead ReadFormFile(Session *session, char *path);
 
 // Looks at the leading record alone. False, after the system's own message when the file can't be

@@ -372,6 +372,32 @@ TEST_F(FormReader, EveryReadThatFailsEndsWithTheWordsOfItsBlock) {
     EXPECT_EQ(LiveBlocks(), memory);
 }
 
+TEST_F(FormReader, FormThatBreaksOffOrContradictsItselfLeavesNoRowsToWorkOn) {
+    const std::string bytes = WithFontRow(form.Bytes(), PictureRow());
+    const FormBlocks blocks(bytes);
+    std::vector<std::string> broken;
+    for (const size_t end :
+         {blocks.fields, blocks.breaks, blocks.sections, blocks.users, blocks.marker})
+        broken.push_back(bytes.substr(0, end - 1));
+    broken.push_back(bytes); // an item of a field far behind the table
+    auto item = RecordAt<ItemRecord>(bytes, blocks.items);
+    item.ItemType = ITEM_FIELD;
+    item.FieldIndex = 30000;
+    PutRecord(&broken.back(), blocks.items, item);
+    for (const std::string &damaged : broken) {
+        SCOPED_TRACE(damaged.size());
+        ASSERT_EQ(ReadBytes(bytes), READ_DONE);
+        EXPECT_GE(ReadBytes(damaged), 33);
+        const FormState &state = session->form;
+        EXPECT_EQ(state.TotalItems + state.FieldCount + state.BreakCount, 0);
+        EXPECT_EQ(state.UserFieldCount, 0);
+        EXPECT_EQ(session->designer.SelectedItem, -1);
+        for (const SectionRecord &section : state.Sections) EXPECT_EQ(+section.InUse, 0);
+        for (const UserFieldRecord &user : state.UserFields) EXPECT_EQ(+user.InUse, 0);
+    }
+    EXPECT_EQ(ReadBytes(bytes), READ_DONE);
+}
+
 TEST_F(FormReader, WrongMarkerAbandonsTheFontTable) {
     std::string bytes = form.Bytes();
     bytes[FormBlocks(bytes).marker] = 'x';
