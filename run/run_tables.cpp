@@ -105,7 +105,8 @@ void FreeRows(HGLOBAL *handle, FieldRecord **table) {
 
 Session *RunOf(int sessionId) {
     Session *session = GetSessionPointer(nullptr, sessionId);
-    return session && session->run.InputTable ? session : nullptr;
+    const bool ready = session && session->run.InputTable && session->UnwindPoint == 0;
+    return ready ? session : nullptr;
 }
 
 void AllocRepMem(Session *session) {

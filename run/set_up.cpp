@@ -200,7 +200,7 @@ int SetUpRun(Session *session, RepParams *params, int feedMode, HGLOBAL devNames
     AllocRepMem(session);
     if (!AskUserFields(session)) {
         session->run.CancelState = CANCEL_STOP;
-        RepExit(session->SessionId, 0, nullptr);
+        EndRun(session);
         return CODE_CANCELLED;
     }
     PrepareValues(session);

@@ -438,6 +438,48 @@ TEST(RecordDriver, UnknownSessionGives18) {
     EXPECT_EQ(tessarine::RepExit(99, 0, nullptr), CODE_NO_SESSION);
 }
 
+namespace {
+
+// A host's routine that calls back into the run that calls it.
+int busy_slot;
+std::vector<int> answers;
+void ReEnter() {
+    answers.push_back(tessarine::RepRec(busy_slot, 0));
+    answers.push_back(tessarine::RepExit(busy_slot, 0, nullptr));
+}
+int WINAPI PaintAndReEnter(HDC, int32_t, int32_t, int32_t, const int32_t *, int32_t) {
+    ReEnter();
+    return 0;
+}
+
+} // namespace
+
+TEST(RecordDriver, RunInsideACallTakesNoOther) {
+    NumberForm form;
+    const int zero = form.Constant("0", TYPE_NUMERIC, 0);
+    const int picture = form.Field(FIELD_DATA, "PICTURE", TYPE_PICTURE);
+    form.Section(SECTION_DETAIL_1, 50);
+    form.FieldItem(SECTION_DETAIL_1, 200, 0, 400, 50, picture);
+    form.FieldItem(SECTION_DETAIL_1, 700, 0, 400, 50, form.number);
+    FormBuilder::Store({zero, 506, form.number, 507, zero},
+                       form.sections[SECTION_DETAIL_1].SectionFilter);
+    MessageBoxes boxes;
+    boxes.OnDialog("Fatal Error", [](HWND box) {
+        ReEnter();
+        PostMessageA(box, WM_COMMAND, IDOK, 0);
+    });
+    ReportRun run(form);
+    run.params.PictureProc = PaintAndReEnter;
+    ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+    busy_slot = run.params.SessionId;
+    answers.clear();
+    EXPECT_EQ(run.Feed({{"N", "7"}}), 0);
+    EXPECT_EQ(run.Feed({{"N", "0"}}), CODE_EXPRESSION);
+    EXPECT_EQ(answers, std::vector<int>(4, CODE_NO_SESSION));
+    EXPECT_EQ(run.Finish(), 0);
+    EXPECT_EQ(PageWords(run.Report(), 0), Lines{"7"});
+}
+
 TEST(RecordDriver, RecordOfStableWidthsTakesNoMemory) {
     MessageBoxes boxes;
     ReportRun run{TwoLevels{}};
