@@ -36,11 +36,16 @@
 
 namespace {
 
+// False before a session has its tables and its printer, and once it has ended.
+bool IsOpen(const Session *session) {
+    return session && session->form.TablesAllocated && session->printer.DevMode;
+}
+
 // A routine on an open session that a host calls from outside any entry point: a failure shows
 // its message, leaves its code in the session and gives the fallback.
 template <typename Result, typename Body>
 Result OnSession(Session *session, Result fallback, Body body) {
-    if (!session) return fallback;
+    if (!IsOpen(session)) return fallback;
     const int depth = session->UnwindPoint++;
     Result result = fallback;
     try {

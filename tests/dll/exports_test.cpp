@@ -128,6 +128,33 @@ protected:
     static inline int ended_slot;
     static inline std::vector<int32_t> codes;
 
+    // Goes on working on the form of a session of which it hears that it has ended.
+    static int32_t __stdcall WorkOn(HWND, uint32_t) {
+        char path[260] = "";
+        std::strcpy(path, ended_form.c_str());
+        char text[400] = "";
+        int32_t height = 77;
+        int32_t width = 77;
+        codes = {
+            FrSave(ended_session, path),
+            InitNewForm(ended_session),
+            AddNewSysField(ended_session, SYSTEM_PAGE, SECTION_DETAIL_1, 0, 0),
+            CreateFieldLabel(ended_session, 1, text, 0, 0),
+            GetFieldSize(ended_session, 1, 0, &height, &width),
+            CreateDefaultBoldFont(ended_session),
+            ValidateMargins(ended_session, 1),
+            ProcessPrinterData(ended_session),
+            GetDevMode(ended_session) != nullptr,
+            GetDevNames(ended_session) != nullptr,
+            ReadMetaFilePage(ended_session, 0, path, nullptr) != nullptr,
+            GetLabelLen(ended_session, "text", 0),
+        };
+        return 0;
+    }
+    static inline Session *ended_session;
+    static inline std::string ended_form;
+    static inline const std::vector<int32_t> refusals{0, 0, -1, 0, 0, 0, 0, 0, 0, 0, 0, 0};
+
     TemporaryFolder folder;
     MessageBoxes boxes;
     HWND parent;
@@ -224,6 +251,31 @@ TEST_F(HostRun, SessionThatIsEndingTakesNoRecordAndNoOtherEnd) {
     const std::vector<int32_t> expected{CODE_NO_SESSION, CODE_NO_SESSION};
     EXPECT_EQ(codes, expected);
     EXPECT_FALSE(GetSessionPointer(nullptr, ended_slot));
+}
+
+TEST_F(HostRun, SessionThatHasEndedRefusesWorkOnItsForm) {
+    ASSERT_EQ(RepInit(&params, 0, nullptr, nullptr), 0);
+    ended_session = GetSessionPointer(nullptr, params.SessionId);
+    ended_form = folder.Path("NEVER.FP");
+    codes.clear();
+    EXPECT_EQ(RepSetMsgCallback(nullptr, params.SessionId, WorkOn), 1);
+    EXPECT_EQ(RepExit(params.SessionId, 0, nullptr), 0);
+    EXPECT_EQ(codes, refusals);
+    EXPECT_EQ(GetFileAttributesA(ended_form.c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(HostRun, RunThatDidNotStartRefusesWorkOnItsForm) {
+    params.OutputFile[0] = 0;
+    ASSERT_EQ(RepInit(&params, 0, nullptr, nullptr), CODE_NO_OUTPUT_FILE);
+    int slot = 0;
+    while (GetSessionPointer(nullptr, slot + 1)) ++slot;
+    ended_session = GetSessionPointer(nullptr, slot);
+    ended_form = folder.Path("NEVER.FP");
+    WorkOn(nullptr, 0);
+    EXPECT_EQ(codes, refusals);
+    EXPECT_EQ(GetFileAttributesA(ended_form.c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_TRUE(boxes.Log().empty());
 }
 
 TEST_F(HostRun, OpenSessionRefusesWhatAHostLeavesOut) {
