@@ -17,7 +17,8 @@ cat >"$folder/bin/backend/pdfjobs" <<BACKEND
 title=\$(printf %s "\$3" | tr -c 'A-Za-z0-9._-' '_')
 job="$folder/jobs/\$(printf %04d "\$1")-\$title"
 umask 022
-cat \${6:+"\$6"} >"\$job.ps.part"
+# the fonts name the glyph of both hyphens by the soft one, for which no one searches
+LC_ALL=C sed 's,/uni00AD\>,/hyphen,g' \${6:+"\$6"} >"\$job.ps.part"
 gs -q -dSAFER -dBATCH -dNOPAUSE -sDEVICE=pdfwrite -sOutputFile="\$job.pdf.part" "\$job.ps.part" </dev/null >&2
 mv "\$job.ps.part" "\$job.ps" && mv "\$job.pdf.part" "\$job.pdf"
 BACKEND
