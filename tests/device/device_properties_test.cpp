@@ -9,8 +9,8 @@
 #include "run/run.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/form_session.h"
-#include "tests/support/gdi_objects.h"
 #include "tests/support/report_run.h"
+#include "tests/support/system_objects.h"
 
 using namespace tessarine;
 
@@ -156,9 +156,11 @@ TEST_P(DrawingObjects, RunGivesAllOfThemBack) {
     MessageBoxes boxes;
     for (int time = 0; time < 2; ++time) ASSERT_EQ(RunOnce(GetParam()), 0) << boxes.LastText();
     const int before = CountGdiObjects();
+    const int user_before = CountUserObjects();
     ASSERT_GT(before, 0);
     for (int time = 0; time < 5; ++time) ASSERT_EQ(RunOnce(GetParam()), 0) << boxes.LastText();
     EXPECT_LE(CountGdiObjects(), before + 1);
+    EXPECT_LE(CountUserObjects(), user_before);
 }
 
 INSTANTIATE_TEST_SUITE_P(Devices, DrawingObjects, testing::Values('F', 'S', 'P'));
@@ -169,6 +171,18 @@ TEST(DrawingObjectCount, SeesAPenComeAndGo) {
     EXPECT_EQ(CountGdiObjects(), before + 1);
     DeleteObject(pen);
     EXPECT_EQ(CountGdiObjects(), before);
+}
+
+TEST(UserObjectCount, SeesAWindowAndAMenuComeAndGo) {
+    const int before = CountUserObjects();
+    const HMENU menu = CreateMenu();
+    EXPECT_EQ(CountUserObjects(), before + 1);
+    const HWND window =
+        CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+    EXPECT_GE(CountUserObjects(), before + 2);
+    DestroyWindow(window);
+    DestroyMenu(menu);
+    EXPECT_LE(CountUserObjects(), before + 1); // the first window brings one of the system's own
 }
 
 TEST_F(DeviceProperties, SetUpThatFailedLeavesNoDrawingObjectsBehindItsClose) {

@@ -5,8 +5,8 @@
 
 #include <psapi.h>
 
-#include "tests/support/gdi_objects.h"
 #include "tests/support/preview_run.h"
+#include "tests/support/system_objects.h"
 
 namespace {
 
@@ -45,6 +45,7 @@ TEST_F(PreviewLoad, FiveThousandPagesAreTurnedToTheLastAndBackWithoutGrowth) {
     Turn(601, TURNS);
     ASSERT_EQ(Page(), 1 + TURNS);
     const int objects = CountGdiObjects();
+    const int user_objects = CountUserObjects();
     const double memory = MemoryNow();
     for (int position = 10; position <= 100; ++position) {
         Track(position);
@@ -58,6 +59,7 @@ TEST_F(PreviewLoad, FiveThousandPagesAreTurnedToTheLastAndBackWithoutGrowth) {
     for (int position = 100; position >= 0; --position) Track(position);
     EXPECT_EQ(Page(), 1);
     EXPECT_LE(CountGdiObjects(), objects);
+    EXPECT_LE(CountUserObjects(), user_objects);
     EXPECT_LE(MemoryNow(), 1.05 * memory);
     EXPECT_TRUE(boxes.Log().empty());
 }

@@ -7,9 +7,9 @@
 
 #include "output/report_file.h"
 #include "tests/support/failing_call.h"
-#include "tests/support/gdi_objects.h"
 #include "tests/support/help_call.h"
 #include "tests/support/preview_printing.h"
+#include "tests/support/system_objects.h"
 #include "tests/support/tess_program.h"
 
 using namespace tessarine;
@@ -381,16 +381,6 @@ uintptr_t NextHandle() {
 }
 } // namespace
 
-// The windows of this thread, dialogs among them.
-namespace {
-BOOL CALLBACK CountWindow(HWND, LPARAM counter) { return ++*reinterpret_cast<int *>(counter); }
-int CountWindows() {
-    int count = 0;
-    EnumThreadWindows(GetCurrentThreadId(), CountWindow, reinterpret_cast<LPARAM>(&count));
-    return count;
-}
-} // namespace
-
 // The printer itself is left out after StartDoc: its own work for 200 documents takes minutes.
 TEST_F(PreviewPrinting, TwoHundredJobsLeakNothing) {
     FeedToPage(4);
@@ -401,12 +391,12 @@ TEST_F(PreviewPrinting, TwoHundredJobsLeakNothing) {
     });
     Print(1, 2);
     const int objects = CountGdiObjects();
-    const int windows = CountWindows();
+    const int user_objects = CountUserObjects();
     const uintptr_t handle = NextHandle();
     const SIZE_T settings = GlobalSize(session->printer.DevModeMemory);
     for (int job = 0; job < 200; ++job) ASSERT_EQ(Print(1, 2), 1);
     EXPECT_LE(CountGdiObjects(), objects + 1);
-    EXPECT_LE(CountWindows(), windows);
+    EXPECT_LE(CountUserObjects(), user_objects);
     EXPECT_LE(NextHandle(), handle + 100); // a file left open at each would count 800
     EXPECT_EQ(GlobalSize(session->printer.DevModeMemory), settings);
     EXPECT_EQ(calls.Count("EndDoc"), 201);

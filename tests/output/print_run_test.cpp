@@ -4,9 +4,9 @@
 #include "frame/memory.h"
 #include "output/print_job.h"
 #include "tests/support/failing_call.h"
-#include "tests/support/gdi_objects.h"
 #include "tests/support/no_printers.h"
 #include "tests/support/printer_calls.h"
+#include "tests/support/system_objects.h"
 #include "tests/support/visible_run.h"
 
 using namespace tessarine;
@@ -357,9 +357,11 @@ TEST_F(RunToPrinter, TwoHundredRunsLeakNothing) {
     };
     for (int time = 0; time < 2; ++time) ASSERT_EQ(print(time), 0) << boxes.LastText();
     const int objects = CountGdiObjects();
+    const int user_objects = CountUserObjects();
     const int blocks = LiveBlocks();
     for (int time = 0; time < 200; ++time) ASSERT_EQ(print(time % 4 == 0), 0) << boxes.LastText();
     EXPECT_LE(CountGdiObjects(), objects + 1);
+    EXPECT_LE(CountUserObjects(), user_objects);
     EXPECT_EQ(LiveBlocks(), blocks);
     EXPECT_EQ(calls.Count("EndDoc"), 202);
 }

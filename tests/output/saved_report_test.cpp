@@ -11,10 +11,10 @@
 #include "frame/session_table.h"
 #include "output/preview.h"
 #include "rep_dlg.h"
-#include "tests/support/gdi_objects.h"
 #include "tests/support/metafile_records.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/report_view.h"
+#include "tests/support/system_objects.h"
 
 namespace {
 
@@ -155,11 +155,13 @@ TEST_F(ReportView, NothingIsLeftOfManyViews) {
         ASSERT_TRUE(Show(1)) << boxes.LastText();
     }
     const int objects = CountGdiObjects();
+    const int user_objects = CountUserObjects();
     for (int view = 0; view < 30; ++view) {
         block.Device = view % 2 ? 'S' : 'P';
         ASSERT_TRUE(Show(view % 3 + 1)) << boxes.LastText();
     }
     EXPECT_LE(CountGdiObjects(), objects);
+    EXPECT_LE(CountUserObjects(), user_objects);
     WIN32_FIND_DATAA found{};
     const std::string pattern = std::string(block.TempDir) + "\\*.MF*";
     EXPECT_EQ(FindFirstFileA(pattern.c_str(), &found), INVALID_HANDLE_VALUE) << found.cFileName;

@@ -1,4 +1,4 @@
-#include "tests/support/gdi_objects.h"
+#include "tests/support/system_objects.h"
 
 #include <cstdint>
 
@@ -29,5 +29,19 @@ int CountGdiObjects() {
         *reinterpret_cast<const HandleRow *const *>(process + TABLE_IN_PROCESS_BLOCK);
     int count = 0;
     for (int row = 0; row < TABLE_ROWS; ++row) count += rows[row].type ? 1 : 0;
+    return count;
+}
+
+int CountUserObjects() {
+    constexpr UINT_PTR FIRST = 0x20; // handles count up by twos, and free ones are given out first
+    constexpr UINT_PTR LAST = 0x2000;
+    int count = 0;
+    for (UINT_PTR handle = FIRST; handle <= LAST; handle += 2) {
+        DWORD owner = 0;
+        if (IsMenu(reinterpret_cast<HMENU>(handle)) ||
+            (GetWindowThreadProcessId(reinterpret_cast<HWND>(handle), &owner) &&
+             owner == GetCurrentProcessId()))
+            ++count;
+    }
     return count;
 }
