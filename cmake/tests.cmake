@@ -54,6 +54,8 @@ if(TARGET host)
   add_test(NAME tools.IndependentReader
     COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/independent_reader.sh $<TARGET_FILE:tess>
             ${CMAKE_SOURCE_DIR})
+  add_test(NAME tools.FormsPage
+    COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/forms_page.sh $<TARGET_FILE:tess> ${CMAKE_SOURCE_DIR})
   add_test(NAME tools.ReadmeHost
     COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/readme_host.sh $<TARGET_FILE:tess> ${CMAKE_SOURCE_DIR})
   add_test(NAME tools.RunToPrinter

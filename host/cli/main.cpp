@@ -28,7 +28,7 @@ void Describe(CLI::App *command, RunOptions *options) {
     command->add_flag("--landscape", options->landscape, "on the paper turned");
     command->add_option("--set", options->answers, "answer a user field, as NAME=VALUE")
         ->allow_extra_args(false);
-    command->add_flag("--silent", options->silent, "print nothing when all went well");
+    command->add_flag("--silent", options->silent, "say nothing when all goes well");
 }
 
 void Describe(CLI::App *command, PagesOptions *options) {

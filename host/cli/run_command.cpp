@@ -76,7 +76,7 @@ void Start(const RunOptions &options, const FormHeader &form, ReportRun *run) {
 }
 
 // The count of records.
-size_t Feed(const CsvTable &table, ReportRun *run) {
+size_t Feed(const CsvTable &table, ReportRun *run, bool silent) {
     const RecordFeed feed(table, run->Params());
     for (const std::string &column : feed.unused)
         std::fprintf(stderr, "tess: %s: no field of the form takes the column \"%s\"\n",
@@ -86,7 +86,7 @@ size_t Feed(const CsvTable &table, ReportRun *run) {
         if (StopWanted()) throw Failure("stopped; no report was made", EXIT_CANCELLED);
         feed.Write(place, run->Params());
         run->Record();
-        progress.Show(place + 1);
+        if (!silent) progress.Show(place + 1);
     }
     return feed.Count();
 }
@@ -123,7 +123,7 @@ int RunCommand(const RunOptions &options) {
     const PreviewKeys keys;
     Start(options, form, &run);
     const std::string printer = run.Printer();
-    const size_t records = Feed(table, &run);
+    const size_t records = Feed(table, &run, options.silent);
     const int pages = run.Finish();
     if (preview)
         ShowPreview(&run);

@@ -36,6 +36,14 @@ TEST_F(Tess, EveryPageOfEverySampleIsASoundMetafile) {
     }
 }
 
+TEST_F(Tess, RunShowsItsProgressAndItsEnd) {
+    const Outcome outcome = Report("countries");
+    EXPECT_TRUE(Holds(outcome.output, "85 of 85 records")) << outcome.output;
+    EXPECT_TRUE(Holds(outcome.output, "countries.frc: 3 pages, 85 records")) << outcome.output;
+}
+
+TEST_F(Tess, SilentRunSaysNothing) { EXPECT_EQ(Report("countries", "--silent").output, ""); }
+
 TEST_F(Tess, TotalsOfTheCountriesAreRight) {
     ASSERT_EQ(Report("countries").code, 0u);
     const Outcome text = Run("pages " + folder.Path("countries.frc") + " --text --pages 1");
