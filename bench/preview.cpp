@@ -5,26 +5,12 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "bench/host.h"
 #include "bench/measure.h"
-#include "tessarine.h"
 
 namespace {
 
 enum { PAGE_UP = 600, PAGE_DOWN = 601, FIT = 696 };
-
-FieldRecord *Row(const RepParams &run, const char *name) {
-    for (int row = 0; row < run.FieldTotal; ++row)
-        if (run.FieldTable[row].InUse && !std::strcmp(run.FieldTable[row].FieldName, name))
-            return &run.FieldTable[row];
-    std::fprintf(stderr, "bench: the form has no field %s\n", name);
-    std::exit(1);
-}
-
-void Check(int code) {
-    if (!code) return;
-    std::fprintf(stderr, "bench: code %d\n", code);
-    std::exit(1);
-}
 
 int Run(RepParams *run, int records) {
     Check(RepInit(run, 0, nullptr, nullptr));

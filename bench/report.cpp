@@ -4,28 +4,8 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "bench/host.h"
 #include "bench/measure.h"
-#include "tessarine.h"
-
-namespace {
-
-FieldRecord *Row(const RepParams &run, const char *name) {
-    for (int row = 0; row < run.FieldTotal; ++row)
-        if (run.FieldTable[row].InUse && run.FieldTable[row].FieldKind == FIELD_DATA &&
-            !std::strcmp(run.FieldTable[row].FieldName, name) &&
-            !(run.FieldTable[row].FieldFlags & FIELD_SHARED))
-            return &run.FieldTable[row];
-    std::fprintf(stderr, "bench: the form has no field %s\n", name);
-    std::exit(1);
-}
-
-void Check(int code) {
-    if (!code) return;
-    std::fprintf(stderr, "bench: code %d\n", code);
-    std::exit(1);
-}
-
-} // namespace
 
 int main(int count, char **arguments) {
     if (count != 4) return 2;

@@ -4,8 +4,8 @@
 #include <cstring>
 
 #include "form/built_in_tables.h"
+#include "form/form_lock.h"
 #include "frame/host_data.h"
-#include "frame/owned.h"
 #include "frame/text.h"
 
 namespace tessarine {
@@ -19,8 +19,7 @@ void ClearCounters(Session *session) {
     FormState &form = session->form;
     form.TotalItems = form.FieldCount = form.BreakCount = form.FontCount = 0;
     form.UserFieldCount = 0;
-    if (form.FormLock) CloseFileHandle(form.FormLock); // a host may start over on an open form
-    form.FormLock = INVALID_HANDLE_VALUE;
+    ReleaseLock(session); // a host may start over on an open form
     form.FontMarker = FONT_MARKER;
     session->designer.SelectedItem = -1;
     session->designer.PendingCommand = -1;

@@ -9,6 +9,7 @@
 #include "form/fonts.h"
 #include "form/form_blocks.h"
 #include "form/form_check.h"
+#include "form/form_lock.h"
 #include "form/versions.h"
 #include "frame/fatal_error.h"
 #include "frame/host_data.h"
@@ -51,10 +52,9 @@ bool MayWrite(const Session *session, const FormHeader &header) {
 }
 
 void ReleaseLockOn(Session *session, const char *path) {
-    FormState &form = session->form;
-    if (form.FormLock == INVALID_HANDLE_VALUE || std::strcmp(form.LockedPath, path)) return;
-    CloseHandle(form.FormLock);
-    form.FormLock = INVALID_HANDLE_VALUE;
+    const FormState &form = session->form;
+    if (form.FormLock != INVALID_HANDLE_VALUE && !std::strcmp(form.LockedPath, path))
+        ReleaseLock(session);
 }
 
 struct OpenedForm {
@@ -181,7 +181,7 @@ private:
 
 void KeepLock(Session *session, OwnedFile *file, const char *path) {
     FormState &form = session->form;
-    if (form.FormLock != INVALID_HANDLE_VALUE) CloseHandle(form.FormLock);
+    ReleaseLock(session);
     form.FormLock = file->Leave();
     CopyText(path, form.LockedPath, sizeof form.LockedPath);
 }

@@ -4,11 +4,11 @@
 
 #include "form/file_dialog.h"
 #include "form/form_blocks.h"
+#include "form/form_lock.h"
 #include "frame/fatal_error.h"
 #include "frame/host_data.h"
 #include "frame/message_box.h"
 #include "frame/modified.h"
-#include "frame/owned.h"
 #include "frame/text.h"
 
 namespace tessarine {
@@ -49,11 +49,6 @@ void BackupName(const char *path, char (&backup)[PATH_SIZE + 4]) {
         break;
     }
     std::strcat(backup, ".BP");
-}
-
-void ReleaseLock(Session *session) {
-    CloseFileHandle(session->form.FormLock);
-    session->form.FormLock = INVALID_HANDLE_VALUE;
 }
 
 HANDLE OpenForm(const char *path) {

@@ -1,5 +1,6 @@
 #include "device/device_properties.h"
 #include "form/file_dialog.h"
+#include "frame/cursor.h"
 #include "frame/dialogs.h"
 #include "frame/fatal_error.h"
 #include "frame/session_table.h"
@@ -25,30 +26,29 @@ void ColumnRight(Session *session) { ScrollRight(session, session->view.ViewWidt
 void ViewLeft(Session *session) { ScrollLeft(session, session->view.ViewWidth); }
 void ViewRight(Session *session) { ScrollRight(session, session->view.ViewWidth); }
 
-// The wait cursor, and the removal of a new file that did not get whole.
-class SaveState {
+// Removes a new file that did not get whole.
+class NewFile {
 public:
-    SaveState(const Session *session, const char *path)
-        : path_(GetFileAttributesA(path) == INVALID_FILE_ATTRIBUTES ? path : nullptr),
-          old_cursor_(SetCursor(session->device.WaitCursor)) {}
-    SaveState(const SaveState &) = delete;
-    SaveState &operator=(const SaveState &) = delete;
-    ~SaveState() {
-        SetCursor(old_cursor_);
+    explicit NewFile(const char *path)
+        : path_(GetFileAttributesA(path) == INVALID_FILE_ATTRIBUTES ? path : nullptr) {}
+    NewFile(const NewFile &) = delete;
+    NewFile &operator=(const NewFile &) = delete;
+    ~NewFile() {
         if (path_) DeleteFileA(path_);
     }
     void Whole() { path_ = nullptr; }
 
 private:
     const char *path_; // null: nothing to remove
-    HCURSOR old_cursor_;
 };
 
 void CopyReport(Session *session, const char *path) {
-    SaveState state(session, path);
+    const CursorKept cursor;
+    SetCursor(session->device.WaitCursor);
+    NewFile file(path);
     const char *report = session->pages.ReportPath;
     CopyFileData(session, report, 0, path, 0, FileLength(report));
-    state.Whole();
+    file.Whole();
 }
 
 // The whole report file goes to the chosen name; only a finished run has one.

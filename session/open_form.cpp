@@ -7,6 +7,7 @@
 #include "form/fonts.h"
 #include "form/form_reader.h"
 #include "form/pictures.h"
+#include "frame/cursor.h"
 #include "frame/fatal_error.h"
 #include "frame/host_data.h"
 #include "frame/message_box.h"
@@ -58,18 +59,6 @@ void OfferDataFields(Session *session) {
         if (check && IsWindow(window)) check(window, field, 0, host_data.HostContext);
     }
 }
-
-// The cursor that stood before the wait cursor comes back, also after a failure.
-class CursorKept {
-public:
-    CursorKept() : cursor_(GetCursor()) {}
-    CursorKept(const CursorKept &) = delete;
-    CursorKept &operator=(const CursorKept &) = delete;
-    ~CursorKept() { SetCursor(cursor_); }
-
-private:
-    HCURSOR cursor_;
-};
 
 } // namespace
 

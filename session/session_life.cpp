@@ -7,13 +7,13 @@
 #include "form/built_in_tables.h"
 #include "form/defaults.h"
 #include "form/fonts.h"
+#include "form/form_lock.h"
 #include "form/form_writer.h"
 #include "frame/fatal_error.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/message_box.h"
 #include "frame/modified.h"
-#include "frame/owned.h"
 #include "frame/session_table.h"
 #include "session/open_form.h"
 
@@ -137,8 +137,7 @@ void CloseSession(Session *session) {
     FormState &form = session->form;
     const bool designer = session->SessionKind == KIND_DESIGNER;
     if (designer && form.FormModified && !SettleModifiedForm(session)) return;
-    CloseFileHandle(form.FormLock);
-    form.FormLock = INVALID_HANDLE_VALUE;
+    ReleaseLock(session);
     session->IgnoreMessages = 1;
     FreeDevMode(session);
     ReleaseDeviceProp(session);

@@ -1,25 +1,25 @@
 #include <cstdio>
-#include <cstring>
 
 #include "host/cli/commands.h"
 #include "host/cli/failure.h"
 #include "host/data/files.h"
 #include "host/export/report_pages.h"
 #include "host/forms/expression_text.h"
+#include "host/forms/fixed_text.h"
 #include "host/forms/form_check.h"
 #include "host/forms/form_members.h"
 #include "host/forms/form_names.h"
 
 namespace {
 
-std::string Text(const char *field, size_t size) {
-    return ToUtf8(std::string(field, strnlen(field, size)));
+template <size_t Size> std::string Text(const char (&field)[Size]) {
+    return ToUtf8(FixedText(field));
 }
 
 void PrintReport(const std::string &path) {
     const ReportPages report = ReadReport(path);
     const ReportFileHeader &header = report.header;
-    std::printf("report:  %s\n", Text(header.ReportName, sizeof header.ReportName).c_str());
+    std::printf("report:  %s\n", Text(header.ReportName).c_str());
     std::printf("pages:   %d\n", +header.PageCount);
     std::printf("records: %d\n", +header.RecordCount);
     std::printf("paper:   %.2f x %.2f inches\n", static_cast<double>(header.PaperWidth),
@@ -36,7 +36,7 @@ void PrintFields(const FormImage &form) {
             field.ValueType > TYPE_PICTURE)
             continue;
         std::printf("  %-12s %-8s %s\n", kind_names[field.FieldKind], type_names[field.ValueType],
-                    Text(field.FieldName, sizeof field.FieldName).c_str());
+                    Text(field.FieldName).c_str());
     }
 }
 
@@ -57,7 +57,7 @@ void PrintForm(const std::string &path) {
     const int version = ReadFormHeader(path).FormVersion;
     CheckForm(path, form);
     const FormHeader &header = form.header;
-    std::printf("form:    %s\n", Text(header.ReportName, sizeof header.ReportName).c_str());
+    std::printf("form:    %s\n", Text(header.ReportName).c_str());
     std::printf("kind:    %s, version %d\n", header.LabelType ? "labels" : "report", version);
     std::printf("margins: %.2f left, %.2f right, %.2f top, %.2f bottom inches\n",
                 static_cast<double>(header.LeftMargin), static_cast<double>(header.RightMargin),
@@ -73,7 +73,7 @@ void PrintForm(const std::string &path) {
             std::printf("  asked        %-8s %s\n",
                         user.ValueType >= 1 && user.ValueType <= 6 ? type_names[user.ValueType]
                                                                    : "",
-                        Text(user.UserName, sizeof user.UserName).c_str());
+                        Text(user.UserName).c_str());
 }
 
 } // namespace

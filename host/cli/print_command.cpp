@@ -1,9 +1,9 @@
 #include <cstdio>
-#include <cstring>
 
 #include "host/cli/commands.h"
 #include "host/cli/failure.h"
 #include "host/export/report_pages.h"
+#include "host/forms/fixed_text.h"
 #include "host/print/print_job.h"
 #include "host/print/printers.h"
 #include "host/run/unattended.h"
@@ -11,9 +11,7 @@
 int PrintCommand(const PrintOptions &options) {
     const ReportFileHeader header = ReadReportHeader(options.report);
     PrintRequest request{ChosenPrinter(options.printer), options.report, "", options.copies};
-    if (*header.ReportName)
-        request.title.assign(header.ReportName,
-                             strnlen(header.ReportName, sizeof header.ReportName));
+    if (*header.ReportName) request.title = FixedText(header.ReportName);
     const Unattended unattended({}, Person::ABSENT);
     ReportReader report(options.report);
     const std::vector<int> pages = PageRange(options.pages, report.PageCount());

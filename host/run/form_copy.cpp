@@ -4,6 +4,7 @@
 
 #include "host/cli/failure.h"
 #include "host/data/files.h"
+#include "host/forms/fixed_text.h"
 #include "host/forms/form_image.h"
 #include "host/print/printers.h"
 
@@ -11,8 +12,7 @@ namespace {
 
 std::string PrinterFor(const FormHeader &header, const PaperWish &wish) {
     if (!wish.printer.empty()) return ChosenPrinter(wish.printer);
-    const std::string own(header.PrinterDevice,
-                          strnlen(header.PrinterDevice, sizeof header.PrinterDevice));
+    const std::string own = FixedText(header.PrinterDevice);
     return ChosenPrinter(HasPrinter(own) ? own : "");
 }
 

@@ -5,6 +5,8 @@
 
 #include <windows.h>
 
+#include "host/forms/fixed_text.h"
+
 namespace {
 
 class Device {
@@ -56,8 +58,7 @@ std::set<int> FontsInUse(const FormImage &form) {
 } // namespace
 
 std::vector<std::string> PrinterRemarks(const FormHeader &form, const std::string &printer) {
-    const std::string own(form.PrinterDevice,
-                          strnlen(form.PrinterDevice, sizeof form.PrinterDevice));
+    const std::string own = FixedText(form.PrinterDevice);
     if (own.empty() || !lstrcmpiA(own.c_str(), printer.c_str())) return {};
     return {"its printer \"" + own + "\" isn't on this machine; \"" + printer +
             "\" takes its place"};

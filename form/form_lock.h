@@ -1,0 +1,11 @@
+// The open handle by which a session keeps its form's file.
+#pragma once
+
+#include "frame/session.h"
+
+namespace tessarine {
+
+// Gives the file free; nothing happens in a session that keeps none.
+void ReleaseLock(Session *session);
+
+} // namespace tessarine
