@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/failing_call.h"
+#include "tests/support/box_owners.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/test_session.h"
 
@@ -45,13 +45,6 @@ protected:
     BareSession session;
     MessageBoxes boxes;
 };
-
-std::vector<HWND> owners; // of message boxes
-
-int WINAPI NoteOwner(HWND owner, const char *, const char *, UINT) {
-    owners.push_back(owner);
-    return IDOK;
-}
 
 } // namespace
 
@@ -172,13 +165,12 @@ TEST_F(Tokenizer, BracketsHold99CharactersAndOneWith100IsNoDate) {
 TEST_F(Tokenizer, OnlyTooLongLiteralsAreToldWithoutAnOwner) {
     const HWND window = GetDesktopWindow();
     session->device.Window = window;
-    owners.clear();
-    const ReplacedCall box("MessageBoxA", NoteOwner);
+    const BoxOwners owners;
     const std::string longest(100, '1');
     for (const std::string &text :
          {"\"" + longest, "{" + longest, std::string("\"a"), std::string("{a"), std::string(".a")})
         EXPECT_EQ(Next(text).token_class, 'E');
-    EXPECT_EQ(owners, (std::vector<HWND>{nullptr, nullptr, window, window, window}));
+    EXPECT_EQ(owners.Noted(), (std::vector<HWND>{nullptr, nullptr, window, window, window}));
 }
 
 TEST_F(Tokenizer, OpenLiteralsAreTold) {

@@ -4,7 +4,7 @@
 #include "frame/memory.h"
 #include "frame/session_table.h"
 #include "run/run.h"
-#include "tests/support/failing_call.h"
+#include "tests/support/box_owners.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/test_session.h"
 
@@ -23,13 +23,6 @@ struct OpenedSessions {
     std::vector<Session *> open;
     int code = 0;
 };
-
-std::vector<HWND> owners; // of message boxes
-
-int WINAPI NoteOwner(HWND owner, const char *, const char *, UINT) {
-    owners.push_back(owner);
-    return IDOK;
-}
 
 } // namespace
 
@@ -136,15 +129,14 @@ TEST(FatalError, MessageAndThoseOfTheAllocatorsHaveNoOwner) {
     BareSession session;
     session->device.Window = GetDesktopWindow();
     session->ParentWindow = GetDesktopWindow();
-    owners.clear();
-    const ReplacedCall box("MessageBoxA", NoteOwner);
+    const BoxOwners owners;
     EXPECT_THROW(tessarine::FatalError(session, "Something", 7), tessarine::Unwinding);
     tessarine::FailAllocation(1);
     tessarine::OurAlloc(1);
     tessarine::sAlloc(1);
     tessarine::MemAlloc(1);
     tessarine::FailAllocation(0);
-    EXPECT_EQ(owners, std::vector<HWND>(4, nullptr));
+    EXPECT_EQ(owners.Noted(), std::vector<HWND>(4, nullptr));
 }
 
 TEST(FatalError, EmptyWarningShowsNothingAndStillUnwinds) {

@@ -8,14 +8,6 @@ class Interrupt : public Tess {
 protected:
     Interrupt() : title("stopped" + std::to_string(GetTickCount())), log(folder.Path("run.txt")) {}
 
-    std::string Form() {
-        std::string json = ReadWholeFile(Sample("countries.json"));
-        const size_t start = json.find("\"name\": \"") + 9;
-        json.replace(start, json.find('"', start) - start, title);
-        WriteWholeFile(folder.Path("c.json"), json);
-        EXPECT_EQ(Run("form build " + folder.Path("c.json") + " " + folder.Path("c.fp")).code, 0u);
-        return folder.Path("c.fp");
-    }
     // The countries so many times over.
     std::string Table(int times) {
         const std::string text = ReadWholeFile(Sample("countries.csv"));
@@ -25,7 +17,9 @@ protected:
         WriteWholeFile(folder.Path("c.csv"), table);
         return folder.Path("c.csv");
     }
-    std::string Arguments(int times) { return "run --form " + Form() + " --data " + Table(times); }
+    std::string Arguments(int times) {
+        return "run --form " + BuildTitled("countries", title) + " --data " + Table(times);
+    }
     // Jobs are printed in turn, so what isn't there before a later one was dropped.
     void ExpectNoJob() {
         const std::string stopped = title;

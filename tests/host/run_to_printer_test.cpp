@@ -10,19 +10,9 @@ class RunToPrinter : public Tess {
 protected:
     RunToPrinter() : title("printed" + std::to_string(GetTickCount())) {}
 
-    // A sample's form whose report, and so its job, has the title of this test; with a part of its
-    // text replaced by another.
     std::string Titled(const std::string &name, const std::string &part = "",
                        const std::string &other = "") {
-        std::string json = ReadWholeFile(Sample(name + ".json"));
-        const size_t start = json.find("\"name\": \"") + 9;
-        json.replace(start, json.find('"', start) - start, title);
-        if (!part.empty()) json.replace(json.find(part), part.size(), other);
-        WriteWholeFile(folder.Path(name + ".json"), json);
-        const std::string form = folder.Path(name + ".fp");
-        const Outcome outcome = Run("form build " + folder.Path(name + ".json") + " " + form);
-        EXPECT_EQ(outcome.code, 0u) << outcome.output;
-        return form;
+        return BuildTitled(name, title, part, other);
     }
     Outcome Print(const std::string &form, const std::string &table, const std::string &more = "") {
         return Run("run --form " + form + " --data " + Sample(table) + " --to printer " + more);

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "rep_dlg.h"
-#include "tests/support/failing_call.h"
+#include "tests/support/box_owners.h"
 #include "tests/support/help_call.h"
 #include "tests/support/host_window.h"
 #include "tests/support/message_boxes.h"
@@ -276,17 +276,6 @@ TEST(Prompts, InputIsAsWideAsItsFieldAndStandsInTheMiddleWithTheFocus) {
     }
 }
 
-namespace {
-
-std::vector<HWND> owners; // of message boxes
-
-int WINAPI NoteOwner(HWND owner, const char *, const char *, UINT) {
-    owners.push_back(owner);
-    return IDOK;
-}
-
-} // namespace
-
 TEST(Prompts, RefusalsBelongToTheRunsWindow) {
     AskingForm form;
     form.Ask("D", TYPE_DATE, 0);
@@ -295,8 +284,7 @@ TEST(Prompts, RefusalsBelongToTheRunsWindow) {
     const HostWindow host;
     ReportRun run(form);
     run.params.ParentWindow = host.Get();
-    owners.clear();
-    const ReplacedCall box("MessageBoxA", NoteOwner);
+    const BoxOwners owners;
     ASSERT_EQ(run.Run({{}}), 0);
-    EXPECT_EQ(owners, std::vector<HWND>(2, host.Get()));
+    EXPECT_EQ(owners.Noted(), std::vector<HWND>(2, host.Get()));
 }

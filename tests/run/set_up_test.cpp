@@ -10,8 +10,8 @@
 #include "rep_dlg.h"
 #include "run/run.h"
 #include "run/run_tables.h"
+#include "tests/support/box_owners.h"
 #include "tests/support/composition.h"
-#include "tests/support/failing_call.h"
 #include "tests/support/host_window.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/report_run.h"
@@ -185,21 +185,9 @@ TEST(RunTables, HostsPrinterIsTakenWhenBothBlocksComeAndTheFormsPaperStays) {
 
 // ---- the run's own words ------------------------------------------------------------------------
 
-namespace {
-
-std::vector<HWND> owners; // of message boxes
-
-int WINAPI NoteOwner(HWND owner, const char *, const char *, UINT) {
-    owners.push_back(owner);
-    return IDOK;
-}
-
-} // namespace
-
 TEST(RunBoxes, BelongToTheRunsWindow) {
     const HostWindow host;
-    owners.clear();
-    const ReplacedCall box("MessageBoxA", NoteOwner);
+    const BoxOwners owners;
     OneLine filtered;
     filtered.Filter({filtered.Field(FIELD_DATA, "N", TYPE_NUMERIC)});
     ReportRun run(filtered);
@@ -213,7 +201,7 @@ TEST(RunBoxes, BelongToTheRunsWindow) {
     ReportRun other(tall);
     other.params.ParentWindow = host.Get();
     EXPECT_EQ(other.Start(), CODE_PRINTER);
-    EXPECT_EQ(owners, std::vector<HWND>(2, host.Get()));
+    EXPECT_EQ(owners.Noted(), std::vector<HWND>(2, host.Get()));
 }
 
 // ---- memory ------------------------------------------------------------------------------------

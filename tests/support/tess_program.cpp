@@ -109,6 +109,19 @@ std::string Tess::Build(const std::string &name) {
     return form;
 }
 
+std::string Tess::BuildTitled(const std::string &name, const std::string &title,
+                              const std::string &part, const std::string &other) {
+    std::string json = ReadWholeFile(Sample(name + ".json"));
+    const size_t start = json.find("\"name\": \"") + 9;
+    json.replace(start, json.find('"', start) - start, title);
+    if (!part.empty()) json.replace(json.find(part), part.size(), other);
+    WriteWholeFile(folder.Path(name + ".json"), json);
+    const std::string form = folder.Path(name + ".fp");
+    const Outcome outcome = Run("form build " + folder.Path(name + ".json") + " " + form);
+    EXPECT_EQ(outcome.code, 0u) << outcome.output;
+    return form;
+}
+
 Outcome Tess::Report(const std::string &name, const std::string &more) {
     return Run("run --form " + Build(name) + " --data " + Sample(name + ".csv") + " --output " +
                folder.Path(name + ".frc") + " " + more);

@@ -45,6 +45,10 @@ protected:
     static std::string Sample(const std::string &name);
     // Builds a sample's form; its path.
     std::string Build(const std::string &name);
+    // The same with another title of its report, and so of its job; and with a part of its text
+    // replaced by another, unless that is "".
+    std::string BuildTitled(const std::string &name, const std::string &title,
+                            const std::string &part = "", const std::string &other = "");
     // Runs a sample to NAME.frc in the folder.
     Outcome Report(const std::string &name, const std::string &more = "");
 
