@@ -54,12 +54,12 @@ void FocusOnBar(Session *session, int section) {
 int BeginField(Session *session, int section, int x, int y) {
     if (session->designer.PendingCommand != IDLE) return NO_SLOT;
     if (session->form.TotalItems >= MAX_ITEMS) {
-        ShowBox(session->device.Window, "Item Table Full!");
+        ShowSessionBox(session, "Item Table Full!");
         return NO_SLOT;
     }
     if (!IsInForm(session, section) || !InRange(x) || !InRange(y)) return NO_SLOT;
     const int slot = NewFieldSlot(session);
-    if (slot == NO_SLOT) ShowBox(session->device.Window, "Ran out of TempFld table!");
+    if (slot == NO_SLOT) ShowSessionBox(session, "Ran out of TempFld table!");
     return slot;
 }
 

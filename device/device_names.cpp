@@ -50,7 +50,7 @@ HGLOBAL GetDevNames(Session *session) {
     const HGLOBAL handle = GlobalAlloc(GHND, sizeof(DEVNAMES) + driver + device + port);
     auto *names = static_cast<DEVNAMES *>(LockHandle(handle));
     if (!names) {
-        ShowBox(session->device.Window, "Ran out of memory (FrPrintOptions)");
+        ShowSessionBox(session, "Ran out of memory (FrPrintOptions)");
         return nullptr;
     }
     names->wDriverOffset = sizeof(DEVNAMES);

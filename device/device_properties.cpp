@@ -127,17 +127,6 @@ void RegisterClipFormat(Session *session) {
     session->device.ClipFormat = RegisterClipboardFormatA(name);
 }
 
-void ReleaseScreen(Session *session) {
-    DeviceState &device = session->device;
-    if (!device.ScreenDC) return;
-    SelectStockObjects(device.ScreenDC);
-    if (session->run.OutputToPrinter)
-        DeleteDC(device.ScreenDC);
-    else
-        ReleaseDC(device.Window, device.ScreenDC);
-    device.ScreenDC = nullptr;
-}
-
 void ReleaseInfoDevice(Session *session) {
     PrinterState &printer = session->printer;
     if (!printer.InfoDevice) return;
@@ -215,6 +204,17 @@ void InitDeviceProp(Session *session) {
     if (session->SessionKind == KIND_DESIGNER) LoadDesignerCursors(&device);
     RegisterClipFormat(session);
     if (session->view.PaintEnabled) ValidateRect(device.Window, nullptr);
+}
+
+void ReleaseScreen(Session *session) {
+    DeviceState &device = session->device;
+    if (!device.ScreenDC) return;
+    SelectStockObjects(device.ScreenDC);
+    if (session->run.OutputToPrinter)
+        DeleteDC(device.ScreenDC);
+    else
+        ReleaseDC(device.Window, device.ScreenDC);
+    device.ScreenDC = nullptr;
 }
 
 void ReleaseDeviceProp(Session *session) {

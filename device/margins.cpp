@@ -47,8 +47,7 @@ int ValidateMargins(Session *session, int showMessage) {
         const ItemRecord &item = session->form.Items[row];
         if (!IsTested(item) || !Offends(item, bounds)) continue;
         if (showMessage)
-            ShowBox(session->device.Window, session->LabelMode ? LABEL_WARNING : MARGIN_WARNING,
-                    "Warning");
+            ShowSessionBox(session, session->LabelMode ? LABEL_WARNING : MARGIN_WARNING, "Warning");
         if (session->view.PaintEnabled) InvalidateRect(session->device.Window, nullptr, FALSE);
         return row;
     }

@@ -79,7 +79,7 @@ void FitFirstDetail(Session *session) {
 int FrPrintOptions(Session *session) {
     OwnedGlobal names(MakeNamesBlock(session));
     if (!names) {
-        ShowBox(session->device.Window, "Ran out of memory (FrPrintOptions)");
+        ShowSessionBox(session, "Ran out of memory (FrPrintOptions)");
         return 0;
     }
     if (!AskForPrinter(session, &names)) return 0;

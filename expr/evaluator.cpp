@@ -22,7 +22,7 @@ bool IsField(const Session *session, int cell) {
 }
 bool IsOperator(int cell) { return cell >= CELL_FIRST_OPERATOR && cell <= CELL_LAST_OPERATOR; }
 
-void Complain(const Session *session, const char *text) { ShowBox(session->device.Window, text); }
+void Complain(const Session *session, const char *text) { ShowSessionBox(session, text); }
 
 FieldRecord *RowOf(Session *session, int cell) {
     FormState &form = session->form;

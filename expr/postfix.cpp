@@ -29,7 +29,7 @@ struct Conversion {
     bool failed = false;
 
     void Fail(const char *message) {
-        if (!failed) ShowBox(session->device.Window, message);
+        if (!failed) ShowSessionBox(session, message);
         failed = true;
     }
     void Push(int cell) {

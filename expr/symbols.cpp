@@ -25,7 +25,7 @@ constexpr int NO_CELL = 0;
 bool Refuse(const Session *session, const char *format, const char *token) {
     char text[200];
     std::snprintf(text, sizeof text, format, token);
-    ShowBox(session->device.Window, text);
+    ShowSessionBox(session, text);
     return false;
 }
 
@@ -154,7 +154,7 @@ int OperandCell(Session *session, char token_class, const char *token, int cell_
     }
     const int slot = NewFieldSlot(session);
     if (slot == NO_SLOT) {
-        ShowBox(session->device.Window, "Ran out of field table!");
+        ShowSessionBox(session, "Ran out of field table!");
         return NO_CELL;
     }
     record.RefCount = shared;
@@ -199,8 +199,8 @@ int GenerateSymbols(Session *session, const char *text, Cell *cells, int32_t *er
         if (token_class == 'Z') return finish(1);
         if (token_class == 'E') return finish(0);
         if (count == MOST_CELLS) {
-            ShowBox(session->device.Window, "Too many field names, operators, or functions.",
-                    "Expression Too Long");
+            ShowSessionBox(session, "Too many field names, operators, or functions.",
+                           "Expression Too Long");
             return finish(0);
         }
         const int cell_before = count ? cells[count - 1] : NO_CELL;

@@ -31,7 +31,7 @@ int ValidateExp(Session *session, const Cell *cells, int mode) {
     InitField(session, &result);
     if (EvaluateExpression(session, postfix, &result, 0) != CELL_END) return 0;
     if (mode == MODE_FILTER && postfix[0] != CELL_END && result.ValueType != TYPE_LOGICAL) {
-        ShowBox(session->device.Window, "This expression must evaluate to a TRUE/FALSE result.");
+        ShowSessionBox(session, "This expression must evaluate to a TRUE/FALSE result.");
         return 0;
     }
     return result.ValueType;
@@ -50,7 +50,7 @@ int CopyCreateExp(Session *session, const Cell *source, Cell *target) {
         }
         const int slot = NewFieldSlot(session);
         if (slot == NO_SLOT) {
-            ShowBox(session->device.Window, "Ran out of field table(CopyCreateExp)!");
+            ShowSessionBox(session, "Ran out of field table(CopyCreateExp)!");
             target[place] = CELL_END;
             return 0;
         }

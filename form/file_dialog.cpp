@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "frame/fatal_error.h"
 #include "frame/host_data.h"
 #include "frame/text.h"
 
@@ -46,6 +47,7 @@ bool AskFileName(Session *session, char *name, const char *filter, const char *t
         SendMessageA(session->ParentWindow, MESSAGE_NO_RESULT, 0, 0);
     if (window) DropMouseMessages(window);
     if (done) std::strcpy(name, chosen);
+    RaisePending(session);
     return done;
 }
 

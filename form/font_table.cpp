@@ -76,7 +76,7 @@ int TakeFontRow(Session *session, const LOGFONTA &font) {
     if (row != NO_ROW) return row;
     row = FindFontRow(session);
     if (row == NO_ROW) {
-        ShowBox(session->device.Window, "Ran out of Font Table");
+        ShowSessionBox(session, "Ran out of Font Table");
         return NO_ROW;
     }
     session->form.Fonts[row].LogFont = font;
@@ -154,21 +154,21 @@ int FindFontRow(Session *session) {
         if (row != NO_ROW) return row;
         if (!SqueezeTable(session)) break;
     }
-    ShowBox(session->device.Window, "Ran Out of Font/Picture Table");
+    ShowSessionBox(session, "Ran Out of Font/Picture Table");
     return NO_ROW;
 }
 
 int CreateDefaultBoldFont(Session *session) {
     const int row = FindFontRow(session);
     if (row == NO_ROW) {
-        ShowBox(session->device.Window, "Ran out of Font Table");
+        ShowSessionBox(session, "Ran out of Font Table");
         return 0;
     }
     FontEntry *font = &session->form.Fonts[row];
     font->LogFont = session->form.Fonts[0].LogFont;
     font->LogFont.lfWeight = BOLD_WEIGHT;
     if (MakeFont(session, session->device.ScreenDC, row, false)) return row;
-    ShowBox(session->device.Window, "Unable to create default bold font.");
+    ShowSessionBox(session, "Unable to create default bold font.");
     ReleaseFontRow(session, row);
     return 0;
 }

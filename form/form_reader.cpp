@@ -82,7 +82,7 @@ void WarnOfReadOnly(const Session *session, const char *path) {
     else if (session->LabelMode)
         text = "The selected label is being edited by another user. The label will be opened in "
                "read-only mode.";
-    ShowBox(session->device.Window, text, "Warning");
+    ShowSessionBox(session, text, "Warning");
 }
 
 void ReadHeader(Session *session, HANDLE file) {
@@ -132,7 +132,7 @@ void ReadFonts(Session *session, HANDLE file) {
     uint8_t marker = 0;
     if (!ReadBlock(file, &marker, sizeof marker) || marker != session->form.FontMarker ||
         !ReadFontRows(session, file))
-        ShowBox(session->device.Window, "Font Table Incomplete!");
+        ShowSessionBox(session, "Font Table Incomplete!");
 }
 
 // The rows count from the header, cut to what the table holds.

@@ -21,7 +21,7 @@ constexpr const char *FORM_FILTER = "Tessarine+ Files(*.FP)|*.FP|";
 enum class Save { Done, Silent, Recover };
 
 Save Fail(const Session *session, const char *text, const char *title = "") {
-    ShowBox(session->device.Window, text, title);
+    ShowSessionBox(session, text, title);
     return Save::Recover;
 }
 
@@ -134,7 +134,7 @@ Save WriteForm(Session *session, const char *path) {
 
 int FrSave(Session *session, char *path) {
     if (IsReadOnly()) {
-        ShowBox(session->device.Window, "Read-Only form cannot be saved");
+        ShowSessionBox(session, "Read-Only form cannot be saved");
         return 0;
     }
     if (!*path && (!AskFileName(session, path, FORM_FILTER, "Save", true) || !*path)) return 0;
@@ -162,7 +162,7 @@ int FrSave(Session *session, char *path) {
 
 int SaveAs(Session *session, char *path) {
     if (IsReadOnly()) {
-        ShowBox(session->device.Window, "Read-Only form cannot be saved");
+        ShowSessionBox(session, "Read-Only form cannot be saved");
         return 0;
     }
     UpperText(path);

@@ -48,7 +48,7 @@ private:
 };
 
 bool Tell(const Session *session, const char *text) {
-    ShowBox(session->device.Window, text);
+    ShowSessionBox(session, text);
     return false;
 }
 

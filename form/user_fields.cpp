@@ -32,7 +32,7 @@ int CountInUse(const Session *session) {
                       [](const UserFieldRecord &user) { return user.InUse != 0; }));
 }
 
-void Tell(const Session *session, const char *text) { ShowBox(session->device.Window, text); }
+void Tell(const Session *session, const char *text) { ShowSessionBox(session, text); }
 
 void TellUse(const Session *session, const char *format, const char *name) {
     char text[200];

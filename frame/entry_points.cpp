@@ -16,9 +16,9 @@
 #include "form/fonts.h"
 #include "form/form_writer.h"
 #include "form/pictures.h"
+#include "frame/boundary.h"
 #include "frame/colors.h"
 #include "frame/dialogs.h"
-#include "frame/fatal_error.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
@@ -36,25 +36,26 @@
 
 namespace {
 
-// False before a session has its tables and its printer, and once it has ended.
+// False before a session has its tables and its printer, and once it is ending.
 bool IsOpen(const Session *session) {
-    return session && session->form.TablesAllocated && session->printer.DevMode;
+    return session && tessarine::SessionStands(session) && session->form.TablesAllocated &&
+           session->printer.DevMode && session->State != tessarine::STATE_ENDING;
 }
 
-// A routine on an open session that a host calls from outside any entry point: a failure shows
-// its message, leaves its code in the session and gives the fallback.
+// A routine on a session of any kind: a failure shows its message, leaves its code in the session
+// and gives the fallback.
 template <typename Result, typename Body>
 Result OnSession(Session *session, Result fallback, Body body) {
     if (!IsOpen(session)) return fallback;
-    const int depth = session->UnwindPoint++;
-    Result result = fallback;
-    try {
-        result = body();
-    } catch (const tessarine::Unwinding &) {
-        session->PendingFailure = 0;
-    }
-    session->UnwindPoint = depth;
-    return result;
+    return tessarine::AtEntry(
+        session, [&] { return Result{body()}; }, [&] { return fallback; });
+}
+
+// A routine that works on a form. A run has made something else of its form.
+template <typename Result, typename Body>
+Result OnForm(Session *session, Result fallback, Body body) {
+    const bool form = IsOpen(session) && session->State == tessarine::STATE_FORM_OPEN;
+    return form ? OnSession(session, fallback, body) : fallback;
 }
 
 // The session, unless the host left out what the routine reads or writes.
@@ -65,7 +66,7 @@ Session *With(Session *session, std::initializer_list<const void *> needed) {
 
 // What a host gives to measure: a row of the font table, and a text.
 bool Measurable(const Session *session, const char *text, int32_t font) {
-    return session && session->form.Fonts && text && font >= 0 && font < MAX_FONTS;
+    return IsOpen(session) && text && font >= 0 && font < MAX_FONTS;
 }
 
 } // namespace
@@ -122,38 +123,37 @@ int32_t __stdcall SetNewFormData(const NewFormData *block) {
 }
 
 int32_t __stdcall InitVariables(Session *session) {
-    return OnSession(session, 0, [&] {
+    return OnForm(session, 0, [&] {
         tessarine::InitVariables(session);
         return 1;
     });
 }
 
 int32_t __stdcall InitNewForm(Session *session) {
-    return OnSession(session, 0, [&] { return tessarine::InitNewForm(session); });
+    return OnForm(session, 0, [&] { return tessarine::InitNewForm(session); });
 }
 
 int32_t __stdcall FrSave(Session *session, char *path) {
-    return OnSession(With(session, {path}), 0, [&] { return tessarine::FrSave(session, path); });
+    return OnForm(With(session, {path}), 0, [&] { return tessarine::FrSave(session, path); });
 }
 
 int32_t __stdcall AddNewDataField(Session *session, const char *name, int32_t section, int32_t x,
                                   int32_t y, int32_t wrap) {
-    return OnSession(With(session, {name}), -1, [&] {
-        return tessarine::AddNewDataField(session, name, section, x, y, wrap);
-    });
+    return OnForm(With(session, {name}), -1,
+                  [&] { return tessarine::AddNewDataField(session, name, section, x, y, wrap); });
 }
 
 int32_t __stdcall AddNewCalcField(Session *session, const char *text, int32_t section,
                                   const char *description, int32_t x, int32_t y) {
-    return OnSession(With(session, {text, description}), -1, [&] {
+    return OnForm(With(session, {text, description}), -1, [&] {
         return tessarine::AddNewCalcField(session, text, section, description, x, y);
     });
 }
 
 int32_t __stdcall AddNewSysField(Session *session, int32_t index, int32_t section, int32_t x,
                                  int32_t y) {
-    return OnSession(session, -1,
-                     [&] { return tessarine::AddNewSysField(session, index, section, x, y); });
+    return OnForm(session, -1,
+                  [&] { return tessarine::AddNewSysField(session, index, section, x, y); });
 }
 
 int32_t __stdcall CreateFieldLabel(Session *session, int32_t field, char *buffer, int32_t width,
@@ -170,15 +170,15 @@ int32_t __stdcall GetFieldSize(Session *session, int32_t field, int32_t font, in
 }
 
 int32_t __stdcall CreateDefaultBoldFont(Session *session) {
-    return OnSession(session, 0, [&] { return tessarine::CreateDefaultBoldFont(session); });
+    return OnForm(session, 0, [&] { return tessarine::CreateDefaultBoldFont(session); });
 }
 
 int32_t __stdcall FrFonts(Session *session, const LOGFONTA *font) {
-    return OnSession(session, 0, [&] { return tessarine::FrFonts(session, font); });
+    return OnForm(session, 0, [&] { return tessarine::FrFonts(session, font); });
 }
 
 int32_t __stdcall ValidateMargins(Session *session, int32_t showMessage) {
-    return OnSession(session, 0, [&] { return tessarine::ValidateMargins(session, showMessage); });
+    return OnForm(session, 0, [&] { return tessarine::ValidateMargins(session, showMessage); });
 }
 
 int32_t __stdcall GetLabelLen(Session *session, const char *text, int32_t font) {
@@ -196,19 +196,19 @@ int32_t __stdcall TruncateText(Session *session, char *text, int32_t width, int3
 
 int32_t __stdcall GenerateSymbols(Session *session, const char *text, uint16_t *cells,
                                   int32_t *errorPosition, int32_t mode) {
-    return OnSession(With(session, {text, cells, errorPosition}), 0, [&] {
+    return OnForm(With(session, {text, cells, errorPosition}), 0, [&] {
         return tessarine::GenerateSymbols(session, text, cells, errorPosition, mode);
     });
 }
 
 int32_t __stdcall ValidateExp(Session *session, const uint16_t *cells, int32_t mode) {
-    return OnSession(With(session, {cells}), 0,
-                     [&] { return tessarine::ValidateExp(session, cells, mode); });
+    return OnForm(With(session, {cells}), 0,
+                  [&] { return tessarine::ValidateExp(session, cells, mode); });
 }
 
 int32_t __stdcall ReleaseSymbols(Session *session, const uint16_t *cells) {
-    return OnSession(With(session, {cells}), 1,
-                     [&] { return tessarine::ReleaseSymbols(session, cells); });
+    return OnForm(With(session, {cells}), 1,
+                  [&] { return tessarine::ReleaseSymbols(session, cells); });
 }
 
 int32_t __stdcall ReadRepLogbrush(const RepLogbrush *packed, LOGBRUSH *brush) {

@@ -9,7 +9,7 @@ namespace tessarine {
 void FatalError(Session *session, const char *message, int code) {
     if (*message) ShowBox(nullptr, message, code == CODE_WARNING ? "Warning" : "Fatal Error");
     session->ErrorCode = code;
-    throw Unwinding{session};
+    throw Unwinding{};
 }
 
 void FatalErrorWith(Session *session, const char *format, const char *insert, int code) {
@@ -17,10 +17,13 @@ void FatalErrorWith(Session *session, const char *format, const char *insert, in
     FatalError(session, session->TextBuffer, code);
 }
 
-void RaisePending(Session *session) {
-    if (!session->PendingFailure) return;
-    session->PendingFailure = 0;
-    throw Unwinding{session};
+void NoteLackOfMemory(Session *session) {
+    ShowBox(nullptr, "Ran Out of Memory", "Fatal Error");
+    session->ErrorCode = CODE_MEMORY;
+}
+
+void RaisePending(const Session *session) {
+    if (session->PendingFailure) throw Unwinding{};
 }
 
 } // namespace tessarine

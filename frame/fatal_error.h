@@ -2,16 +2,17 @@
 //
 // FatalError throws; the entry points catch and return the code. A routine that the system calls
 // back wraps its body in Guarded, since nothing may unwind through a system frame, and whoever
-// made the system call calls RaisePending right after it.
+// made the system call calls RaisePending right after it. What nobody raised the entry point
+// settles at its return.
 #pragma once
+
+#include <new>
 
 #include "frame/session.h"
 
 namespace tessarine {
 
-struct Unwinding {
-    Session *session;
-};
+struct Unwinding {};
 
 // Shows the message under "Fatal Error" ("Warning" when the code is 20; nothing when it is
 // empty), stores the code and unwinds. Also the road of a cancelled run: empty text, code 5.
@@ -22,7 +23,10 @@ struct Unwinding {
                                  int code);
 
 // Goes on unwinding when a callback left a failure pending; otherwise does nothing.
-void RaisePending(Session *session);
+void RaisePending(const Session *session);
+
+// What FatalError leaves behind when the language's own memory has run out.
+void NoteLackOfMemory(Session *session);
 
 // Runs body at a callback's boundary. A failure leaves the session's PendingFailure set (only
 // while an entry point is on the stack to take it) and gives the fallback value.
@@ -31,29 +35,11 @@ Result Guarded(Session *session, Result fallback, Body body) {
     try {
         return body();
     } catch (const Unwinding &) {
-        if (session->UnwindPoint > 0) session->PendingFailure = 1;
-        return fallback;
+    } catch (const std::bad_alloc &) {
+        NoteLackOfMemory(session);
     }
-}
-
-// True while the session stands in the session table.
-bool SessionStands(const Session *session);
-
-// Runs body as an entry point of a run's session: a failure below it comes back as the result of
-// onFailure(), with the session still open. The body may release the session.
-template <typename Body, typename OnFailure>
-auto AtEntry(Session *session, Body body, OnFailure onFailure) -> decltype(body()) {
-    const int depth = session->UnwindPoint;
-    session->UnwindPoint = depth + 1;
-    try {
-        auto result = body();
-        if (SessionStands(session)) session->UnwindPoint = depth;
-        return result;
-    } catch (const Unwinding &) {
-        session->UnwindPoint = depth;
-        session->PendingFailure = 0;
-        return onFailure();
-    }
+    if (session->UnwindPoint > 0) session->PendingFailure = 1;
+    return fallback;
 }
 
 } // namespace tessarine

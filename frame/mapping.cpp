@@ -2,10 +2,22 @@
 
 namespace tessarine {
 
-void ApplyMapping(const Session *session, HDC device) {
+namespace {
+
+void Map(HDC device, int pixelsX, int pixelsY) {
     SetMapMode(device, MM_ANISOTROPIC);
     SetWindowExtEx(device, UNITS_PER_INCH, UNITS_PER_INCH, nullptr);
-    SetViewportExtEx(device, session->device.LogPixelsX, session->device.LogPixelsY, nullptr);
+    SetViewportExtEx(device, pixelsX, pixelsY, nullptr);
+}
+
+} // namespace
+
+void ApplyMapping(const Session *session, HDC device) {
+    Map(device, session->device.LogPixelsX, session->device.LogPixelsY);
+}
+
+void ApplyOwnMapping(HDC device) {
+    Map(device, GetDeviceCaps(device, LOGPIXELSX), GetDeviceCaps(device, LOGPIXELSY));
 }
 
 void TakePixels(Session *session, HDC device) {

@@ -8,6 +8,9 @@ namespace tessarine {
 // Sets MM_ANISOTROPIC with window extent 250 by 250 and the session's LogPixelsX and LogPixelsY.
 void ApplyMapping(const Session *session, HDC device);
 
+// The same with the device's own pixels per inch.
+void ApplyOwnMapping(HDC device);
+
 // Makes the device's pixels per inch the session's.
 void TakePixels(Session *session, HDC device);
 

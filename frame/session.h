@@ -20,6 +20,16 @@ namespace tessarine {
 enum { KIND_DESIGNER = 'F', KIND_REPORT = 'R' };
 constexpr int TEXT_BUFFER_SIZE = 1024;
 
+// How far a session is. What a host may ask of it depends on this alone.
+enum SessionState {
+    STATE_OPENING,   // its start hasn't succeeded yet, or has failed
+    STATE_FORM_OPEN, // a designer with its form
+    STATE_READY,     // a run that waits for its first record
+    STATE_RUNNING,   // a run that has been given one
+    STATE_FINISHED,  // a preview that is read behind its run
+    STATE_ENDING,    // nothing is taken any more; released as soon as nothing works on it
+};
+
 } // namespace tessarine
 
 struct Session {
@@ -31,14 +41,17 @@ struct Session {
     HWND ParentWindow;
     int32_t SessionId;
     int32_t SessionKind;
+    int32_t State;           // a SessionState
+    Session *NextLive;       // in the list of live sessions
     int32_t ErrorCode;       // left by the last FatalError
     int32_t UnwindPoint;     // how many entry points of this session are on the stack
+    int32_t MessagesInHand;  // how many messages of its window are being handled, one in another
     uint32_t PendingFailure; // a failure that was caught at a callback's boundary
     uint32_t IgnoreMessages; // the window procedures ignore all messages: the session is closing
     uint32_t WindowInMaking; // CreateFormWindow has not finished
     WNDPROC WindowProcedure; // of the window that CreateFormWindow makes
     MessageRoutine MessageCallback;
-    void (*EndSession)(Session *); // how a closed window ends this session
+    void (*EndSession)(Session *); // how this session is released; can't fail
     uint32_t LabelMode;            // the word behind LabelForm when the session began
 
     tessarine::FormState form;
@@ -47,6 +60,7 @@ struct Session {
     tessarine::RunState run;
     tessarine::PageStoreState pages;
     tessarine::ViewState view;
+    tessarine::ProgressState progress; // of a run to a printer or to disk
     tessarine::PreviewJobState job;
     tessarine::DesignerState designer;
 

@@ -1,6 +1,5 @@
 #include "frame/session_table.h"
 
-#include "frame/fatal_error.h"
 #include "frame/memory.h"
 #include "frame/text.h"
 
@@ -13,6 +12,7 @@ SessionTableState session_table{};
 
 namespace {
 
+constexpr int WITHOUT_SLOT = -1;
 constexpr const char *window_classes[] = {"FrClass32", "RepClass32"};
 
 Session *SessionOfWindow(HWND window) {
@@ -35,9 +35,19 @@ Session *GetSessionPointer(HWND window, int slot) {
 }
 
 bool SessionStands(const Session *session) {
-    for (int slot = 0; slot < session_table.SessionHighMark; ++slot)
-        if (session_table.SessionTable[slot] == session) return true;
-    return false;
+    const Session *live = session_table.LiveSessions;
+    while (live && live != session) live = live->NextLive;
+    return live != nullptr;
+}
+
+int OpenSession(Session **session) {
+    *session = static_cast<Session *>(OurAlloc(sizeof(Session)));
+    if (!*session) return CODE_MEMORY;
+    FillBytes(*session, 0, sizeof(Session));
+    (*session)->SessionId = WITHOUT_SLOT;
+    (*session)->NextLive = session_table.LiveSessions;
+    session_table.LiveSessions = *session;
+    return CODE_DONE;
 }
 
 int OpenRunSession(Session **session) {
@@ -47,18 +57,20 @@ int OpenRunSession(Session **session) {
     if (slot == session_table.SessionHighMark && session_table.SessionHighMark < MAX_SESSIONS)
         ++session_table.SessionHighMark;
     if (slot == session_table.SessionHighMark) return CODE_NO_SLOT;
-    auto *opened = static_cast<Session *>(OurAlloc(sizeof(Session)));
-    if (!opened) return CODE_MEMORY;
-    FillBytes(opened, 0, sizeof(Session));
-    opened->SessionId = slot;
-    session_table.SessionTable[slot] = opened;
-    *session = opened;
+    if (const int code = OpenSession(session)) return code;
+    (*session)->SessionId = slot;
+    session_table.SessionTable[slot] = *session;
     return CODE_DONE;
 }
 
-void FreeRunSession(Session *session) {
-    session_table.SessionTable[session->SessionId] = nullptr;
-    session_table.PrinterContextTable[session->SessionId] = nullptr;
+void FreeSession(Session *session) {
+    Session **link = &session_table.LiveSessions;
+    while (*link != session) link = &(*link)->NextLive;
+    *link = session->NextLive;
+    if (session->SessionId != WITHOUT_SLOT) {
+        session_table.SessionTable[session->SessionId] = nullptr;
+        session_table.PrinterContextTable[session->SessionId] = nullptr;
+    }
     OurFree(session);
 }
 

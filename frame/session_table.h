@@ -1,4 +1,4 @@
-// The process-wide table of run sessions, and how a session is found.
+// The process-wide list of live sessions and table of run sessions, and how a session is found.
 #pragma once
 
 #include "frame/session.h"
@@ -9,6 +9,7 @@ struct SessionTableState {
     Session *SessionTable[MAX_SESSIONS]; // by slot, which is the SessionId
     int32_t SessionHighMark;             // slots from here up have never been in use
     HDC PrinterContextTable[MAX_SESSIONS];
+    Session *LiveSessions; // of all kinds, linked by NextLive
 };
 
 extern HINSTANCE module_instance; // taken at load
@@ -20,11 +21,16 @@ extern SessionTableState session_table;
 // null; null when there is none.
 Session *GetSessionPointer(HWND window, int slot);
 
-// Takes a free slot and a zeroed session for it. CODE_NO_SLOT, CODE_MEMORY or 0.
+// True while the session is alive, of whatever kind.
+bool SessionStands(const Session *session);
+
+// Makes a zeroed session without a slot, as a designer has it. CODE_MEMORY or 0.
+int OpenSession(Session **session);
+// The same with a free slot of the table. CODE_NO_SLOT, CODE_MEMORY or 0.
 int OpenRunSession(Session **session);
 
-// Clears the session's two slots and frees its memory.
-void FreeRunSession(Session *session);
+// Clears the session's slots, if it has any, and frees its memory.
+void FreeSession(Session *session);
 
 // Leads the abort procedures of a job on this device to its session, until the session closes.
 void NotePrinterContext(const Session *session, HDC device);

@@ -1,5 +1,3 @@
-#include <utility>
-
 #include "device/printer.h"
 #include "frame/dialogs.h"
 #include "frame/fatal_error.h"
@@ -36,8 +34,8 @@ INT_PTR TakeRange(HWND dialog, Session *session) {
         SetFocus(GetDlgItem(dialog, PRINT_FIRST_PAGE));
         return TRUE;
     }
-    session->run.FirstPrintPage = first;
-    session->run.LastPrintPage = last;
+    session->job.FirstPrintPage = first;
+    session->job.LastPrintPage = last;
     return EndDialog(dialog, 1);
 }
 
@@ -56,7 +54,10 @@ void TakeReportPaper(Session *session) {
 // One job at a time, also when a host sends the command to the disabled window.
 class JobClaim {
 public:
-    explicit JobClaim(Session *session) : session_(session) { session->job.InHand = 1; }
+    explicit JobClaim(Session *session) : session_(session) {
+        session->job.InHand = 1;
+        session->job.CancelState = CANCEL_NONE;
+    }
     JobClaim(const JobClaim &) = delete;
     JobClaim &operator=(const JobClaim &) = delete;
     ~JobClaim() { session_->job.InHand = 0; }
@@ -65,42 +66,21 @@ private:
     Session *session_;
 };
 
-// What a job changes in the session, put back at its end: cancelling it stops the job and not
-// the run behind it.
-class JobState {
-public:
-    JobState(Session *session, HDC device) : session_(session), cancel_(session->run.CancelState) {
-        session->job.PageCount = 1;
-        session->job.LogPixelsX = GetDeviceCaps(device, LOGPIXELSX);
-        session->job.LogPixelsY = GetDeviceCaps(device, LOGPIXELSY);
-        SwapJobState(session);
-    }
-    JobState(const JobState &) = delete;
-    JobState &operator=(const JobState &) = delete;
-    ~JobState() {
-        SwapJobState(session_);
-        session_->run.CancelState = cancel_;
-    }
-
-private:
-    Session *session_;
-    int32_t cancel_;
-};
-
 void PrintRange(Session *session, HDC device) {
-    const JobState state(session, device);
+    PreviewJobState &job = session->job;
     Owned<HMETAFILE, DeleteMetaFile> page;
-    for (int index = session->run.FirstPrintPage; index <= session->run.LastPrintPage; ++index) {
+    job.PageCount = 1;
+    for (int index = job.FirstPrintPage; index <= job.LastPrintPage; ++index) {
         StartPage(device);
         RaisePending(session);
-        ApplyMapping(session, device);
+        ApplyOwnMapping(device);
         page.Reset(ReadMetaFilePage(session, index, session->pages.PrintPagePath, page.Leave()));
         if (page) PlayMetaFile(device, page.Get());
         EndPage(device);
         ScrPrintProc(device, 0); // not every printer calls its abort procedure at a page's end
         RaisePending(session);
-        if (session->run.CancelState == CANCEL_STOP) break;
-        ++session->run.PageCount;
+        if (job.CancelState == CANCEL_STOP) break;
+        ++job.PageCount;
     }
 }
 
@@ -109,21 +89,21 @@ void PrintRange(Session *session, HDC device) {
 class JobDocument {
 public:
     JobDocument(Session *session, HDC device, bool silent)
-        : session_(session), device_(device), cancel_(session->run.CancelState), silent_(silent) {
+        : session_(session), device_(device), silent_(silent) {
         if (silent_) return;
-        OpenProgress(session, "ScrPrintAbortParam", ScrPrintAbortParam, session->device.Window,
-                     session->printer.DeviceName);
-        UpdateWindow(session->run.AbortDialog);
+        ProgressState &progress = session->job.Progress;
+        OpenProgress(session, &progress, "ScrPrintAbortParam", ScrPrintAbortParam,
+                     session->device.Window, session->printer.DeviceName);
+        UpdateWindow(progress.AbortDialog);
         EnableWindow(session->device.Window, FALSE);
     }
     JobDocument(const JobDocument &) = delete;
     JobDocument &operator=(const JobDocument &) = delete;
     ~JobDocument() {
         if (!ended_) AbortDoc(device_);
-        session_->run.CancelState = cancel_; // a Cancel while it ends is for the job too
         if (silent_) return;
         EnableWindow(session_->device.Window, TRUE);
-        CloseProgress(session_);
+        CloseProgress(&session_->job.Progress);
     }
     void End() {
         ended_ = true;
@@ -134,7 +114,6 @@ public:
 private:
     Session *session_;
     HDC device_;
-    int32_t cancel_;
     bool silent_;
     bool ended_ = false;
 };
@@ -143,11 +122,11 @@ int PrintJob(Session *session, HDC device) {
     const bool silent = session->run.ViewingFile && session->ViewBlock.Silent;
     NotePrinterContext(session, device);
     if (!silent) {
-        session->run.AbortProc = ScrPrintProc;
+        session->job.Progress.AbortProc = ScrPrintProc;
         SetAbortProc(device, ScrPrintProc);
     }
     if (!StartDocument(session, device)) {
-        ShowBox(session->device.Window, "Unable to Start the Print Job");
+        ShowSessionBox(session, "Unable to Start the Print Job");
         return 0;
     }
     JobDocument document(session, device, silent);
@@ -158,24 +137,16 @@ int PrintJob(Session *session, HDC device) {
 
 } // namespace
 
-void SwapJobState(Session *session) {
-    PreviewJobState &job = session->job;
-    job.InForce = !job.InForce;
-    std::swap(job.PageCount, session->run.PageCount);
-    std::swap(job.LogPixelsX, session->device.LogPixelsX);
-    std::swap(job.LogPixelsY, session->device.LogPixelsY);
-}
-
 int PrintPages(Session *session, int askRange) {
     if (session->job.InHand) return 1;
     const JobClaim claim(session);
     if (askRange && RunDialog(session, "PrintParam", PrintParam, 0) != 1) return 1;
-    --session->run.FirstPrintPage;
-    --session->run.LastPrintPage;
+    --session->job.FirstPrintPage;
+    --session->job.LastPrintPage;
     TakeReportPaper(session);
     const OwnedContext device(CreatePrinterContext(session));
     if (!device) {
-        ShowBox(session->device.Window, "Can not initialize printing");
+        ShowSessionBox(session, "Can not initialize printing");
         return 0;
     }
     return PrintJob(session, device.Get());

@@ -32,20 +32,28 @@ struct ViewState {
     uint32_t HorzScroll; // the window has that scroll bar
     uint32_t VertScroll;
     uint32_t PaintEnabled;   // the session has a window of its own to paint
+    uint32_t WindowGone;     // that window was destroyed by another's hand
     int32_t RulerBandHeight; // form units: the band above the page area, 0 in a report's window
     RECT ClipRect;           // pixels
-    int32_t MessagesInHand;  // how many messages of the window are being handled, one in another
-    uint32_t CloseWanted;    // the session ends when the last of them is done
 };
 
-// A print job of the preview. It counts pages and scales in the session's own fields; while these
-// are the job's, here is what the run and its window have, and the other way round.
+// A modeless dialog that shows how far a job is and lets the user stop it, with the procedures in
+// force.
+struct ProgressState {
+    HWND AbortDialog;
+    DLGPROC AbortDialogProc;
+    ABORTPROC AbortProc;
+};
+
+// A print job of the preview's finished pages. The run behind it goes on with its own page, scale
+// and cancel word.
 struct PreviewJobState {
     uint32_t InHand;
-    uint32_t InForce; // the session's fields are the job's
-    int32_t PageCount;
-    int32_t LogPixelsX;
-    int32_t LogPixelsY;
+    ProgressState Progress;
+    int32_t CancelState; // CANCEL_NONE or CANCEL_STOP
+    int32_t PageCount;   // number of the page in hand, from 1
+    int32_t FirstPrintPage;
+    int32_t LastPrintPage;
 };
 
 } // namespace tessarine

@@ -22,10 +22,6 @@ enum PreviewCommand {
 LRESULT CALLBACK RepWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 INT_PTR CALLBACK JumpParam(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 
-// Ends the session when its window has been closed at a moment that had to be waited out: behind a
-// message of the window, or inside an entry point.
-void EndIfClosed(Session *session);
-
 // Enables the commands of the menu that make sense now.
 void SetMenuState(Session *session);
 // Names the fit command after what it will do next.

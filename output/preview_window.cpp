@@ -1,8 +1,8 @@
 #include "device/device_properties.h"
 #include "form/file_dialog.h"
+#include "frame/boundary.h"
 #include "frame/cursor.h"
 #include "frame/dialogs.h"
-#include "frame/fatal_error.h"
 #include "frame/session_table.h"
 #include "frame/text.h"
 #include "output/page_store.h"
@@ -86,15 +86,19 @@ void ToggleFit(Session *session) {
     PaintPreview(session);
 }
 
-// A close that comes while another message is being handled or an entry point is at work, as
-// behind a message box or in a print job, waits for the end of that.
+// A start that failed has no host to release it; one that is still at work is cancelled.
+bool StartFailed(const Session *session) {
+    return session->State == STATE_OPENING && session->UnwindPoint == 0;
+}
+
+// A run that goes on is asked to stop, but behind a print job only the job is. All else ends as
+// soon as nothing works on it: behind a box, a dialog or a job that is in hand.
 void StopOrEnd(Session *session) {
-    if (session->run.RunPhase != PHASE_FINISHED)
+    session->job.CancelState = CANCEL_STOP;
+    if (session->State == STATE_FINISHED || StartFailed(session))
+        WantEnd(session);
+    else if (!session->job.InHand)
         session->run.CancelState = CANCEL_STOP;
-    else if (session->view.MessagesInHand > 1 || session->UnwindPoint > 0)
-        session->view.CloseWanted = 1;
-    else
-        session->EndSession(session);
 }
 
 struct ActionRow {
@@ -154,7 +158,21 @@ bool OnPaint(Session *session, WPARAM) {
 }
 
 bool OnClose(Session *session, WPARAM) {
-    if (session->run.RunPhase != PHASE_CLOSING) StopOrEnd(session);
+    const bool closing = session->State == STATE_RUNNING && session->run.RunPhase == PHASE_CLOSING;
+    if (!closing) StopOrEnd(session);
+    return true;
+}
+
+// The window goes by another's hand, as with its owner. A run that its host still feeds stands
+// until the host has heard of it, since its tables are in the host's hands.
+bool OnDestroy(Session *session, WPARAM) {
+    ReleaseScreen(session);
+    session->view.PaintEnabled = 0;
+    session->view.WindowGone = 1;
+    SetWindowLongA(session->device.Window, 0, 0);
+    session->device.Window = nullptr;
+    session->run.CancelState = CANCEL_STOP;
+    StopOrEnd(session);
     return true;
 }
 
@@ -169,30 +187,14 @@ constexpr MessageRow messages[] = {
     {WM_HSCROLL, OnHorizontalScroll},
     {WM_PAINT, OnPaint},
     {WM_CLOSE, OnClose},
-};
-
-// In the middle of a print job the window still shows the run's pages at its own scale.
-class WindowTurn {
-public:
-    explicit WindowTurn(Session *session) : session_(session->job.InForce ? session : nullptr) {
-        if (session_) SwapJobState(session_);
-    }
-    WindowTurn(const WindowTurn &) = delete;
-    WindowTurn &operator=(const WindowTurn &) = delete;
-    ~WindowTurn() {
-        if (session_) SwapJobState(session_);
-    }
-
-private:
-    Session *session_; // null: no job's state is in force
+    {WM_DESTROY, OnDestroy},
 };
 
 bool Handle(Session *session, UINT message, WPARAM wParam) {
-    const WindowTurn turn(session);
     for (const MessageRow &row : messages) {
         if (row.message != message) continue;
         if (!row.handle(session, wParam)) return false;
-        if (!SessionStands(session)) return true;
+        if (session->view.WindowGone) return true;
         SetMenuState(session);
         UpdateScrollBars(session);
         return true;
@@ -200,23 +202,13 @@ bool Handle(Session *session, UINT message, WPARAM wParam) {
     return false;
 }
 
-// Handles the message, and the close that waited for its end.
+// The session may be released at the end of this.
 bool HandleWhole(Session *session, UINT message, WPARAM wParam) {
-    ++session->view.MessagesInHand;
-    const bool handled = Guarded(session, true, [&] { return Handle(session, message, wParam); });
-    if (!SessionStands(session)) return true;
-    --session->view.MessagesInHand;
-    EndIfClosed(session);
-    return handled;
+    const InMessage inside(session);
+    return Guarded(session, true, [&] { return Handle(session, message, wParam); });
 }
 
 } // namespace
-
-void EndIfClosed(Session *session) {
-    const ViewState &view = session->view;
-    if (view.CloseWanted && view.MessagesInHand == 0 && session->UnwindPoint == 0)
-        session->EndSession(session);
-}
 
 LRESULT CALLBACK RepWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     Session *session = GetSessionPointer(window, 0);

@@ -24,9 +24,9 @@ Session *SessionOfDevice(HDC device) {
 
 void OpenPrinterProgress(Session *session) {
     const HDC device = session->device.OutputDevice;
-    OpenProgress(session, "PrintAbortParam", PrintAbortParam, session->ParentWindow,
-                 session->printer.DeviceName);
-    session->run.AbortProc = PrintProc;
+    OpenProgress(session, &session->progress, "PrintAbortParam", PrintAbortParam,
+                 session->ParentWindow, session->printer.DeviceName);
+    session->progress.AbortProc = PrintProc;
     SetAbortProc(device, PrintProc);
     NotePrinterContext(session, device);
 }
@@ -38,7 +38,7 @@ void StopIfCancelled(Session *session) {
 }
 
 void ShowProgress(const Session *session) {
-    UpdateWindow(session->run.AbortDialog);
+    UpdateWindow(session->progress.AbortDialog);
     if (session->ParentWindow) EnableWindow(session->ParentWindow, FALSE);
 }
 
@@ -46,6 +46,17 @@ void ShowProgress(const Session *session) {
 void EndDocument(Session *session) {
     session->run.DocumentOpen = 0;
     EndDoc(session->device.OutputDevice);
+}
+
+void ShowPages(const ProgressState &progress, int pages) {
+    if (ShownNumber(progress, PROGRESS_PAGES) != pages) ShowNumber(progress, PROGRESS_PAGES, pages);
+}
+
+void ReportCount(const Session *session) {
+    char text[40];
+    std::snprintf(text, sizeof text, "%ld Record(s) Printed",
+                  static_cast<long>(session->run.RecordCount));
+    ShowBox(session->ParentWindow, text, "Report Over", MB_OK | MB_ICONSTOP);
 }
 
 const char *NameBehindFolders(const char *path) {
@@ -79,8 +90,8 @@ void StartPrinterRun(Session *session) {
 
 void StartFileRun(Session *session) {
     if (session->RunBlock.Silent) return;
-    OpenProgress(session, "FilePrintAbortParam", FilePrintAbortParam, session->ParentWindow,
-                 NameBehindFolders(session->pages.OutputPath));
+    OpenProgress(session, &session->progress, "FilePrintAbortParam", FilePrintAbortParam,
+                 session->ParentWindow, NameBehindFolders(session->pages.OutputPath));
     ShowProgress(session);
 }
 
@@ -100,28 +111,23 @@ void StartPrinterPage(Session *session) {
 }
 
 void FilePrintPump(Session *session) {
-    if (!session->run.AbortDialog) return;
-    if (ShownNumber(session, PROGRESS_PAGES) != session->run.PageCount)
-        ShowNumber(session, PROGRESS_PAGES, session->run.PageCount);
-    PumpProgress(session, 0);
+    const ProgressState &progress = session->progress;
+    if (!progress.AbortDialog) return;
+    ShowPages(progress, session->run.PageCount);
+    PumpProgress(progress.AbortDialog, &session->run.CancelState, 0);
     RaisePending(session);
 }
 
-void FinishOutput(Session *session) {
+void FinishOutput(Session *session, bool whole) {
     const RunState &run = session->run;
     const bool silent = session->RunBlock.Silent;
     if (run.RecordCount > 0 && !silent) PrintProc(session->device.OutputDevice, 0);
     if (run.DocumentOpen) EndDocument(session);
-    if (run.AbortDialogProc) {
+    if (session->progress.AbortDialogProc) {
         if (session->ParentWindow) EnableWindow(session->ParentWindow, TRUE);
-        CloseProgress(session);
+        CloseProgress(&session->progress);
     }
-    if (run.CancelState != CANCEL_STOP && !silent) {
-        char text[40];
-        std::snprintf(text, sizeof text, "%ld Record(s) Printed",
-                      static_cast<long>(run.RecordCount));
-        ShowBox(session->ParentWindow, text, "Report Over", MB_OK | MB_ICONSTOP);
-    }
+    if (whole && run.CancelState != CANCEL_STOP && !silent) ReportCount(session);
     if (run.OutputToFile && run.RecordCount == 0) DeleteFileA(session->pages.OutputPath);
 }
 
@@ -129,22 +135,25 @@ BOOL CALLBACK PrintProc(HDC device, int code) {
     Session *session = SessionOfDevice(device);
     if (!session) return TRUE;
     return Guarded(session, BOOL{TRUE}, [&] {
-        if (ShownNumber(session, PROGRESS_RECORDS) != session->run.RecordCount) {
-            ShowNumber(session, PROGRESS_PAGES, session->run.PageCount);
-            ShowNumber(session, PROGRESS_RECORDS, session->run.RecordCount);
+        const ProgressState &progress = session->progress;
+        RunState &run = session->run;
+        if (ShownNumber(progress, PROGRESS_RECORDS) != run.RecordCount) {
+            ShowNumber(progress, PROGRESS_PAGES, run.PageCount);
+            ShowNumber(progress, PROGRESS_RECORDS, run.RecordCount);
         }
-        if (device == session->device.OutputDevice) PumpProgress(session, code);
+        if (device == session->device.OutputDevice)
+            PumpProgress(progress.AbortDialog, &run.CancelState, code);
         return BOOL{TRUE};
     });
 }
 
 BOOL CALLBACK ScrPrintProc(HDC device, int code) {
     Session *session = SessionOfDevice(device);
-    if (!session || !session->run.AbortDialog) return TRUE;
+    if (!session || !session->job.Progress.AbortDialog) return TRUE;
     return Guarded(session, BOOL{TRUE}, [&] {
-        if (ShownNumber(session, PROGRESS_PAGES) != session->run.PageCount)
-            ShowNumber(session, PROGRESS_PAGES, session->run.PageCount);
-        PumpProgress(session, code);
+        PreviewJobState &job = session->job;
+        ShowPages(job.Progress, job.PageCount);
+        PumpProgress(job.Progress.AbortDialog, &job.CancelState, code);
         return BOOL{TRUE};
     });
 }

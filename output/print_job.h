@@ -11,16 +11,14 @@ void StartFileRun(Session *session);     // the dialog of a run to disk
 void EndPrinterPage(Session *session);   // EndPage and the abort procedure
 void StartPrinterPage(Session *session); // StartPage and the unit mapping; may unwind with 5
 void FilePrintPump(Session *session);
-void FinishOutput(Session *session); // closing steps: dialog, document, report of the count
+// The closing steps: dialog, document and, of a run that got whole, the report of the count.
+void FinishOutput(Session *session, bool whole);
 
 // Starts a document of the report's name; false when the device refuses.
 bool StartDocument(const Session *session, HDC device);
 
 // Prints finished pages of a preview. 1, also when the user cancelled; 0 after a message.
 int PrintPages(Session *session, int askRange);
-// Puts the job's page count and pixels per inch in force in the session, or those of the run and
-// its window.
-void SwapJobState(Session *session);
 
 BOOL CALLBACK PrintProc(HDC device, int code);
 BOOL CALLBACK ScrPrintProc(HDC device, int code);

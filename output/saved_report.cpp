@@ -5,8 +5,8 @@
 #include "device/device_properties.h"
 #include "device/printer.h"
 #include "form/file_dialog.h"
+#include "frame/boundary.h"
 #include "frame/clock.h"
-#include "frame/fatal_error.h"
 #include "frame/host_data.h"
 #include "frame/mapping.h"
 #include "frame/modified.h"
@@ -146,24 +146,24 @@ HMETAFILE ViewPage(Session *session, RepViewParams *block, int32_t *pageNumber, 
 HMETAFILE RepView(RepViewParams *block, int32_t *pageNumber, HGLOBAL devNames, HGLOBAL devMode) {
     Session *session = nullptr;
     if (OpenRunSession(&session)) return nullptr;
-    const HMETAFILE page = AtEntry(
-        session, [&] { return ViewPage(session, block, pageNumber, devNames, devMode); },
-        [] { return HMETAFILE{}; });
-    AtEntry(
+    return AtEntry(
         session,
         [&] {
-            EndPageSession(session);
-            return 0;
+            const HMETAFILE page = ViewPage(session, block, pageNumber, devNames, devMode);
+            WantEnd(session);
+            return page;
         },
-        [] { return 0; });
-    return page;
+        [&] {
+            WantEnd(session);
+            return HMETAFILE{};
+        });
 }
 
 void EndPageSession(Session *session) {
     if (session->pages.PageTableMemory || session->pages.CopyBuffer) ReleasePageStore(session);
     SetModified(session, 0); // a run must not ask to save
     CloseSession(session);
-    FreeRunSession(session);
+    FreeSession(session);
 }
 
 } // namespace tessarine

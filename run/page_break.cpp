@@ -103,7 +103,7 @@ void TurnToPreview(Session *session) {
 int PageBreak(Session *session, int section) {
     RunState &run = session->run;
     // A Cancel that the host's own loop gave to the progress dialog waits for this page end.
-    if (run.CancelState == CANCEL_STOP && !run.AbortDialog) return 1;
+    if (run.CancelState == CANCEL_STOP && !session->progress.AbortDialog) return 1;
     if (run.PageFresh || run.InPageBreak) return 0;
     run.InPageBreak = 1;
     run.CurrentY = run.BodyBottom;

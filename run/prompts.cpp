@@ -55,7 +55,7 @@ bool TakeLogical(Session *session, UserFieldRecord *user) {
     } else if (FindText("NO,FALSE,N,0", user->UserText)) {
         user->LongValue = 0;
     } else {
-        ShowBox(session->device.Window, "Valid entries: YES,NO,TRUE,FALSE,Y,N,1,0");
+        ShowSessionBox(session, "Valid entries: YES,NO,TRUE,FALSE,Y,N,1,0");
         return false;
     }
     return true;
@@ -71,7 +71,7 @@ bool TakeDate(Session *session, UserFieldRecord *user) {
         user->LongValue = date;
         return true;
     }
-    ShowBox(session->device.Window, "Invalid Date Format/Value!");
+    ShowSessionBox(session, "Invalid Date Format/Value!");
     return false;
 }
 

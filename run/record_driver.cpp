@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "expr/evaluator.h"
-#include "frame/fatal_error.h"
+#include "frame/boundary.h"
 #include "frame/memory.h"
 #include "frame/message_box.h"
 #include "output/preview.h"
@@ -46,7 +46,7 @@ Selection SelectRecord(Session *session) {
     if (outcome == CELL_END && result.ValueType == TYPE_LOGICAL)
         return result.LongValue ? Selection::Accepted : Selection::Refused;
     if (outcome == CELL_END && result.ValueType == TYPE_TEXT) OurFree(result.TextValue);
-    ShowBox(session->device.Window, "Error In Record Filter");
+    ShowSessionBox(session, "Error In Record Filter");
     return Selection::Failed;
 }
 
@@ -99,6 +99,8 @@ void TurnToPreview(Session *session) {
 }
 
 int ProcessRecord(Session *session, uint32_t outline) {
+    session->State = STATE_RUNNING;
+    if (session->view.WindowGone) FatalError(session, "", CODE_CANCELLED);
     session->run.RunPhase = PHASE_RECORDS;
     UpdateSystemFields(session);
     const Selection selection = SelectRecord(session);

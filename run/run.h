@@ -8,6 +8,11 @@ namespace tessarine {
 int RepInit(RepParams *params, int feedMode, HGLOBAL devNames, HGLOBAL devMode);
 int RepRec(int sessionId, uint32_t outline);
 int RepExit(int sessionId, int fill, int32_t *pageCount);
-int EndRun(Session *session); // 0; the session no longer exists afterwards
+
+// Closes the output and marks the run for its release, which comes when nothing works on it any
+// more. A run that isn't whole doesn't report its count.
+void EndRun(Session *session, bool whole);
+// Frees all that a run holds, and the session.
+void ReleaseRun(Session *session);
 
 } // namespace tessarine

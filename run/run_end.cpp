@@ -1,6 +1,6 @@
 #include <climits>
 
-#include "frame/fatal_error.h"
+#include "frame/boundary.h"
 #include "frame/session_table.h"
 #include "output/page_store.h"
 #include "output/preview.h"
@@ -71,15 +71,28 @@ void FinishPages(Session *session) {
     PaintPreview(session);
 }
 
-int FinishRun(Session *session, int fill, int32_t *pageCount) {
+// What the host called for: the closing sections, the last page and the page count.
+void FinishRun(Session *session, int fill, int32_t *pageCount) {
     RunState &run = session->run;
     const bool cancelled = run.CancelState == CANCEL_STOP;
     if (session->LabelMode && fill && !cancelled) FillSheet(session, static_cast<uint32_t>(fill));
     if (!cancelled && run.RecordCount >= 1) PrintClosingSections(session);
     if (run.CancelState != CANCEL_STOP) FinishPages(session);
     if (pageCount) *pageCount = run.PageCount > 1 || run.RecordCount != 0 ? run.PageCount : 0;
-    if (run.OutputToScreen && run.CancelState != CANCEL_STOP) return CODE_DONE;
-    return EndRun(session);
+}
+
+// The host has no further call for this run, whatever came: a preview stays to be read, until its
+// user closes it, and all else is released.
+int LeaveRun(Session *session, int code) {
+    RunState &run = session->run;
+    const bool whole = code == CODE_DONE;
+    if (!run.OutputToScreen || run.CancelState == CANCEL_STOP || session->view.WindowGone) {
+        EndRun(session, whole);
+        return code;
+    }
+    if (!whole) run.RunPhase = PHASE_CLOSING; // the page in hand isn't one of the report
+    session->State = STATE_FINISHED;
+    return code;
 }
 
 } // namespace
@@ -87,19 +100,25 @@ int FinishRun(Session *session, int fill, int32_t *pageCount) {
 int RepExit(int sessionId, int fill, int32_t *pageCount) {
     Session *session = RunOf(sessionId);
     if (!session) return CODE_NO_SESSION;
-    const int code = AtEntry(
-        session, [&] { return FinishRun(session, fill, pageCount); },
-        [&] { return session->ErrorCode; });
-    if (SessionStands(session)) EndIfClosed(session);
-    return code;
+    return AtEntry(
+        session,
+        [&] {
+            FinishRun(session, fill, pageCount);
+            return LeaveRun(session, CODE_DONE);
+        },
+        [&] { return LeaveRun(session, session->ErrorCode); });
 }
 
-int EndRun(Session *session) {
+void EndRun(Session *session, bool whole) {
     const RunState &run = session->run;
-    if (run.OutputToPrinter || run.OutputToFile) FinishOutput(session);
+    session->job.CancelState = CANCEL_STOP;
+    if (run.OutputToPrinter || run.OutputToFile) FinishOutput(session, whole);
+    WantEnd(session);
+}
+
+void ReleaseRun(Session *session) {
     FreeRunTables(session);
     EndPageSession(session);
-    return CODE_DONE;
 }
 
 } // namespace tessarine

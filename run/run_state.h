@@ -63,12 +63,7 @@ struct RunState {
     int32_t PromptRows[MAX_USER_FIELDS]; // rows to ask, in order
     int32_t PromptTotal;
 
-    HWND AbortDialog;
-    DLGPROC AbortDialogProc;
-    ABORTPROC AbortProc;
     uint32_t DocumentOpen; // a run to the printer has started its document
-    int32_t FirstPrintPage;
-    int32_t LastPrintPage;
 };
 
 } // namespace tessarine

@@ -105,8 +105,9 @@ void FreeRows(HGLOBAL *handle, FieldRecord **table) {
 
 Session *RunOf(int sessionId) {
     Session *session = GetSessionPointer(nullptr, sessionId);
-    const bool ready = session && session->run.InputTable && session->UnwindPoint == 0;
-    return ready ? session : nullptr;
+    const bool feeds =
+        session && (session->State == STATE_READY || session->State == STATE_RUNNING);
+    return feeds && session->UnwindPoint == 0 ? session : nullptr;
 }
 
 void AllocRepMem(Session *session) {

@@ -6,7 +6,7 @@
 namespace tessarine {
 
 // The session of a run that can take a host's call. Null for any other id: a start that failed, a
-// viewing, a run that is being released, and one that is inside a call already.
+// viewing, a run that has ended or is being released, and one that is inside a call already.
 Session *RunOf(int sessionId);
 
 // The page store and the run's tables, with a block for every text. Fatal with code 3.

@@ -3,8 +3,8 @@
 #include "expr/postfix.h"
 #include "form/defaults.h"
 #include "form/file_dialog.h"
+#include "frame/boundary.h"
 #include "frame/clock.h"
-#include "frame/fatal_error.h"
 #include "frame/message_box.h"
 #include "frame/session_table.h"
 #include "frame/text.h"
@@ -34,7 +34,7 @@ template <size_t Size> void Terminate(char (&text)[Size]) { text[Size - 1] = 0; 
 void TakeParams(Session *session, const RepParams *params) {
     session->SessionKind = KIND_REPORT;
     session->WindowProcedure = RepWndProc;
-    session->EndSession = [](Session *ended) { EndRun(ended); };
+    session->EndSession = ReleaseRun;
     session->run.RunPhase = PHASE_SETUP;
     session->RunBlock = *params;
     Terminate(session->RunBlock.FormFile);
@@ -200,19 +200,20 @@ int SetUpRun(Session *session, RepParams *params, int feedMode, HGLOBAL devNames
     AllocRepMem(session);
     if (!AskUserFields(session)) {
         session->run.CancelState = CANCEL_STOP;
-        EndRun(session);
+        EndRun(session, true);
         return CODE_CANCELLED;
     }
     PrepareValues(session);
     SettlePageGeometry(session, feedMode);
     if (session->run.BodyBottom <= 0) {
-        ShowBox(session->device.Window, "Page Too Small!");
+        ShowSessionBox(session, "Page Too Small!");
         return CODE_PRINTER;
     }
     if (session->run.OutputToScreen) StartPreview(session);
     if (session->run.OutputToFile) StartRecorder(session, "Error creating metafile(a)");
     SetSystemFields(session);
     FillOutputFields(session);
+    session->State = STATE_READY;
     *params = session->RunBlock;
     return CODE_DONE;
 }

@@ -27,7 +27,7 @@ void EjectTrial(Session *session) {
 }
 
 bool Asks(const Session *session, const char *text, const char *title) {
-    return ShowBox(session->device.Window, text, title, MB_YESNO) == IDYES;
+    return ShowSessionBox(session, text, title, MB_YESNO) == IDYES;
 }
 
 } // namespace

@@ -21,7 +21,7 @@ namespace {
 bool CreateWanted(const Session *session, const char *path) {
     char text[400];
     std::snprintf(text, sizeof text, "File %s does not exist. Create a new form?", path);
-    return ShowBox(session->device.Window, text, "New Form", MB_YESNO) == IDYES;
+    return ShowSessionBox(session, text, "New Form", MB_YESNO) == IDYES;
 }
 
 void TellHostOfLabel(const Session *session) {

@@ -95,6 +95,7 @@ int CreateFormWindow(Session *session, uint32_t style, int x, int y, int width, 
     if (!session->run.ViewingFile && !OpenForm(session, session->CurrentFile))
         return CodeOfUnreadForm(session);
     SetModified(session, 0);
+    if (session->SessionKind == KIND_DESIGNER) session->State = STATE_FORM_OPEN;
     return CODE_DONE;
 }
 
@@ -107,7 +108,7 @@ bool SettleModifiedForm(Session *session) {
     std::snprintf(session->TextBuffer, sizeof session->TextBuffer,
                   "Do you wish to save the modifications to \"%s\"?", name);
     const int answer =
-        ShowBox(session->device.Window, session->TextBuffer, "File Modified", MB_YESNOCANCEL);
+        ShowSessionBox(session, session->TextBuffer, "File Modified", MB_YESNOCANCEL);
     if (answer == IDNO) return true;
     if (answer == IDYES && FrSave(session, session->CurrentFile)) return true;
     SendMessageA(session->ParentWindow, MESSAGE_NO_RESULT, 0, 0);
@@ -123,10 +124,15 @@ void FreeDevMode(Session *session) {
     printer.DevMode = nullptr;
 }
 
+// A window that another has destroyed is told by the handle that it had.
+HWND WindowOfEnd(const Session *session) {
+    return session->view.WindowGone ? session->ViewBlock.ReportWindow : session->device.Window;
+}
+
 void TellHostOfEnd(Session *session) {
     if (!session->ParentWindow) return;
     if (session->MessageCallback)
-        session->MessageCallback(session->device.Window, MESSAGE_SESSION_ENDED);
+        session->MessageCallback(WindowOfEnd(session), MESSAGE_SESSION_ENDED);
     else
         SendMessageA(session->ParentWindow, MESSAGE_SESSION_ENDED, 0, 0);
 }
@@ -137,6 +143,7 @@ void CloseSession(Session *session) {
     FormState &form = session->form;
     const bool designer = session->SessionKind == KIND_DESIGNER;
     if (designer && form.FormModified && !SettleModifiedForm(session)) return;
+    session->State = STATE_ENDING;
     ReleaseLock(session);
     session->IgnoreMessages = 1;
     FreeDevMode(session);

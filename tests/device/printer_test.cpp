@@ -6,7 +6,7 @@
 #include <set>
 #include <vector>
 
-#include "frame/fatal_error.h"
+#include "frame/boundary.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"

@@ -278,6 +278,36 @@ TEST_F(HostRun, RunThatDidNotStartRefusesWorkOnItsForm) {
     EXPECT_TRUE(boxes.Log().empty());
 }
 
+// After its set-up a run's tables are no form any more.
+TEST_F(HostRun, RunRefusesWhatWorksOnAFormAndGoesOn) {
+    ASSERT_EQ(RepInit(&params, 0, nullptr, nullptr), 0);
+    Session *session = GetSessionPointer(nullptr, params.SessionId);
+    uint16_t cells[MAX_CELLS]{};
+    int32_t number = 0;
+    std::string fifty = "101";
+    for (int literal = 102; literal <= 150; ++literal) fifty += "+" + std::to_string(literal);
+    for (int time = 0; time < 2; ++time) {
+        std::string saved = folder.Path("NEVER.FP");
+        EXPECT_EQ(GenerateSymbols(session, fifty.c_str(), cells, &number, 0), 0);
+        EXPECT_EQ(ValidateExp(session, cells, 0), 0);
+        EXPECT_EQ(AddNewSysField(session, SYSTEM_PAGE, SECTION_DETAIL_1, 0, 0), -1);
+        EXPECT_EQ(AddNewDataField(session, "CITY", SECTION_DETAIL_1, 0, 0, 0), -1);
+        EXPECT_EQ(AddNewCalcField(session, "1+2", SECTION_DETAIL_1, "SUM", 0, 0), -1);
+        EXPECT_EQ(FrSave(session, saved.data()), 0);
+        EXPECT_EQ(GetFileAttributesA(saved.c_str()), INVALID_FILE_ATTRIBUTES);
+        EXPECT_EQ(InitVariables(session), 0);
+        EXPECT_EQ(InitNewForm(session), 0);
+        EXPECT_EQ(CreateDefaultBoldFont(session), 0);
+        EXPECT_EQ(ValidateMargins(session, 1), 0);
+        EXPECT_GT(GetLabelLen(session, "text", 0), 0); // measures are as good in a run
+        EXPECT_EQ(RepRec(params.SessionId, 0, 0), 0);
+    }
+    EXPECT_TRUE(boxes.Log().empty());
+    int32_t pages = 0;
+    EXPECT_EQ(RepExit(params.SessionId, 0, &pages), 0);
+    EXPECT_EQ(pages, 1);
+}
+
 TEST_F(HostRun, OpenSessionRefusesWhatAHostLeavesOut) {
     ASSERT_EQ(RepInit(&params, 0, nullptr, nullptr), 0);
     Session *session = GetSessionPointer(nullptr, params.SessionId);

@@ -4,7 +4,7 @@
 
 #include <thread>
 
-#include "frame/fatal_error.h"
+#include "frame/boundary.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/owned.h"

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <functional>
 
-#include "frame/fatal_error.h"
+#include "frame/boundary.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
@@ -313,7 +313,7 @@ TEST(PageTransfer, EachStepThatFailsIsFatalWithItsWords) {
         }
         EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
         const std::string text = boxes.LastText();
-        EndRun(GetSessionPointer(nullptr, run.params.SessionId));
+        run.Finish();
         return text;
     };
     EXPECT_EQ(text_of([] { return FailingCall("CloseMetaFile", CloseMetaFile, nullptr); }),
@@ -364,7 +364,7 @@ TEST(PageTransfer, FolderInPlaceOfTheReportStopsTheRunAtItsFirstPage) {
     ASSERT_EQ(run.Feed({{"NAME", "first"}}), 0);
     EXPECT_EQ(run.Feed({{"NAME", "second"}}), CODE_FILE);
     EXPECT_EQ(boxes.Log().back(), Fatal("Error opening the output file(CopyFileData)"));
-    EndRun(GetSessionPointer(nullptr, run.params.SessionId));
+    EXPECT_EQ(run.Finish(), CODE_FILE);
 }
 
 // ---- names -------------------------------------------------------------------------------------

@@ -1,7 +1,11 @@
 // The preview's window while a print job of it is in hand.
 #include "output/print_job.h"
+
+#include <algorithm>
+
 #include "rep_dlg.h"
 #include "tests/support/client_picture.h"
+#include "tests/support/page_texts.h"
 #include "tests/support/preview_run.h"
 #include "tests/support/printer_calls.h"
 
@@ -32,6 +36,16 @@ protected:
         Command(695);
         return calls.Log();
     }
+    HDC JobDevice() const {
+        return tessarine::session_table.PrinterContextTable[session->SessionId];
+    }
+    int RecordsOnPage(int page) const {
+        const auto words =
+            PageWords(ReadWholeFile(session->pages.ReportPath), static_cast<size_t>(page));
+        return static_cast<int>(std::count_if(words.begin(), words.end(), [](const auto &word) {
+            return word.rfind("record ", 0) == 0;
+        }));
+    }
     int Bar() const { return GetScrollPos(Window(), SB_VERT); }
 };
 
@@ -43,20 +57,20 @@ TEST_F(PreviewInAJob, PaintKeepsTheWindowsOwnScaleAndTheJobItsOwn) {
     const ClientPicture before = PictureOf(Window());
     const tessarine::ViewState view = session->view;
     const int pixels = session->device.LogPixelsX;
-    int looks = 0;
+    std::vector<int> of_job;
     PrintWith("EndPage", [&] {
-        const int of_job = session->device.LogPixelsX;
-        EXPECT_NE(of_job, pixels);
         Send(WM_PAINT, 0);
         EXPECT_EQ(session->view.ViewWidth, view.ViewWidth);
         EXPECT_EQ(session->view.ViewHeight, view.ViewHeight);
+        EXPECT_EQ(session->device.LogPixelsX, pixels);
         EXPECT_EQ(Differences(PictureOf(Window()), before), 0);
-        EXPECT_EQ(session->device.LogPixelsX, of_job);
-        EXPECT_EQ(session->device.LogPixelsY, of_job);
-        ++looks;
+        SIZE extent{};
+        GetViewportExtEx(JobDevice(), &extent);
+        of_job.push_back(extent.cx);
     });
-    EXPECT_EQ(looks, 2);
-    EXPECT_EQ(session->device.LogPixelsX, pixels);
+    const int printer_pixels = 300;
+    ASSERT_NE(pixels, printer_pixels);
+    EXPECT_EQ(of_job, (std::vector<int>{printer_pixels, printer_pixels}));
     EXPECT_EQ(Differences(PictureOf(Window()), before), 0);
 }
 
@@ -94,9 +108,9 @@ TEST_F(PreviewInAJob, PagesAreTurnedAndTheJobCountsOn) {
     Command(696); // each step is a page
     std::vector<int> counted;
     const Calls calls = PrintWith("EndPage", [&] {
-        counted.push_back(session->run.PageCount);
+        counted.push_back(session->job.PageCount);
         Command(601);
-        EXPECT_EQ(session->run.PageCount, counted.back());
+        EXPECT_EQ(session->job.PageCount, counted.back());
     });
     EXPECT_EQ(counted, (std::vector<int>{1, 2}));
     EXPECT_EQ(calls, whole_job);
@@ -119,4 +133,66 @@ TEST_F(PreviewInAJob, SecondJobIsNotStarted) {
         EXPECT_TRUE(tried) << call;
         EXPECT_EQ(calls, whole_job) << call;
     }
+}
+
+// A host that feeds by a timer does so under the job's dialog as well.
+TEST_F(PreviewInAJob, RecordsFedUnderTheJobGoToTheRunsOwnPages) {
+    ASSERT_EQ(Feed(11), 0); // two pages finished
+    int fed = 0;
+    const Calls calls = PrintWith("EndPage", [&] {
+        const int page = session->run.PageCount;
+        EXPECT_EQ(Feed(5), 0);
+        EXPECT_EQ(session->run.PageCount, page + 1);
+        ++fed;
+    });
+    EXPECT_EQ(fed, 2);
+    EXPECT_EQ(calls, whole_job);
+    ASSERT_EQ(run.Finish(), 0);
+    EXPECT_EQ(run.page_count, 5);
+    for (int page = 0; page < 5; ++page) EXPECT_EQ(RecordsOnPage(page), page < 4 ? 5 : 1) << page;
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
+TEST_F(PreviewInAJob, RunThatIsFinishedUnderTheJobIsWhole) {
+    ASSERT_EQ(Feed(11), 0);
+    bool finished = false;
+    PrintWith("EndPage", [&] {
+        if (finished) return;
+        finished = true;
+        EXPECT_EQ(run.Finish(), 0);
+        EXPECT_EQ(Enabled(), "xxxxx");
+    });
+    EXPECT_EQ(run.page_count, 3);
+    for (int page = 0; page < 3; ++page) EXPECT_EQ(RecordsOnPage(page), page < 2 ? 5 : 1) << page;
+}
+
+TEST_F(PreviewInAJob, CancelOfTheJobLeavesARunThatIsFedUnderItAlone) {
+    ASSERT_EQ(Feed(11), 0);
+    PrintWith("EndPage", [&] {
+        SendMessageA(session->job.Progress.AbortDialog, WM_COMMAND, IDCANCEL, 0);
+        EXPECT_EQ(Feed(5), 0);
+    });
+    EXPECT_EQ(Feed(1), 0);
+    EXPECT_EQ(run.Finish(), 0);
+    EXPECT_EQ(run.page_count, 4);
+}
+
+TEST_F(PreviewInAJob, CancelledRunThatItsHostEndsUnderTheJobIsReleasedBehindIt) {
+    ASSERT_EQ(Feed(11), 0);
+    const HWND window = Window();
+    bool ended = false;
+    const Calls calls = PrintWith("EndPage", [&] {
+        if (ended) return;
+        ended = true;
+        session->run.CancelState = tessarine::CANCEL_STOP;
+        EXPECT_EQ(run.Finish(), 0);
+        EXPECT_TRUE(Open()); // the job works on it
+        EXPECT_EQ(run.Finish(), CODE_NO_SESSION);
+        EXPECT_EQ(run.Feed({{"NAME", "late"}}), CODE_NO_SESSION);
+    });
+    EXPECT_TRUE(ended);
+    EXPECT_EQ(calls, (Calls{"SetAbortProc", "StartDocA", "StartPage", "EndPage", "EndDoc"}));
+    EXPECT_FALSE(Open());
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_EQ(FilesOfPages(), 0);
 }

@@ -32,10 +32,11 @@ TEST_F(CancelledJob, CancelFinishesThePageInHandAndThePreviewGoesOn) {
     PrinterCalls calls(PrinterCalls::PRETEND);
     calls.Before("EndPage", [&](HDC) {
         if (calls.Count("EndPage") == 2)
-            PostMessageA(session->run.AbortDialog, WM_COMMAND, IDCANCEL, 0);
+            PostMessageA(session->job.Progress.AbortDialog, WM_COMMAND, IDCANCEL, 0);
     });
     std::string device_line;
-    calls.Before("EndDoc", [&](HDC) { device_line = ItemText(session->run.AbortDialog, 842); });
+    calls.Before("EndDoc",
+                 [&](HDC) { device_line = ItemText(session->job.Progress.AbortDialog, 842); });
     EXPECT_EQ(Print(1, 4), 1);
     EXPECT_EQ(calls.Log(), two_pages);
     EXPECT_EQ(device_line, "Cancelling..., Please Wait.");
@@ -49,8 +50,9 @@ TEST_F(CancelledJob, CancelFinishesThePageInHandAndThePreviewGoesOn) {
 TEST_F(CancelledJob, CancelBeforeTheFirstPageStillPrintsThatPage) {
     FeedToPage(5);
     PrinterCalls calls(PrinterCalls::PRETEND);
-    calls.Before("StartPage",
-                 [&](HDC) { SendMessageA(session->run.AbortDialog, WM_COMMAND, IDCANCEL, 0); });
+    calls.Before("StartPage", [&](HDC) {
+        SendMessageA(session->job.Progress.AbortDialog, WM_COMMAND, IDCANCEL, 0);
+    });
     EXPECT_EQ(Print(1, 4), 1);
     EXPECT_EQ(calls.Count("EndPage"), 1);
     EXPECT_EQ(calls.Count("EndDoc"), 1);
@@ -60,10 +62,11 @@ TEST_F(CancelledJob, CancelBeforeTheFirstPageStillPrintsThatPage) {
 TEST_F(CancelledJob, CancelBehindTheLastPageChangesNothing) {
     FeedToPage(4);
     PrinterCalls calls(PrinterCalls::PRETEND);
-    calls.Before("EndDoc", [&](HDC) { SendMessageA(session->run.AbortDialog, WM_CLOSE, 0, 0); });
+    calls.Before("EndDoc",
+                 [&](HDC) { SendMessageA(session->job.Progress.AbortDialog, WM_CLOSE, 0, 0); });
     EXPECT_EQ(Print(1, 2), 1);
     EXPECT_EQ(calls.Log(), two_pages);
-    EXPECT_EQ(session->run.AbortDialog, nullptr);
+    EXPECT_EQ(session->job.Progress.AbortDialog, nullptr);
 }
 
 TEST_F(CancelledJob, CancelWhileTheDocumentEndsLeavesTheRunGoing) {
@@ -71,7 +74,7 @@ TEST_F(CancelledJob, CancelWhileTheDocumentEndsLeavesTheRunGoing) {
     PrinterCalls calls(PrinterCalls::PRETEND);
     calls.Before("EndDoc", [&](HDC) {
         EXPECT_EQ(session->run.CancelState, CANCEL_NONE);
-        SendMessageA(session->run.AbortDialog, WM_COMMAND, IDCANCEL, 0);
+        SendMessageA(session->job.Progress.AbortDialog, WM_COMMAND, IDCANCEL, 0);
     });
     EXPECT_EQ(Print(1, 2), 1);
     EXPECT_EQ(calls.Log(), two_pages);
@@ -107,7 +110,7 @@ TEST_F(CancelledJob, CloseAndExitWhileTheRunGoesOnStopTheJobAlone) {
         Command(695);
         EXPECT_EQ(calls.Count("EndPage"), 1) << number;
         EXPECT_EQ(calls.Count("EndDoc"), 1) << number;
-        EXPECT_EQ(session->run.AbortDialog, nullptr) << number;
+        EXPECT_EQ(session->job.Progress.AbortDialog, nullptr) << number;
     }
     FeedToPage(6);
     EXPECT_EQ(run.Finish(), 0);

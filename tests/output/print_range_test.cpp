@@ -103,7 +103,7 @@ TEST_F(PreviewPrinting, DialogOfTheRangeHasItsWordsAndTheUsualButtons) {
 
 TEST_F(PreviewPrinting, RangeThatCannotBeAskedForPrintsNothing) {
     FeedToPage(5);
-    session->run.FirstPrintPage = session->run.LastPrintPage = 1;
+    session->job.FirstPrintPage = session->job.LastPrintPage = 1;
     const PrinterCalls calls(PrinterCalls::PRETEND);
     const FailingCall none("DialogBoxParamA", DialogBoxParamA, -1);
     EXPECT_EQ(PrintPages(session, 1), 1);
@@ -142,20 +142,21 @@ TEST_F(PreviewPrinting, DialogCountsPagesWhileTheWindowIsDisabledUntilTheDocumen
     PrinterCalls calls(PrinterCalls::PRETEND);
     Calls shown;
     calls.Before("StartPage", [&](HDC) {
-        shown.push_back(ItemText(session->run.AbortDialog, 842) == session->printer.DeviceName
-                            ? ItemText(session->run.AbortDialog, 844)
+        shown.push_back(ItemText(session->job.Progress.AbortDialog, 842) ==
+                                session->printer.DeviceName
+                            ? ItemText(session->job.Progress.AbortDialog, 844)
                             : "another device");
         EXPECT_FALSE(IsWindowEnabled(session->device.Window));
     });
     bool stands_at_end = false;
     calls.Before("EndDoc", [&](HDC) {
-        stands_at_end = IsWindow(session->run.AbortDialog) &&
+        stands_at_end = IsWindow(session->job.Progress.AbortDialog) &&
                         !IsWindowEnabled(session->device.Window) && session->run.PageCount == 4;
     });
     EXPECT_EQ(Print(1, 3), 1);
     EXPECT_EQ(shown, (Calls{"0", "1", "2"}));
     EXPECT_TRUE(stands_at_end);
-    EXPECT_EQ(session->run.AbortDialog, nullptr);
+    EXPECT_EQ(session->job.Progress.AbortDialog, nullptr);
     EXPECT_TRUE(IsWindowEnabled(session->device.Window));
 }
 
@@ -170,7 +171,6 @@ TEST_F(PreviewPrinting, PagesAreMappedByThePrintersPixelsAndTheSessionsComeBack)
         EXPECT_EQ(extent.cx, 250);
         GetViewportExtEx(device, &extent);
         EXPECT_EQ(extent.cx, GetDeviceCaps(device, LOGPIXELSX));
-        EXPECT_EQ(session->device.LogPixelsX, GetDeviceCaps(device, LOGPIXELSX));
     });
     EXPECT_EQ(Print(1, 2), 1);
     EXPECT_EQ(calls.Count("EndPage"), 2);
@@ -235,7 +235,7 @@ TEST_F(PreviewPrinting, DocumentThatDoesNotStartIsToldAndTheCommandReturns) {
         EXPECT_EQ(Print(1, 2), 0);
         EXPECT_EQ(Last(), (BoxRecord{"", "Unable to Start the Print Job", {IDOK}}));
         EXPECT_EQ(pages.Seen(), 0);
-        EXPECT_EQ(session->run.AbortDialog, nullptr);
+        EXPECT_EQ(session->job.Progress.AbortDialog, nullptr);
         EXPECT_TRUE(IsWindowEnabled(session->device.Window));
         EXPECT_EQ(session->run.PageCount, 3);
     }
@@ -266,7 +266,7 @@ TEST_F(PreviewPrinting, PageThatCannotBeReadAbortsTheDocumentAndLeavesNothingBeh
     EXPECT_EQ(calls.Count("AbortDoc"), 1);
     EXPECT_EQ(calls.Count("EndDoc"), 0);
     EXPECT_EQ(Last().title, "Fatal Error");
-    EXPECT_EQ(session->run.AbortDialog, nullptr);
+    EXPECT_EQ(session->job.Progress.AbortDialog, nullptr);
     EXPECT_TRUE(IsWindowEnabled(session->device.Window));
     EXPECT_EQ(session->run.PageCount, 4);
 }
@@ -316,7 +316,7 @@ TEST_F(PreviewPrinting, SilentJobOfASavedReportHasNoDialogAndStillADocument) {
     session->pages.Header.Orientation = DMORIENT_PORTRAIT;
     PrinterCalls calls(PrinterCalls::PRETEND);
     calls.Before("EndPage", [&](HDC) {
-        EXPECT_EQ(session->run.AbortDialog, nullptr);
+        EXPECT_EQ(session->job.Progress.AbortDialog, nullptr);
         EXPECT_TRUE(IsWindowEnabled(session->device.Window));
     });
     EXPECT_EQ(Print(1, 1), 1);
@@ -362,7 +362,7 @@ TEST_F(PreviewPrinting, CancelReachesTheJobWhileThePrinterEndsThePage) {
         PrinterCalls calls(PrinterCalls::REAL);
         calls.Before("EndPage", [&](HDC) {
             if (calls.Count("EndPage") == 2)
-                PostMessageA(session->run.AbortDialog, WM_COMMAND, IDCANCEL, 0);
+                PostMessageA(session->job.Progress.AbortDialog, WM_COMMAND, IDCANCEL, 0);
         });
         EXPECT_EQ(Print(1, 4), 1);
         EXPECT_EQ(calls.Log(), two_pages);
@@ -387,7 +387,7 @@ TEST_F(PreviewPrinting, TwoHundredJobsLeakNothing) {
     PrinterCalls calls(PrinterCalls::PRETEND);
     calls.Before("EndPage", [&](HDC) { // every fourth job is cancelled, at its first page
         if (calls.Count("StartDocA") % 4 == 0)
-            PostMessageA(session->run.AbortDialog, WM_COMMAND, IDCANCEL, 0);
+            PostMessageA(session->job.Progress.AbortDialog, WM_COMMAND, IDCANCEL, 0);
     });
     Print(1, 2);
     const int objects = CountGdiObjects();

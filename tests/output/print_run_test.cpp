@@ -34,7 +34,7 @@ TEST_F(RunToPrinter, JobStartsAtTheFirstRecordWithDialogAndDisabledOwner) {
     EXPECT_EQ(GetWindow(Dialog(), GW_OWNER), host.Get());
     EXPECT_EQ(ItemText(Dialog(), 842), session->printer.DeviceName);
     EXPECT_FALSE(IsWindowEnabled(host.Get()));
-    EXPECT_EQ(session->run.AbortProc, &PrintProc);
+    EXPECT_EQ(session->progress.AbortProc, &PrintProc);
     EXPECT_EQ(session_table.PrinterContextTable[session->SessionId], session->device.ScreenDC);
     const RunState &state = session->run;
     EXPECT_EQ(session->view.ViewWidth, state.PageWidthUnits + state.LeftOrigin + state.RightOrigin);

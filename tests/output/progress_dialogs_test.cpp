@@ -27,17 +27,27 @@ constexpr DialogRow dialogs[] = {{"PrintAbortParam", PrintAbortParam},
 class Progress : public testing::Test {
 protected:
     Progress() {
-        session->run.CancelState = CANCEL_NONE;
+        session->run.CancelState = session->job.CancelState = CANCEL_NONE;
         session->device.ScreenDC = CreateCompatibleDC(nullptr);
     }
     ~Progress() override {
-        CloseProgress(session);
+        CloseBoth();
         DeleteDC(session->device.ScreenDC);
     }
+    void CloseBoth() {
+        CloseProgress(&session->progress);
+        CloseProgress(&session->job.Progress);
+    }
     HWND Show(const char *name, DLGPROC procedure) {
-        CloseProgress(session);
-        OpenProgress(session, name, procedure, nullptr, "Laser");
-        return session->run.AbortDialog;
+        CloseBoth();
+        const bool of_job = procedure == ScrPrintAbortParam;
+        ProgressState *progress = of_job ? &session->job.Progress : &session->progress;
+        OpenProgress(session, progress, name, procedure, nullptr, "Laser");
+        return progress->AbortDialog;
+    }
+    int32_t &CancelWordOf(DLGPROC procedure) {
+        return procedure == ScrPrintAbortParam ? session->job.CancelState
+                                               : session->run.CancelState;
     }
     HWND ShowPrinterRun() {
         NotePrinterContext(session, session->device.ScreenDC);
@@ -121,10 +131,11 @@ TEST_F(Progress, CancelInTheDialogOfARunToThePrinterChangesNothingVisible) {
     EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog, IDCANCEL)));
 }
 
-TEST_F(Progress, CancelOfAPreviewsJobGreysTheButtonAndSaysPleaseWait) {
+TEST_F(Progress, CancelOfAPreviewsJobGreysTheButtonSaysPleaseWaitAndLeavesTheRun) {
     const HWND dialog = ShowPreviewJob();
     SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
-    EXPECT_EQ(session->run.CancelState, CANCEL_STOP);
+    EXPECT_EQ(session->job.CancelState, CANCEL_STOP);
+    EXPECT_EQ(session->run.CancelState, CANCEL_NONE);
     EXPECT_EQ(ItemText(dialog, 842), "Cancelling..., Please Wait.");
     EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDCANCEL)));
 }
@@ -139,9 +150,8 @@ TEST_F(Progress, CancelOfARunToDiskGreysTheButtonAndSaysPleaseWait) {
 
 TEST_F(Progress, AnyCommandCancels) {
     for (const auto &[name, procedure] : dialogs) {
-        session->run.CancelState = CANCEL_NONE;
         SendMessageA(Show(name, procedure), WM_COMMAND, 12345, 0);
-        EXPECT_EQ(session->run.CancelState, CANCEL_STOP) << name;
+        EXPECT_EQ(CancelWordOf(procedure), CANCEL_STOP) << name;
     }
 }
 
@@ -206,19 +216,21 @@ TEST_F(Progress, KeysReachTheDialog) {
 }
 
 TEST_F(Progress, SpoolersErrorCancelsAfterOneMessage) {
-    for (const ABORTPROC procedure : {&PrintProc, &ScrPrintProc}) {
-        ShowPrinterRun();
+    const auto cancels = [&](ABORTPROC procedure, const int32_t &cancel_word) {
         Drain();
-        session->run.CancelState = CANCEL_NONE;
         EXPECT_EQ(procedure(Device(), SP_ERROR), 1);
-        EXPECT_EQ(session->run.CancelState, CANCEL_NONE); // there was no message
+        EXPECT_EQ(cancel_word, CANCEL_NONE); // there was no message
         PostOne();
         PostOne();
         EXPECT_EQ(procedure(Device(), SP_ERROR), 1);
-        EXPECT_EQ(session->run.CancelState, CANCEL_STOP);
+        EXPECT_EQ(cancel_word, CANCEL_STOP);
         EXPECT_TRUE(Waits());
         Drain();
-    }
+    };
+    ShowPrinterRun();
+    cancels(PrintProc, session->run.CancelState);
+    ShowPreviewJob();
+    cancels(ScrPrintProc, session->job.CancelState);
 }
 
 TEST_F(Progress, QuitIsLeftToTheHostsOwnLoop) {
@@ -241,7 +253,7 @@ TEST_F(Progress, PreviewsJobRefreshesItsPagesAndPumpsForAnyDeviceOfIts) {
     const HWND dialog = ShowPreviewJob();
     const HDC other = CreateCompatibleDC(nullptr);
     NotePrinterContext(session, other);
-    session->run.PageCount = 2;
+    session->job.PageCount = 2;
     PostOne();
     EXPECT_EQ(ScrPrintProc(other, 0), 1);
     EXPECT_EQ(ItemText(dialog, 844), "2");

@@ -336,7 +336,7 @@ TEST_F(ReportView, WithoutAFreeRowThereIsNoPageAndNothingIsAllocated) {
     EXPECT_FALSE(Show(1));
     EXPECT_EQ(tessarine::LiveBlocks(), blocks);
     EXPECT_TRUE(boxes.Log().empty());
-    for (Session *row : taken) tessarine::FreeRunSession(row);
+    for (Session *row : taken) tessarine::FreeSession(row);
     EXPECT_TRUE(Show(1));
 }
 

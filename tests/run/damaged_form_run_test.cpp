@@ -36,7 +36,7 @@ void ReleaseRefusedSessions() {
         Session *session = GetSessionPointer(nullptr, slot);
         if (!session) continue;
         if (session->form.TablesAllocated) CloseSession(session);
-        FreeRunSession(session);
+        FreeSession(session);
     }
 }
 

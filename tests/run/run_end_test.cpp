@@ -98,7 +98,7 @@ TEST(RunEnd, ReportFooterThatDoesNotFitGoesToANewPageWithHeaderAndFooter) {
 }
 
 // Only the end computes what stands in the report footer; the host has no second try.
-TEST(RunEnd, FailureInTheClosingSectionsGivesItsCodeEachTimeAndTheSessionStands) {
+TEST(RunEnd, FailureInTheClosingSectionsGivesItsCodeOnceAndTheSessionIsReleased) {
     OneLine form;
     const int zero = form.Constant("0", TYPE_NUMERIC, 0);
     const int number = form.Field(FIELD_DATA, "N", TYPE_NUMERIC);
@@ -112,14 +112,12 @@ TEST(RunEnd, FailureInTheClosingSectionsGivesItsCodeEachTimeAndTheSessionStands)
     ASSERT_EQ(run.Start(), 0) << boxes.LastText();
     ASSERT_EQ(run.Feed({{"NAME", "a"}, {"N", "1"}}), 0) << boxes.LastText();
     const int slot = static_cast<int>(run.params.SessionId);
-    for (int time = 0; time < 2; ++time) {
-        EXPECT_EQ(run.Finish(), CODE_EXPRESSION);
-        EXPECT_EQ(boxes.Log().back(),
-                  (BoxRecord{"Fatal Error", "Error In Calculation Field: CALC->RATIO", {IDOK}}));
-        EXPECT_EQ(run.page_count, -1);
-        ASSERT_NE(tessarine::GetSessionPointer(nullptr, slot), nullptr);
-    }
-    tessarine::EndRun(tessarine::GetSessionPointer(nullptr, slot));
+    EXPECT_EQ(run.Finish(), CODE_EXPRESSION);
+    EXPECT_EQ(boxes.Log().back(),
+              (BoxRecord{"Fatal Error", "Error In Calculation Field: CALC->RATIO", {IDOK}}));
+    EXPECT_EQ(run.page_count, -1);
+    EXPECT_EQ(tessarine::GetSessionPointer(nullptr, slot), nullptr);
+    EXPECT_EQ(run.Finish(), CODE_NO_SESSION);
 }
 
 TEST(RunEnd, NoSectionClosesAReportWithoutRecords) {
@@ -245,6 +243,27 @@ TEST(RunSetUp, PageFooterTallerThanThePageIsToldAndGives10) {
     EXPECT_EQ(run.Start(), CODE_PRINTER);
     EXPECT_EQ(boxes.Log().back(), (BoxRecord{"", "Page Too Small!", {IDOK}}));
     EXPECT_EQ(OpenSessions(), before + 1); // the session stays as it is
+}
+
+// The tables of such a run stand already.
+TEST(RunSetUp, StartThatFailedLateIsNoSessionToTheHost) {
+    OneLine small;
+    small.Section(SECTION_PAGE_FOOTER, 2600);
+    small.Label(SECTION_PAGE_FOOTER, 200, 0, 400, 50, "foot");
+    OneLine filter;
+    filter.Filter({503});
+    MessageBoxes boxes;
+    for (const auto &[form, code] :
+         {std::pair<const OneLine &, int>{small, CODE_PRINTER}, {filter, CODE_EXPRESSION}}) {
+        ReportRun run(form);
+        ASSERT_EQ(run.Start(), code);
+        boxes.Clear();
+        for (int slot = 0; slot < OpenSessions(); ++slot) {
+            EXPECT_EQ(tessarine::RepRec(slot, 0), CODE_NO_SESSION);
+            EXPECT_EQ(tessarine::RepExit(slot, 0, nullptr), CODE_NO_SESSION);
+        }
+        EXPECT_TRUE(boxes.Log().empty());
+    }
 }
 
 TEST(RunSetUp, ExpressionsThatDoNotCompileNameTheirKind) {

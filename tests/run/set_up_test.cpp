@@ -142,7 +142,7 @@ TEST(RunTables, HostLearnsTheTablesAndNothingHasPrinted) {
     EXPECT_EQ(session->run.RecordCount, 0);
     EXPECT_EQ(session->run.PageCount, 1);
     EXPECT_EQ(session->run.LastSection, -1);
-    EXPECT_EQ(session->run.AbortDialog, nullptr);
+    EXPECT_EQ(session->progress.AbortDialog, nullptr);
     run.Finish();
 }
 

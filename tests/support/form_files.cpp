@@ -5,7 +5,7 @@
 #include "form/fonts.h"
 #include "form/form_reader.h"
 #include "form/form_writer.h"
-#include "frame/fatal_error.h"
+#include "frame/boundary.h"
 #include "frame/host_data.h"
 #include "frame/owned.h"
 #include "frame/text.h"

@@ -1,7 +1,7 @@
 #include "tests/support/form_session.h"
 
 #include "form/form_writer.h"
-#include "frame/fatal_error.h"
+#include "frame/boundary.h"
 #include "frame/host_data.h"
 #include "frame/session_table.h"
 #include "frame/text.h"
@@ -55,7 +55,7 @@ void FormSession::End() {
     if (!session) return;
     session->form.FormModified = 0;
     if (session->form.TablesAllocated) CloseSession(session);
-    FreeRunSession(session);
+    FreeSession(session);
     session = nullptr;
 }
 

@@ -26,7 +26,7 @@ int PreviewPrinting::Ask(const char *first, const char *last) {
 }
 
 int PreviewPrinting::Print(int first, int last) {
-    session->run.FirstPrintPage = first;
-    session->run.LastPrintPage = last;
+    session->job.FirstPrintPage = first;
+    session->job.LastPrintPage = last;
     return tessarine::PrintPages(session, 0);
 }

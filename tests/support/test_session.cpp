@@ -41,7 +41,7 @@ BareSession::~BareSession() {
         tessarine::OurFree(session_->form.Fields[row].TextValue);
     tessarine::FreeArrayMem(session_);
     tessarine::FreeOperatorTable(session_);
-    tessarine::FreeRunSession(session_);
+    tessarine::FreeSession(session_);
 }
 
 int OpenSessions() {
