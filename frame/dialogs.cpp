@@ -6,6 +6,7 @@
 #include "frame/fatal_error.h"
 #include "frame/message_box.h"
 #include "frame/session_table.h"
+#include "rep_dlg.h"
 
 namespace tessarine {
 
@@ -41,6 +42,51 @@ void CentreDialog(HWND dialog) {
     SetWindowPos(dialog, nullptr, Centred(around.left, around.right, own.right - own.left, width),
                  Centred(around.top, around.bottom, own.bottom - own.top, height), 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER);
+}
+
+namespace {
+
+// The dialog's part runs guarded; one that failed has no more to say.
+template <typename Body>
+INT_PTR Serve(const Dialog &served, HWND dialog, Session *session, Body body) {
+    constexpr INT_PTR FAILED = -1;
+    const INT_PTR handled = Guarded(session, FAILED, body);
+    if (handled != FAILED) return handled;
+    EndDialog(dialog, served.CancelResult);
+    return TRUE;
+}
+
+INT_PTR OpenDialog(const Dialog &served, HWND dialog, const DialogStart &start) {
+    SetDialogSession(dialog, start.session);
+    CentreDialog(dialog);
+    return Serve(served, dialog, start.session,
+                 [&] { return INT_PTR{served.Open(dialog, start.session, start.extra)}; });
+}
+
+INT_PTR OnControl(const Dialog &served, HWND dialog, Session *session, int control,
+                  int notification) {
+    for (const ControlRow &row : served.Controls) {
+        if (row.Control != control || row.Notification != notification) continue;
+        row.Act(dialog, session);
+        return TRUE;
+    }
+    if (control == IDCANCEL)
+        EndDialog(dialog, served.CancelResult);
+    else if (control == DIALOG_HELP)
+        ShowHelp(session, served.HelpNumber);
+    return control == IDCANCEL || control == DIALOG_HELP;
+}
+
+} // namespace
+
+INT_PTR ServeDialog(const Dialog &served, HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_INITDIALOG)
+        return OpenDialog(served, dialog, *reinterpret_cast<const DialogStart *>(lParam));
+    Session *session = DialogSession(dialog);
+    if (message != WM_COMMAND || !session) return FALSE;
+    return Serve(served, dialog, session, [&] {
+        return OnControl(served, dialog, session, LOWORD(wParam), HIWORD(wParam));
+    });
 }
 
 void SetDialogSession(HWND dialog, Session *session) {

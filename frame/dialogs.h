@@ -1,6 +1,8 @@
 // The frame of all modal dialogs.
 #pragma once
 
+#include <span>
+
 #include "frame/session.h"
 
 namespace tessarine {
@@ -14,6 +16,27 @@ struct DialogStart { // the creation parameter of every dialog
 // window. A failure inside goes on unwinding here.
 INT_PTR RunDialog(Session *session, const char *templateName, DLGPROC procedure, LPARAM extra,
                   HWND owner = nullptr);
+
+// A command of one of a dialog's controls.
+struct ControlRow {
+    int Control;
+    void (*Act)(HWND dialog, Session *session);
+    int Notification = 0; // the control's code that counts: 0 is a button's click
+};
+
+// What a dialog is beyond the frame that all share: help, start values and commands. Cancel ends it
+// with CancelResult unless a row says otherwise.
+struct Dialog {
+    int HelpNumber;
+    // Fills the controls; false when it has given the focus to one itself.
+    bool (*Open)(HWND dialog, Session *session, LPARAM extra);
+    std::span<const ControlRow> Controls;
+    INT_PTR CancelResult = 0;
+};
+
+// The procedure of every modal dialog: centres it, keeps its session, serves its controls, Cancel
+// and Help. A failure ends the dialog, and goes on unwinding behind RunDialog.
+INT_PTR ServeDialog(const Dialog &served, HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 
 // Puts a dialog in the middle of its parent (of the screen without one), wholly on the screen.
 void CentreDialog(HWND dialog);

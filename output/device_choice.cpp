@@ -2,7 +2,6 @@
 
 #include "form/defaults.h"
 #include "frame/dialogs.h"
-#include "frame/fatal_error.h"
 #include "frame/modified.h"
 #include "rep_dlg.h"
 
@@ -17,31 +16,21 @@ void AddChoice(HWND dialog, const char *text) {
     SendDlgItemMessageA(dialog, LIST_CHOICE, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
 }
 
-INT_PTR Open(HWND dialog, Session *session) {
-    CentreDialog(dialog);
-    SetDialogSession(dialog, session);
+bool Open(HWND dialog, Session *session, LPARAM) {
     AddChoice(dialog, "Screen");
     AddChoice(dialog, "Printer");
     if (!session->run.ViewingFile) AddChoice(dialog, "Disk File");
     SendDlgItemMessageA(dialog, LIST_CHOICE, LB_SETCURSEL, 0, 0);
-    return TRUE;
+    return true;
 }
 
-INT_PTR Choose(HWND dialog, Session *session) {
+void Choose(HWND dialog, Session *session) {
     EndDialog(dialog, SendDlgItemMessageA(dialog, LIST_CHOICE, LB_GETCURSEL, 0, 0));
     SetModified(session, 1);
-    return TRUE;
 }
 
-INT_PTR OnCommand(HWND dialog, Session *session, int control, int notification) {
-    switch (control) {
-    case LIST_CHOICE: return notification == LBN_DBLCLK ? Choose(dialog, session) : FALSE;
-    case IDOK: return Choose(dialog, session);
-    case IDCANCEL: return EndDialog(dialog, CANCELLED);
-    case DIALOG_HELP: ShowHelp(session, DEVICE_HELP); return TRUE;
-    default: return FALSE;
-    }
-}
+constexpr ControlRow controls[] = {{IDOK, Choose}, {LIST_CHOICE, Choose, LBN_DBLCLK}};
+constexpr Dialog device_dialog{DEVICE_HELP, Open, controls, CANCELLED};
 
 } // namespace
 
@@ -53,12 +42,7 @@ int AskDevice(Session *session) {
 }
 
 INT_PTR CALLBACK DeviceParam(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG)
-        return Open(dialog, reinterpret_cast<DialogStart *>(lParam)->session);
-    Session *session = DialogSession(dialog);
-    if (message != WM_COMMAND || !session) return FALSE;
-    return Guarded(session, INT_PTR{FALSE},
-                   [&] { return OnCommand(dialog, session, LOWORD(wParam), HIWORD(wParam)); });
+    return ServeDialog(device_dialog, dialog, message, wParam, lParam);
 }
 
 } // namespace tessarine

@@ -2,7 +2,6 @@
 #include <cstdlib>
 
 #include "frame/dialogs.h"
-#include "frame/fatal_error.h"
 #include "output/preview.h"
 #include "output/report_file.h"
 #include "rep_dlg.h"
@@ -23,29 +22,20 @@ int WantedPage(HWND dialog, const Session *session) {
     return static_cast<int>(std::max(std::min(std::strtol(text, nullptr, 10), last), 1L));
 }
 
-INT_PTR OnCommand(HWND dialog, Session *session, int control) {
-    switch (control) {
-    case IDOK: return EndDialog(dialog, WantedPage(dialog, session));
-    case IDCANCEL: return EndDialog(dialog, 0);
-    case DIALOG_HELP: ShowHelp(session, JUMP_HELP); return TRUE;
-    default: return FALSE;
-    }
+bool Open(HWND dialog, Session *session, LPARAM) {
+    SetDlgItemInt(dialog, JUMP_PAGE, static_cast<UINT>(session->pages.ShownPageIndex + 1), FALSE);
+    return true;
 }
+
+void GoTo(HWND dialog, Session *session) { EndDialog(dialog, WantedPage(dialog, session)); }
+
+constexpr ControlRow controls[] = {{IDOK, GoTo}};
+constexpr Dialog jump_dialog{JUMP_HELP, Open, controls};
 
 } // namespace
 
 INT_PTR CALLBACK JumpParam(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG) {
-        Session *session = reinterpret_cast<DialogStart *>(lParam)->session;
-        CentreDialog(dialog);
-        SetDialogSession(dialog, session);
-        SetDlgItemInt(dialog, JUMP_PAGE, static_cast<UINT>(session->pages.ShownPageIndex + 1),
-                      FALSE);
-        return TRUE;
-    }
-    Session *session = DialogSession(dialog);
-    if (message != WM_COMMAND || !session) return FALSE;
-    return OnCommand(dialog, session, LOWORD(wParam));
+    return ServeDialog(jump_dialog, dialog, message, wParam, lParam);
 }
 
 } // namespace tessarine

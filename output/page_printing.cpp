@@ -17,27 +17,28 @@ namespace {
 
 constexpr int PRINT_HELP = 3036;
 
-INT_PTR OpenRange(HWND dialog, Session *session) {
-    CentreDialog(dialog);
-    SetDialogSession(dialog, session);
+bool OpenRange(HWND dialog, Session *session, LPARAM) {
     const UINT shown = static_cast<UINT>(session->pages.ShownPageIndex + 1);
     SetDlgItemInt(dialog, PRINT_FIRST_PAGE, shown, FALSE);
     SetDlgItemInt(dialog, PRINT_LAST_PAGE, shown, FALSE);
-    return TRUE;
+    return true;
 }
 
-INT_PTR TakeRange(HWND dialog, Session *session) {
+void TakeRange(HWND dialog, Session *session) {
     const int first = static_cast<int>(GetDlgItemInt(dialog, PRINT_FIRST_PAGE, nullptr, TRUE));
     const int last = static_cast<int>(GetDlgItemInt(dialog, PRINT_LAST_PAGE, nullptr, TRUE));
     if (first < 1 || first > last || last > FinishedPages(session)) {
         ShowBox(dialog, "Invalid page selection.");
         SetFocus(GetDlgItem(dialog, PRINT_FIRST_PAGE));
-        return TRUE;
+        return;
     }
     session->job.FirstPrintPage = first;
     session->job.LastPrintPage = last;
-    return EndDialog(dialog, 1);
+    EndDialog(dialog, 1);
 }
+
+constexpr ControlRow range_controls[] = {{IDOK, TakeRange}};
+constexpr Dialog range_dialog{PRINT_HELP, OpenRange, range_controls};
 
 // The job has the paper of the report and not of the present printer set-up.
 void TakeReportPaper(Session *session) {
@@ -153,16 +154,7 @@ int PrintPages(Session *session, int askRange) {
 }
 
 INT_PTR CALLBACK PrintParam(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG)
-        return OpenRange(dialog, reinterpret_cast<DialogStart *>(lParam)->session);
-    Session *session = DialogSession(dialog);
-    if (message != WM_COMMAND || !session) return FALSE;
-    switch (LOWORD(wParam)) {
-    case IDOK: return TakeRange(dialog, session);
-    case IDCANCEL: return EndDialog(dialog, 0);
-    case DIALOG_HELP: ShowHelp(session, PRINT_HELP); return TRUE;
-    default: return FALSE;
-    }
+    return ServeDialog(range_dialog, dialog, message, wParam, lParam);
 }
 
 } // namespace tessarine

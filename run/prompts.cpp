@@ -7,7 +7,6 @@
 
 #include "expr/date_text.h"
 #include "frame/dialogs.h"
-#include "frame/fatal_error.h"
 #include "frame/message_box.h"
 #include "frame/modified.h"
 #include "frame/text.h"
@@ -113,9 +112,7 @@ void PlaceInput(HWND dialog, const UserFieldRecord &user) {
                place.bottom - place.top, FALSE);
 }
 
-INT_PTR Open(HWND dialog, Session *session, int place) {
-    CentreDialog(dialog);
-    SetDialogSession(dialog, session);
+bool Open(HWND dialog, Session *session, LPARAM place) {
     const UserFieldRecord &user = *AskedField(session);
     SetDlgItemTextA(dialog, PROMPT_TEXT, user.UserPrompt);
     PlaceInput(dialog, user);
@@ -124,7 +121,7 @@ INT_PTR Open(HWND dialog, Session *session, int place) {
         SetDlgItemTextA(dialog, PROMPT_PREVIOUS, "Cancel");
     if (place == LAST_PLACE) SetDlgItemTextA(dialog, PROMPT_NEXT, "Ok");
     SetFocus(GetDlgItem(dialog, PROMPT_INPUT));
-    return FALSE; // the focus stands where it belongs
+    return false;
 }
 
 void ReadInput(HWND dialog, Session *session) {
@@ -132,19 +129,20 @@ void ReadInput(HWND dialog, Session *session) {
     GetDlgItemTextA(dialog, PROMPT_INPUT, user->UserText, LONGEST_ANSWER + 1);
 }
 
-INT_PTR OnCommand(HWND dialog, Session *session, int control) {
-    switch (control) {
-    case PROMPT_NEXT:
-        ReadInput(dialog, session);
-        EndDialog(dialog, 1);
-        SetModified(session, 1);
-        return TRUE;
-    case PROMPT_PREVIOUS:
-    case IDCANCEL: ReadInput(dialog, session); return EndDialog(dialog, 0);
-    case DIALOG_HELP: ShowHelp(session, PROMPT_HELP); return TRUE;
-    default: return FALSE;
-    }
+void GoOn(HWND dialog, Session *session) {
+    ReadInput(dialog, session);
+    EndDialog(dialog, 1);
+    SetModified(session, 1);
 }
+
+void GoBack(HWND dialog, Session *session) {
+    ReadInput(dialog, session);
+    EndDialog(dialog, 0);
+}
+
+constexpr ControlRow controls[] = {
+    {PROMPT_NEXT, GoOn}, {PROMPT_PREVIOUS, GoBack}, {IDCANCEL, GoBack}};
+constexpr Dialog prompt_dialog{PROMPT_HELP, Open, controls};
 
 // ---- the order ---------------------------------------------------------------------------------
 
@@ -161,14 +159,7 @@ void ListPrompts(Session *session) {
 } // namespace
 
 INT_PTR CALLBACK DlgInputParam(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG) {
-        const auto *start = reinterpret_cast<DialogStart *>(lParam);
-        return Open(dialog, start->session, static_cast<int>(start->extra));
-    }
-    Session *session = DialogSession(dialog);
-    if (message != WM_COMMAND || !session) return FALSE;
-    return Guarded(session, INT_PTR{FALSE},
-                   [&] { return OnCommand(dialog, session, LOWORD(wParam)); });
+    return ServeDialog(prompt_dialog, dialog, message, wParam, lParam);
 }
 
 int AskUserFields(Session *session) {
