@@ -11,6 +11,7 @@
 #include "form/defaults.h"
 #include "form/field_sample.h"
 #include "form/field_table.h"
+#include "form/sections.h"
 #include "frame/host_data.h"
 #include "frame/message_box.h"
 #include "frame/modified.h"
@@ -30,8 +31,6 @@ constexpr size_t NAME_SIZE = 100;
 constexpr int MODE_FOOTER = 1;
 constexpr int MODE_OTHER = 2;
 constexpr int DESCRIPTION_LENGTH = 43;
-
-bool IsFooter(int section) { return section >= SECTION_SORT_FOOTER_9; }
 
 bool InRange(int units) {
     return units >= std::numeric_limits<int16_t>::min() &&

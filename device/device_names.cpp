@@ -85,10 +85,7 @@ int TakeDevNames(Session *session, HGLOBAL handle) {
     TakeName(block, names->wDriverOffset, printer.DriverName, sizeof printer.DriverName);
     TakeName(block, names->wDeviceOffset, printer.DeviceName, sizeof printer.DeviceName);
     TakeName(block, names->wOutputOffset, printer.PortName, sizeof printer.PortName);
-    const size_t length = std::strlen(printer.DriverName);
-    const bool ends = length >= 4 && !lstrcmpiA(printer.DriverName + length - 4, ".drv");
-    if (!ends && length + 4 < sizeof printer.DriverName)
-        std::strcpy(printer.DriverName + length, ".drv");
+    AddDriverEnding(printer.DriverName, ".drv");
     return 1;
 }
 

@@ -3,6 +3,7 @@
 
 #include "device/printer.h"
 #include "form/fonts.h"
+#include "form/sections.h"
 #include "frame/fatal_error.h"
 #include "frame/mapping.h"
 #include "frame/text.h"
@@ -11,7 +12,6 @@ namespace tessarine {
 
 namespace {
 
-constexpr int LEFT_EDGE = 62; // a section bar's least left edge
 constexpr const char *REPORT_FONT = "Courier New";
 constexpr int REPORT_FONT_POINTS = 11;
 
@@ -100,7 +100,7 @@ void SettleUsableSize(Session *session) {
 }
 
 void FitBars(Session *session) {
-    const int left = std::max(InchesToUnits(session->form.Header.LeftMargin), LEFT_EDGE);
+    const int left = std::max(InchesToUnits(session->form.Header.LeftMargin), BAR_LEFT_EDGE);
     for (int row = 0; row < session->form.TotalItems; ++row) {
         ItemRecord *item = &session->form.Items[row];
         if (item->ItemType != ITEM_BAR) continue;

@@ -22,11 +22,6 @@ bool EndsInDrv(const char *driver) {
     return length >= ENDING_LENGTH && !lstrcmpiA(driver + length - ENDING_LENGTH, ".drv");
 }
 
-void AppendEnding(char *driver, const char *ending) {
-    const size_t length = std::strlen(driver);
-    if (length + ENDING_LENGTH < NAME_SIZE) std::strcpy(driver + length, ending);
-}
-
 // The next token of a comma list: blanks behind a comma are skipped.
 const char *TakeToken(const char *list, char *token) {
     size_t length = 0;
@@ -38,14 +33,6 @@ const char *TakeToken(const char *list, char *token) {
     if (*list == ',') ++list;
     while (*list == ' ') ++list;
     return list;
-}
-
-void FreeDevMode(PrinterState *printer) {
-    if (!printer->DevModeMemory) return;
-    UnlockHandle(printer->DevModeMemory);
-    FreeHandle(printer->DevModeMemory);
-    printer->DevModeMemory = nullptr;
-    printer->DevMode = nullptr;
 }
 
 void AllocDevMode(Session *session, size_t size) {
@@ -104,6 +91,20 @@ void OpenOutputDevice(Session *session) {
 
 } // namespace
 
+void AddDriverEnding(char *driver, const char *ending) {
+    const size_t length = std::strlen(driver);
+    if (length > ENDING_LENGTH && EndsInDrv(driver)) return;
+    if (length + ENDING_LENGTH < NAME_SIZE) std::strcpy(driver + length, ending);
+}
+
+void FreeDevMode(PrinterState *printer) {
+    if (!printer->DevModeMemory) return;
+    UnlockHandle(printer->DevModeMemory);
+    FreeHandle(printer->DevModeMemory);
+    printer->DevModeMemory = nullptr;
+    printer->DevMode = nullptr;
+}
+
 int GetProfilePrinter(Session *, const char *section, const char *key, char *first, char *second,
                       char *third) {
     char list[PROFILE_SIZE] = "";
@@ -120,18 +121,14 @@ int GetDefaultPrinter(Session *session, char *device, char *driver, char *port) 
         ShowBox(session->ParentWindow, "Unable to Access the Current Printer!");
         return 0;
     }
-    if (std::strlen(driver) <= ENDING_LENGTH)
-        AppendEnding(driver, ".drv");
-    else if (!EndsInDrv(driver))
-        AppendEnding(driver, ".DRV");
+    AddDriverEnding(driver, std::strlen(driver) <= ENDING_LENGTH ? ".drv" : ".DRV");
     return 1;
 }
 
 void InitPrinter(Session *session) {
     PrinterState &printer = session->printer;
     FreeDevMode(&printer);
-    if (std::strlen(printer.DriverName) <= ENDING_LENGTH || !EndsInDrv(printer.DriverName))
-        AppendEnding(printer.DriverName, ".DRV");
+    AddDriverEnding(printer.DriverName, ".DRV");
     const OwnedPrinter device(OpenDevice(session));
     if (!device) FatalError(session, "Invalid Printer Driver", CODE_PRINTER);
     const HWND parent = session->ParentWindow;

@@ -8,7 +8,10 @@ namespace tessarine {
 int GetDefaultPrinter(Session *session, char *device, char *driver, char *port);
 int GetProfilePrinter(Session *session, const char *section, const char *key, char *first,
                       char *second, char *third);
-void InitPrinter(Session *session); // a fresh DEVMODE from the driver; fatal with code 10
+// Adds the ending of a driver's file to the name of a PrinterState that lacks it.
+void AddDriverEnding(char *driver, const char *ending);
+void FreeDevMode(PrinterState *printer); // nothing when it has none
+void InitPrinter(Session *session);      // a fresh DEVMODE from the driver; fatal with code 10
 void CallPrinterDriver(Session *session, int mode);
 // Recomputes all that hangs on the printer: header, measuring context, paper, bars.
 int ProcessPrinterData(Session *session);

@@ -1,5 +1,7 @@
 #include "form/form_check.h"
 
+#include "form/sections.h"
+
 #include <algorithm>
 #include <cmath>
 #include <initializer_list>
@@ -85,10 +87,8 @@ bool FieldFits(const Session *session, int row) {
 
 bool BreakFits(const Session *session, const BreakFieldRecord &row) {
     return IsUsableField(session, row.SortField) && IsUsableField(session, row.BreakField) &&
-           row.SectionIndex >= SECTION_SORT_HEADER_1 && row.SectionIndex <= SECTION_SORT_HEADER_9;
+           IsSortHeader(row.SectionIndex);
 }
-
-bool IsDetail(int section) { return section >= SECTION_DETAIL_1 && section <= SECTION_DETAIL_9; }
 
 bool SectionFits(const Session *session, int number) {
     const SectionRecord &section = session->form.Sections[number];

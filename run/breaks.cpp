@@ -1,3 +1,4 @@
+#include "form/sections.h"
 #include "run/record_driver.h"
 #include "run/sections.h"
 
@@ -28,7 +29,7 @@ int ChangedLevel(const Session *session) {
 
 void PrintFooter(Session *session, int level) {
     const int header = session->form.Breaks[level].SectionIndex;
-    const int footer = SECTION_PAGE_FOOTER - header;
+    const int footer = FooterOf(header);
     CalcFields(session, footer, footer);
     PrintSection(session, footer, 0);
     if (session->form.Sections[header].SectionFlags & SECTION_RESET_PAGE)
@@ -37,7 +38,7 @@ void PrintFooter(Session *session, int level) {
 
 // Fields that are summed up to the footer of this header start anew behind it.
 void ResetSummariesOf(Session *session, int header) {
-    const int footer = SECTION_PAGE_FOOTER - header;
+    const int footer = FooterOf(header);
     for (int row = 0; row < session->form.FieldCount; ++row) {
         FieldRecord *field = &session->form.Fields[row];
         if (!field->InUse || field->SummarySection != footer || (field->FieldFlags & FIELD_RETAIN))

@@ -1,5 +1,6 @@
 #include <climits>
 
+#include "form/sections.h"
 #include "frame/boundary.h"
 #include "frame/session_table.h"
 #include "output/page_store.h"
@@ -48,7 +49,7 @@ void PrintClosingSections(Session *session) {
     run.RunPhase = PHASE_CLOSING;
     CalcFields(session, SECTION_SORT_FOOTER_9, SECTION_REPORT_FOOTER);
     for (int level = session->form.BreakCount - 1; level >= 0; --level)
-        PrintSection(session, SECTION_PAGE_FOOTER - session->form.Breaks[level].SectionIndex, 0);
+        PrintSection(session, FooterOf(session->form.Breaks[level].SectionIndex), 0);
     PrintSection(session, SECTION_REPORT_FOOTER, 0);
     run.AcrossIndex = 0; // a row left open would pull the page footer up to its own bottom
     run.CurrentY = run.BodyBottom;

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "form/sections.h"
 #include "frame/mapping.h"
 
 namespace tessarine {
 
 namespace {
 
-constexpr int LEFT_EDGE = 62; // a section bar's least left edge
 constexpr int NO_SPAN = -1;
 constexpr int NO_ITEM = -1;
 
@@ -21,8 +21,8 @@ struct Span { // what the items of a section reach, form units
 int16_t Short(int value) { return static_cast<int16_t>(value); }
 
 int LeftShift(const Session *session) {
-    if (session->LabelMode) return LEFT_EDGE;
-    return std::max(InchesToUnits(session->form.Header.LeftMargin), LEFT_EDGE);
+    if (session->LabelMode) return BAR_LEFT_EDGE;
+    return std::max(InchesToUnits(session->form.Header.LeftMargin), BAR_LEFT_EDGE);
 }
 
 bool InSection(const Session *session, int row, int section) {
@@ -62,7 +62,7 @@ void SettleSummary(Session *session, int row, int section) {
     FieldRecord *input = &session->run.InputTable[row];
     field->SummarySection = Short(section);
     input->SummarySection = Short(section);
-    if (section < SECTION_SORT_FOOTER_9) {
+    if (!IsFooter(section)) {
         field->SummaryType = SUMMARY_VALUE;
         input->SummaryType = SUMMARY_VALUE;
     } else if (field->FieldKind == FIELD_CALC) {

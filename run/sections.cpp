@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "expr/evaluator.h"
+#include "form/sections.h"
 #include "frame/fatal_error.h"
 #include "frame/memory.h"
 #include "run/items.h"
@@ -11,8 +12,6 @@
 namespace tessarine {
 
 namespace {
-
-bool IsDetail(int section) { return section >= SECTION_DETAIL_1 && section <= SECTION_DETAIL_9; }
 
 // A row across that another section interrupts is over, unfilled.
 void EndRowAcross(Session *session, int section) {

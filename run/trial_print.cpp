@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "form/sections.h"
 #include "frame/message_box.h"
 #include "run/sections.h"
 
@@ -18,7 +19,7 @@ void PrintAllSections(Session *session) {
 // The trial is no page of the report.
 void EjectTrial(Session *session) {
     for (int section = 0; section < MAX_SECTIONS; ++section) {
-        if (section >= SECTION_DETAIL_1 && section <= SECTION_DETAIL_9) continue;
+        if (IsDetail(section)) continue;
         if (!session->form.Sections[section].InUse) continue;
         PageBreak(session, section);
         break;

@@ -4,6 +4,7 @@
 #include "device/printer.h"
 #include "form/defaults.h"
 #include "form/form_writer.h"
+#include "form/sections.h"
 #include "frame/host_data.h"
 #include "frame/mapping.h"
 #include "frame/modified.h"
@@ -14,7 +15,6 @@ namespace tessarine {
 
 namespace {
 
-constexpr int LEFT_EDGE = 62; // a section bar's least left edge
 constexpr int BAND_HEIGHT = 400;
 constexpr int GROUP_WIDTH = 600;
 constexpr int GROUP_HEIGHT = 100;
@@ -98,14 +98,14 @@ void MakeLabelItems(Session *session) {
     const FormHeader &header = session->form.Header;
     const int width = InchesToUnits(header.LabelGeometry.LabelWidth);
     const int height = header.BarHeight + InchesToUnits(header.LabelGeometry.LabelHeight);
-    AddItem(session, ITEM_BAR, Place(LEFT_EDGE, 0, width, height), SECTION_DETAIL_1);
-    AddItem(session, ITEM_GROUP, Place(LEFT_EDGE, 0, 0, 0), SECTION_DETAIL_1);
+    AddItem(session, ITEM_BAR, Place(BAR_LEFT_EDGE, 0, width, height), SECTION_DETAIL_1);
+    AddItem(session, ITEM_GROUP, Place(BAR_LEFT_EDGE, 0, 0, 0), SECTION_DETAIL_1);
     UseSection(session, SECTION_DETAIL_1, 0, 0);
 }
 
 void MakeReportItems(Session *session) {
     const FormHeader &header = session->form.Header;
-    const int x = std::max(InchesToUnits(header.LeftMargin), LEFT_EDGE);
+    const int x = std::max(InchesToUnits(header.LeftMargin), BAR_LEFT_EDGE);
     const double margins = static_cast<double>(header.LeftMargin) + header.RightMargin;
     const int width = session->printer.ReportWidth - InchesToUnits(margins);
     const int group_x = x + (width - GROUP_WIDTH) / 2;

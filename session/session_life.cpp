@@ -115,15 +115,6 @@ bool SettleModifiedForm(Session *session) {
     return false;
 }
 
-void FreeDevMode(Session *session) {
-    PrinterState &printer = session->printer;
-    if (!printer.DevModeMemory) return;
-    UnlockHandle(printer.DevModeMemory);
-    FreeHandle(printer.DevModeMemory);
-    printer.DevModeMemory = nullptr;
-    printer.DevMode = nullptr;
-}
-
 // A window that another has destroyed is told by the handle that it had.
 HWND WindowOfEnd(const Session *session) {
     return session->view.WindowGone ? session->ViewBlock.ReportWindow : session->device.Window;
@@ -146,7 +137,7 @@ void CloseSession(Session *session) {
     session->State = STATE_ENDING;
     ReleaseLock(session);
     session->IgnoreMessages = 1;
-    FreeDevMode(session);
+    FreeDevMode(&session->printer);
     ReleaseDeviceProp(session);
     if (form.TablesAllocated)
         for (int row = 0; row < MAX_FONTS; ++row) ReleaseFontRow(session, row);
