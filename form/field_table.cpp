@@ -36,9 +36,9 @@ int NewFieldSlot(Session *session) {
     FormState &form = session->form;
     for (int row = 0; row < form.FieldCount; ++row)
         if (!form.Fields[row].InUse && !IsReserved(row)) return row;
-    if (form.FieldCount >= MAX_FIELDS) return NO_SLOT;
+    if (form.FieldCount >= form.FieldCapacity) return NO_SLOT;
     if (IsReserved(form.FieldCount)) AppendFreeRow(session);
-    if (form.FieldCount >= MAX_FIELDS) return NO_SLOT;
+    if (form.FieldCount >= form.FieldCapacity) return NO_SLOT;
     return AppendFreeRow(session);
 }
 

@@ -42,10 +42,12 @@ struct FormState {
     HGLOBAL FieldMemory;
     HGLOBAL TempFieldMemory;
     uint32_t TablesAllocated;
-    ItemRecord *Items;    // 321 rows
-    FontEntry *Fonts;     // 32 rows
-    FieldRecord *Fields;  // 501 rows; swapped for the input table while filters are evaluated
-    FieldRecord *TempFld; // 27 rows, intermediate results of the evaluator
+    int32_t FieldCapacity; // rows of Fields that may be in use
+    ItemRecord *Items;     // 321 rows
+    FontEntry *Fonts;      // 32 rows
+    FieldRecord *Fields;   // 501 rows, in a run as many as FieldCount and one more; swapped for
+                           // the input table while filters are evaluated
+    FieldRecord *TempFld;  // 27 rows, intermediate results of the evaluator
 
     BreakFieldRecord Breaks[MAX_BREAKS];
     SectionRecord Sections[MAX_SECTIONS];

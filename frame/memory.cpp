@@ -143,6 +143,7 @@ int AllocArrayMem(Session *session) {
     }
     TakeTablePointers(form);
     form.TablesAllocated = 1;
+    form.FieldCapacity = MAX_FIELDS;
     return 1;
 }
 
@@ -160,6 +161,7 @@ void FreeArrayMem(Session *session) {
     form.Fields = nullptr;
     form.TempFld = nullptr;
     form.TablesAllocated = 0;
+    form.FieldCapacity = 0;
 }
 
 } // namespace tessarine

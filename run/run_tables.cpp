@@ -46,6 +46,7 @@ void ShrinkFieldTable(Session *session) {
     if (resized) form.FieldMemory = resized;
     form.Fields = static_cast<FieldRecord *>(LockHandle(form.FieldMemory));
     if (!resized) FatalError(session, "Ran Out of Memory (AllocRepMem(2))", CODE_MEMORY);
+    form.FieldCapacity = form.FieldCount;
 }
 
 bool IsUserRow(const FieldRecord &field) {

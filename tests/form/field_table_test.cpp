@@ -80,6 +80,15 @@ TEST_F(FieldTable, FullTableHasNoSlotUntilOneIsReleased) {
     EXPECT_EQ(NewFieldSlot(session), 499);
 }
 
+TEST_F(FieldTable, CapacityBoundsTheRows) {
+    for (const int capacity : {1, 5, 32, 33}) {
+        session->form.FieldCapacity = capacity;
+        int row = 0;
+        for (; row != NO_SLOT; row = NewFieldSlot(session)) Row(row).InUse = 1;
+        EXPECT_EQ(session->form.FieldCount, capacity);
+    }
+}
+
 TEST_F(FieldTable, ReleasedRowIsFreeAtOnceWhenItIsNotShared) {
     const int row = session.AddField(FIELD_DATA, "A", TYPE_NUMERIC);
     Row(row).RefCount = 7;

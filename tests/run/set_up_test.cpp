@@ -4,6 +4,7 @@
 #include <set>
 
 #include "device/printer.h"
+#include "expr/symbols.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
@@ -14,6 +15,7 @@
 #include "tests/support/composition.h"
 #include "tests/support/host_window.h"
 #include "tests/support/message_boxes.h"
+#include "tests/support/page_texts.h"
 #include "tests/support/report_run.h"
 
 using namespace tessarine;
@@ -144,6 +146,24 @@ TEST(RunTables, HostLearnsTheTablesAndNothingHasPrinted) {
     EXPECT_EQ(session->run.LastSection, -1);
     EXPECT_EQ(session->progress.AbortDialog, nullptr);
     run.Finish();
+}
+
+TEST(RunTables, NoRowIsAddedOnceTheTableIsAsLongAsItsRows) {
+    OneLine form;
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0);
+    MessageBoxes boxes;
+    std::string sum = "101";
+    for (int number = 102; number <= 150; ++number) sum += "+" + std::to_string(number);
+    uint16_t cells[MAX_CELLS];
+    int32_t position = 0;
+    EXPECT_EQ(GenerateSymbols(SessionOf(run), sum.c_str(), cells, &position, 2), 0);
+    EXPECT_EQ(boxes.Texts(), std::vector<std::string>{"Ran out of field table!"});
+    EXPECT_EQ(SessionOf(run)->form.FieldCount, run.params.FieldTotal);
+    for (const char *name : {"Oslo", "Rome"}) EXPECT_EQ(run.Feed({{"NAME", name}}), 0);
+    EXPECT_EQ(run.Finish(), 0);
+    const std::vector<std::string> expected{"Oslo", "Rome"};
+    EXPECT_EQ(PageWords(run.Report(), 0), expected);
 }
 
 TEST(RunTables, SystemFieldsStandInBothTablesBeforeTheFirstRecord) {
