@@ -18,13 +18,14 @@ int32_t PowerOfTen(int decimals) {
     return power;
 }
 
-// The fraction's digits as a number; *whole takes the carry.
+// The fraction's digits as a number; *whole takes the carry. What a value beyond 32 bits has over
+// its whole part is no fraction, and carries.
 int32_t RoundedFraction(double fraction, int decimals, int32_t *whole) {
     const int32_t power = PowerOfTen(decimals);
     const double scaled = power * fraction;
     int32_t digits = ToInt32(scaled);
     if (scaled - digits >= 0.5) digits = WrapAdd(digits, 1);
-    if (digits < power) return digits;
+    if (fraction < 1.0 && digits < power) return digits;
     *whole = WrapAdd(*whole, 1);
     return 0;
 }

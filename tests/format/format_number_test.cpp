@@ -60,10 +60,19 @@ TEST(FormatDouble, ValueBeyondTheWholeRangePrintsNothingWithoutDecimals) {
     EXPECT_EQ(Digits(std::nan(""), 0), "");
 }
 
-TEST(FormatDouble, ValueBeyondTheWholeRangeHasNoWholePart) {
-    EXPECT_EQ(Digits(1e20, 2), "0.-2147483647");
-    EXPECT_EQ(Digits(std::numeric_limits<double>::infinity(), 2), "0.-2147483647");
-    EXPECT_EQ(Digits(std::nan(""), 2), "0.-2147483648");
+TEST(FormatDouble, ValueBeyondTheWholeRangeHasZerosAroundThePoint) {
+    const double infinite = std::numeric_limits<double>::infinity();
+    for (const double value :
+         {2147483648.0, 2147483648.25, 4294967296.5, 1e20, 1e300, infinite, std::nan("")}) {
+        EXPECT_EQ(Digits(value, 2), "0.00") << value;
+        EXPECT_EQ(Digits(value, 12), "0.000000000000") << value; // the power has wrapped below 0
+    }
+    EXPECT_EQ(Digits(-1e20, 1), "-0.0");
+}
+
+TEST(FormatDouble, LastValueOfTheWholeRangeKeepsItsDigits) {
+    EXPECT_EQ(Digits(2147483647.0, 2), "2147483647.00");
+    EXPECT_EQ(Digits(2147483647.75, 2), "2147483647.75");
 }
 
 TEST(FormatDouble, PowerOfTenWrapsFromTheTenthDecimalOn) {
