@@ -164,6 +164,12 @@ TEST_F(FieldSample, WidthSmallerThanOneCharacterIsAtLeastOneNine) {
         EXPECT_EQ(Sample(width), "9") << width;
 }
 
+TEST_F(FieldSample, WidthThatTheInsetUsesUpIsALimitAllTheSame) {
+    Field(TYPE_TEXT, 15);
+    for (int width : {INSET + 1, INSET, INSET - 1, 1, -1}) EXPECT_EQ(Sample(width), "") << width;
+    EXPECT_EQ(Sample(0), "xxxxXxxxxXxxxxX");
+}
+
 TEST_F(FieldSample, DatesShowTheirFormat) {
     const char *samples[] = {"mm/dd/yy",       "dd/mm/yy",   "mm/dd/yyyy",   "Mmm dd, yyyy",
                              "Month dd, yyyy", "dd/mm/yyyy", "dd Mmm, yyyy", "dd Month, yyyy"};
