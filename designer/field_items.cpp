@@ -131,8 +131,7 @@ int PlaceFieldAt(Session *session, int slot, int section, int x, int y) {
 }
 
 bool HostKnowsField(const Session *session, FieldRecord *record) {
-    const CheckFieldRoutine check = session->FormBlock.CheckFieldProc;
-    if (!check || !check(session->device.Window, record, 0, host_data.HostContext)) return false;
+    if (!OfferField(session, record)) return false;
     record->FieldName[sizeof record->FieldName - 1] = 0;
     return true;
 }

@@ -1,7 +1,8 @@
 #include "expr/date_text.h"
 
-#include <cctype>
 #include <cstring>
+
+#include "frame/text.h"
 
 namespace tessarine {
 
@@ -40,7 +41,7 @@ Parts ReadParts(const char *text, int length) {
     PartReader reader;
     for (int place = 1; place < length - 1; ++place) {
         const char c = text[place];
-        if (std::isdigit(static_cast<unsigned char>(c))) {
+        if (IsDigit(c)) {
             if (++reader.digits > LONGEST_PART) return reader.parts;
             reader.value = reader.value * 10 + (c - '0');
         } else if (!reader.Close(c)) {

@@ -1,7 +1,7 @@
-#include <algorithm>
 #include <cmath>
 
 #include "expr/functions.h"
+#include "frame/text_numbers.h"
 #include "frame/whole_numbers.h"
 
 namespace tessarine {
@@ -23,19 +23,6 @@ template <typename Choice> int Extreme(const Operation &operation, Choice choose
     operation.result->LongValue = choose(left->LongValue, right->LongValue);
     operation.result->DoubleValue = choose(left->DoubleValue, right->DoubleValue);
     return ANSWER_DONE;
-}
-
-// The leading number of a text, behind blanks and a sign; digits past 32 bits wrap.
-int32_t LeadingNumber(std::string_view text) {
-    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-    const bool negative = text.starts_with('-');
-    if (negative || text.starts_with('+')) text.remove_prefix(1);
-    int32_t number = 0;
-    for (char c : text) {
-        if (c < '0' || c > '9') break;
-        number = WrapAdd(WrapMultiply(number, 10), c - '0');
-    }
-    return negative ? WrapSubtract(0, number) : number;
 }
 
 // Neither 0 nor an infinite value changes any more, however many places there are.
@@ -64,7 +51,7 @@ int FunctionVal(const Operation &operation) {
     operation.result->ValueType = TYPE_NUMERIC;
     if (!operation.run) return ANSWER_DONE;
     operation.result->LongValue =
-        value.ValueType == TYPE_TEXT ? LeadingNumber(TextOf(&value)) : CountOf(&value);
+        value.ValueType == TYPE_TEXT ? WholeNumberIn(TextOf(&value).data()) : CountOf(&value);
     return ANSWER_DONE;
 }
 

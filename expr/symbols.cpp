@@ -1,7 +1,6 @@
 #include "expr/symbols.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <iterator>
 
@@ -13,6 +12,7 @@
 #include "frame/message_box.h"
 #include "frame/modified.h"
 #include "frame/text.h"
+#include "frame/text_numbers.h"
 
 namespace tessarine {
 
@@ -71,12 +71,10 @@ bool MakeUserField(const Session *session, FieldRecord *record) {
 
 // Data fields are the host's; without its routine there is none.
 bool MakeDataField(const Session *session, FieldRecord *record) {
-    const CheckFieldRoutine check = session->FormBlock.CheckFieldProc;
     char name[sizeof record->FieldName];
     CopyText(record->FieldName, name, sizeof name);
     record->FieldKind = FIELD_DATA;
-    if (!check || !check(session->device.Window, record, 0, host_data.HostContext))
-        return Refuse(session, "Invalid data field: %s", name);
+    if (!OfferField(session, record)) return Refuse(session, "Invalid data field: %s", name);
     if (record->ValueType == TYPE_PICTURE)
         return Refuse(session, "Picture field not allowed: %s", name);
     return true;
@@ -106,14 +104,14 @@ bool MakeText(const Session *session, FieldRecord *record) {
 bool MakeWholeNumber(const Session *, FieldRecord *record) {
     record->FieldKind = FIELD_CONSTANT;
     record->ValueType = TYPE_NUMERIC;
-    record->LongValue = static_cast<int32_t>(std::strtol(record->FieldName, nullptr, 10));
+    record->LongValue = WholeNumberIn(record->FieldName);
     return true;
 }
 
 bool MakeDecimalNumber(const Session *, FieldRecord *record) {
     record->FieldKind = FIELD_CONSTANT;
     record->ValueType = TYPE_DOUBLE;
-    record->DoubleValue = std::strtod(record->FieldName, nullptr);
+    record->DoubleValue = NumberIn(record->FieldName);
     return true;
 }
 

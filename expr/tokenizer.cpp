@@ -1,6 +1,5 @@
 #include "expr/tokenizer.h"
 
-#include <cctype>
 #include <cstdio>
 #include <cstring>
 
@@ -14,8 +13,6 @@ namespace {
 constexpr int LITERAL_LIMIT = 100; // characters between the delimiters
 constexpr int NAME_LIMIT = 100;
 constexpr const char *NAME_STOPS = "()*/+#<=\"' .$,";
-
-bool IsDigit(char c) { return std::isdigit(static_cast<unsigned char>(c)); }
 
 // A token being read off a text.
 struct Reader {

@@ -1,7 +1,6 @@
 #include "form/user_fields.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstdio>
 #include <cstring>
 #include <iterator>
@@ -41,7 +40,7 @@ void TellUse(const Session *session, const char *format, const char *name) {
     Tell(session, text);
 }
 
-bool IsNameCharacter(char c) { return c == '_' || std::isalnum(static_cast<unsigned char>(c)); }
+bool IsNameCharacter(char c) { return c == '_' || IsLetter(c) || IsDigit(c); }
 
 bool IsTaken(const Session *session, int row, const char *name) {
     for (int other = 0; other < MAX_USER_FIELDS; ++other) {

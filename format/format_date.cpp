@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstdlib>
 
 #include "format/bounded_text.h"
 #include "format/month_names.h"
+#include "frame/text_numbers.h"
 
 namespace tessarine {
 
@@ -44,7 +44,7 @@ void FormatDate(const Session *, const FieldRecord *record, int32_t value, char 
     BoundedText text = StartText(out);
     if (value == 0 || record->DateFormat < 0 || record->DateFormat >= PATTERNS) return;
     const DateParts parts = TakeApart(value < OLD_DATES_END ? value + OLD_DATES_START : value);
-    const int month = std::clamp(std::atoi(parts.month), 1, 12) - 1;
+    const int month = std::clamp(WholeNumberIn(parts.month), 1, 12) - 1;
     const struct {
         char letter;
         std::string_view text;

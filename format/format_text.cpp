@@ -1,7 +1,5 @@
 #include "format/format_text.h"
 
-#include <cctype>
-
 #include "frame/text.h"
 
 namespace tessarine {
@@ -11,8 +9,7 @@ namespace {
 void CapitalizeWords(char *text) {
     LowerText(text);
     for (char *letter = text; *letter; ++letter)
-        if (letter == text || letter[-1] == ' ')
-            *letter = static_cast<char>(std::toupper(static_cast<unsigned char>(*letter)));
+        if (letter == text || letter[-1] == ' ') *letter = UpperLetter(*letter);
 }
 
 } // namespace

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "frame/fatal_error.h"
+#include "frame/float_state.h"
 
 namespace tessarine {
 
@@ -19,7 +20,8 @@ void WantEnd(Session *session);
 // Releases the session if its end is wanted and nothing works on it. It may not exist afterwards.
 void ReleaseIfDue(Session *session);
 
-// While one stands the session is inside an entry point, and is not released.
+// While one stands the session is inside an entry point, and is not released; the host's state of
+// the floating point units is put aside.
 class InEntryPoint {
 public:
     explicit InEntryPoint(Session *session)
@@ -35,6 +37,7 @@ public:
     }
 
 private:
+    const OwnFloatState own_;
     Session *session_;
     uint32_t outer_failure_; // of the call further out, which settles it itself
 };

@@ -5,14 +5,13 @@ namespace tessarine {
 namespace {
 
 constexpr int CUSTOM_COLORS = 16;
-constexpr double GREY_STEP = 15.9375;
 
 } // namespace
 
 uint32_t EditColor(HWND owner, uint32_t color, int fullOpen) {
     COLORREF greys[CUSTOM_COLORS];
     for (int shade = 0; shade < CUSTOM_COLORS; ++shade) {
-        const int value = static_cast<int>((shade + 1) * GREY_STEP);
+        const int value = (shade + 1) * 255 / CUSTOM_COLORS;
         greys[shade] = RGB(value, value, value);
     }
     CHOOSECOLORA choice{};

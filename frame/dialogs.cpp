@@ -1,11 +1,11 @@
 #include "frame/dialogs.h"
 
-#include <cstdlib>
 #include <cstring>
 
 #include "frame/fatal_error.h"
 #include "frame/message_box.h"
 #include "frame/session_table.h"
+#include "frame/text_numbers.h"
 #include "rep_dlg.h"
 
 namespace tessarine {
@@ -132,7 +132,7 @@ int CheckRangeItem(HWND dialog, char kind, int control, double low, double high)
     } else {
         char text[101] = "";
         GetDlgItemTextA(dialog, control, text, sizeof text);
-        value = std::strtod(text, nullptr);
+        value = NumberIn(text);
     }
     if (valid && value >= low && value <= high) return 1;
     ShowBox(dialog, "Invalid Value, Please Re-enter", "Value Out of Range");

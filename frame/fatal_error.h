@@ -8,6 +8,7 @@
 
 #include <new>
 
+#include "frame/float_state.h"
 #include "frame/session.h"
 
 namespace tessarine {
@@ -32,6 +33,7 @@ void NoteLackOfMemory(Session *session);
 // while an entry point is on the stack to take it) and gives the fallback value.
 template <typename Result, typename Body>
 Result Guarded(Session *session, Result fallback, Body body) {
+    const OwnFloatState own;
     try {
         return body();
     } catch (const Unwinding &) {

@@ -1,7 +1,7 @@
 // The host's blocks: HostData, of which up to 10 are remembered, and NewFormData.
 #pragma once
 
-#include "tessarine_records.h"
+#include "frame/session.h"
 
 namespace tessarine {
 
@@ -11,6 +11,10 @@ extern NewFormData new_form_data; // off while NewFormName is empty
 int SetCRepData(HostData *block);
 int RemoveCRepData(HostData *block);
 int SetNewFormData(const NewFormData *block);
+
+// Offers a data field to the host's routine, which may leave the floating point units as it likes.
+// False when the host doesn't know the field, and without a routine.
+bool OfferField(const Session *session, FieldRecord *record);
 
 // The word behind LabelForm, 0 for a null slot: the whole library is in label mode.
 bool LabelModeWanted();

@@ -1,6 +1,5 @@
 #include "frame/text.h"
 
-#include <cctype>
 #include <cstdarg>
 #include <cstring>
 
@@ -13,8 +12,8 @@ namespace {
 
 constexpr int ENDING_LENGTH = 4;
 
-char *ChangeCase(char *text, int (*change)(int)) {
-    for (char *c = text; *c; ++c) *c = static_cast<char>(change(static_cast<unsigned char>(*c)));
+char *ChangeCase(char *text, char (*change)(char)) {
+    for (char *c = text; *c; ++c) *c = change(*c);
     return text;
 }
 
@@ -50,8 +49,8 @@ void PadRight(char *text, int width) {
     text[width] = 0;
 }
 
-char *UpperText(char *text) { return ChangeCase(text, std::toupper); }
-char *LowerText(char *text) { return ChangeCase(text, std::tolower); }
+char *UpperText(char *text) { return ChangeCase(text, UpperLetter); }
+char *LowerText(char *text) { return ChangeCase(text, LowerLetter); }
 
 int HasPrefix(const char *text, const char *other) {
     return std::strncmp(text, other, std::strlen(other)) == 0;

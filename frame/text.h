@@ -11,8 +11,19 @@ void TrimLeft(char *text);  // cuts leading blanks
 char *RepStrTrim(char *text);
 void PadLeft(char *text, int width);
 void PadRight(char *text, int width);
+
+// Letters and digits are the plain ones, whatever locale a host has set.
+constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr char UpperLetter(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+constexpr char LowerLetter(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+constexpr bool IsLetter(char c) { return UpperLetter(c) >= 'A' && UpperLetter(c) <= 'Z'; }
 char *UpperText(char *text);
 char *LowerText(char *text);
+
 int HasPrefix(const char *text, const char *other);
 const char *FindText(const char *text, const char *other);     // the first occurrence or null
 int FindCharAt(const char *memory, char character, int count); // count when it isn't there

@@ -1,7 +1,7 @@
 #include <algorithm>
-#include <cstdlib>
 
 #include "frame/dialogs.h"
+#include "frame/text_numbers.h"
 #include "output/preview.h"
 #include "output/report_file.h"
 #include "rep_dlg.h"
@@ -18,8 +18,7 @@ constexpr int NUMBER_LENGTH = 40;
 int WantedPage(HWND dialog, const Session *session) {
     char text[NUMBER_LENGTH] = "";
     GetDlgItemTextA(dialog, JUMP_PAGE, text, sizeof text);
-    const long last = FinishedPages(session);
-    return static_cast<int>(std::max(std::min(std::strtol(text, nullptr, 10), last), 1L));
+    return std::max(std::min(WholeNumberIn(text), FinishedPages(session)), 1);
 }
 
 bool Open(HWND dialog, Session *session, LPARAM) {

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cctype>
 #include <cstring>
 
 #include "format/format_field.h"
@@ -71,8 +70,7 @@ void ReserveSuffix(const Session *session, const ItemRecord &item, const FieldRe
 }
 
 bool BeginsDigits(const FieldRecord &field, char c) {
-    return std::isdigit(static_cast<unsigned char>(c)) || c == field.DecimalChar[0] ||
-           c == field.ThousandsChar[0];
+    return IsDigit(c) || c == field.DecimalChar[0] || c == field.ThousandsChar[0];
 }
 
 void Fill(const Session *session, const ItemRecord &item, const FieldRecord &field,

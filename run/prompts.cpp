@@ -1,8 +1,6 @@
 #include "run/prompts.h"
 
-#include <cctype>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 #include "expr/date_text.h"
@@ -10,6 +8,7 @@
 #include "frame/message_box.h"
 #include "frame/modified.h"
 #include "frame/text.h"
+#include "frame/text_numbers.h"
 #include "rep_dlg.h"
 
 namespace tessarine {
@@ -27,21 +26,12 @@ UserFieldRecord *AskedField(Session *session) {
 // ---- answers -----------------------------------------------------------------------------------
 
 bool TakeWhole(Session *, UserFieldRecord *user) {
-    user->LongValue = static_cast<int32_t>(std::strtol(user->UserText, nullptr, 10));
+    user->LongValue = WholeNumberIn(user->UserText);
     return true;
 }
 
-// Decimal numbers alone: the words and the base of 16 that strtod knows are no numbers here.
-bool StartsANumber(const char *text) {
-    while (std::isspace(static_cast<unsigned char>(*text))) ++text;
-    if (*text == '+' || *text == '-') ++text;
-    if (text[0] == '0' && (text[1] == 'x' || text[1] == 'X')) return false;
-    return *text == '.' || std::isdigit(static_cast<unsigned char>(*text));
-}
-
 bool TakeDouble(Session *, UserFieldRecord *user) {
-    const char *text = user->UserText;
-    user->DoubleValue = StartsANumber(text) ? std::strtod(text, nullptr) : 0.0;
+    user->DoubleValue = NumberIn(user->UserText);
     return true;
 }
 

@@ -49,14 +49,12 @@ void MakeFontRows(Session *session) {
 
 // A data field is the host's: it is found anew by its name.
 void OfferDataFields(Session *session) {
-    const CheckFieldRoutine check = session->FormBlock.CheckFieldProc;
-    const HWND window = session->device.Window;
     for (int row = 0; row < session->form.FieldCount; ++row) {
         FieldRecord *field = &session->form.Fields[row];
         if (field->FieldKind != FIELD_DATA) continue;
         field->HostTable = -1;
         field->HostField = -1;
-        if (check && IsWindow(window)) check(window, field, 0, host_data.HostContext);
+        if (IsWindow(session->device.Window)) OfferField(session, field);
     }
 }
 

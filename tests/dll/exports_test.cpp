@@ -9,6 +9,7 @@
 #include "tessarine.h"
 #include "tests/dll/block_sizes.h"
 #include "tests/support/form_builder.h"
+#include "tests/support/host_state.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/test_session.h"
@@ -219,6 +220,31 @@ TEST_F(HostRun, SecondArgumentOfARecordHasNoEffect) {
     }
     ASSERT_EQ(reports[0].size(), 1u);
     for (const auto &report : reports) EXPECT_EQ(report, reports[0]);
+}
+
+TEST_F(HostRun, LocaleAndFloatStateOfTheHostHaveNoSay) {
+    FormBuilder form;
+    form.Section(SECTION_DETAIL_1, 50);
+    const int price = form.Field(FIELD_DATA, "PRICE", TYPE_DOUBLE);
+    const int city = form.Field(FIELD_DATA, "CITY", TYPE_TEXT);
+    form.fields[static_cast<size_t>(price)].Decimals = 2;
+    form.fields[static_cast<size_t>(city)].FieldFlags = FIELD_UPPER;
+    form.FieldItem(SECTION_DETAIL_1, 125, 0, 300, 45, price);
+    form.FieldItem(SECTION_DETAIL_1, 525, 0, 400, 45, city);
+    form.Write(params.FormFile);
+    const HostLocale german;
+    ASSERT_TRUE(german.Set());
+    const HostFloatState host;
+    ASSERT_EQ(RepInit(&params, 0, nullptr, nullptr), 0);
+    EXPECT_TRUE(HostFloatState::Stands());
+    params.FieldTable[price].DoubleValue = 0.285; // 0.29 when its hundredths are rounded up
+    std::strcpy(params.FieldTable[city].TextValue, "K\xF6ln");
+    EXPECT_EQ(RepRec(params.SessionId, 0, 0), 0);
+    EXPECT_TRUE(HostFloatState::Stands());
+    EXPECT_EQ(RepExit(params.SessionId, 0, nullptr), 0);
+    EXPECT_TRUE(HostFloatState::Stands());
+    const std::vector<std::string> expected{" 0.28", "K\xF6LN"};
+    EXPECT_EQ(PageWords(ReadWholeFile(params.OutputFile), 0), expected);
 }
 
 TEST_F(HostRun, RunThatDidNotStartKeepsItsSlot) {

@@ -117,6 +117,7 @@ TEST_F(Functions, MinAndMaxCompareTheTwoSidesEachByItself) {
 
 TEST_F(Functions, ValMakesAWholeNumberOfAnyValue) {
     Text("P", "  42 ");
+    Text("B", " -42");
     Text("E", "");
     NullText("N");
     const struct {
@@ -130,7 +131,9 @@ TEST_F(Functions, ValMakesAWholeNumberOfAnyValue) {
                  {"_ P VAL", 42},
                  {"_ E VAL", 0},
                  {"_ N VAL", 0},
-                 {"_ '2147483648' VAL", INT32_MIN},
+                 {"_ B VAL", -42},
+                 {"_ '2147483648' VAL", INT32_MAX},
+                 {"_ '-99999999999' VAL", INT32_MIN},
                  {"_ {19970102} VAL", 19970102},
                  {"_ 7 VAL", 7},
                  {"_ .T. VAL", 1},

@@ -8,6 +8,7 @@
 #include "form/field_table.h"
 #include "form/user_fields.h"
 #include "frame/host_data.h"
+#include "tests/support/host_state.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/test_session.h"
 
@@ -37,6 +38,12 @@ int32_t __stdcall CheckField(HWND, FieldRecord *record, int32_t, void *context) 
 }
 
 int32_t __stdcall AcceptAll(HWND, FieldRecord *, int32_t, void *) { return 1; }
+
+int32_t __stdcall LeaveAnotherRounding(HWND, FieldRecord *record, int32_t, void *) {
+    _mm_setcsr(_MM_MASK_MASK | _MM_ROUND_UP);
+    record->ValueType = TYPE_NUMERIC;
+    return 1;
+}
 
 class Symbols : public testing::Test {
 protected:
@@ -152,6 +159,30 @@ TEST_F(Symbols, DataFieldTakesWhatTheHostSays) {
     EXPECT_EQ(+record.FieldFlags, FIELD_SHARED);
     EXPECT_EQ(+record.RefCount, 1);
     EXPECT_EQ(session->form.FormModified, 1u);
+}
+
+TEST_F(Symbols, HostsRoutineMayLeaveAnotherRounding) {
+    session->FormBlock.CheckFieldProc = LeaveAnotherRounding;
+    const unsigned before = _mm_getcsr();
+    EXPECT_EQ(Generate("A"), 1);
+    const unsigned after = _mm_getcsr();
+    _mm_setcsr(before);
+    EXPECT_EQ(after & _MM_ROUND_MASK, unsigned{_MM_ROUND_NEAREST});
+}
+
+TEST_F(Symbols, NumbersAreReadWithTheirPointWhateverTheHostsLocale) {
+    const HostLocale german;
+    ASSERT_TRUE(german.Set());
+    EXPECT_EQ(+Operand("12.75").DoubleValue, 12.75);
+}
+
+TEST_F(Symbols, WholeNumberBeyond32BitsIsTheLargestOne) {
+    EXPECT_EQ(+Operand("2147483647").LongValue, INT32_MAX);
+    for (const char *text : {"2147483648", "4294967297", "99999999999999999999"}) {
+        EXPECT_EQ(+Operand(text).LongValue, INT32_MAX) << text;
+        EXPECT_EQ(+Operand(text).ValueType, TYPE_NUMERIC);
+    }
+    EXPECT_TRUE(boxes.Log().empty());
 }
 
 TEST_F(Symbols, WithoutAHostsRoutineThereIsNoDataField) {

@@ -7,6 +7,7 @@
 
 #include "form/defaults.h"
 #include "frame/text.h"
+#include "tests/support/host_state.h"
 
 using namespace tessarine;
 
@@ -364,6 +365,9 @@ TEST_F(FormatFieldRules, TextTakesOneCaseRuleInOrderOfPreference) {
 }
 
 TEST_F(FormatFieldRules, CapitalizingRaisesOnlyTheLetterAfterABlank) {
+    const HostLocale german;
+    ASSERT_TRUE(german.Set());
+    EXPECT_EQ(TextWith(FIELD_CAPITALIZE, "\xE4rger \xC4RGER"), "\xE4rger \xC4rger");
     EXPECT_EQ(TextWith(FIELD_CAPITALIZE, "anna SMITH-JONES o'neil"), "Anna Smith-jones O'neil");
 }
 

@@ -6,6 +6,7 @@
 #include "frame/text.h"
 #include "frame/text_measure.h"
 #include "tests/support/failing_call.h"
+#include "tests/support/host_state.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/test_session.h"
 
@@ -124,6 +125,14 @@ TEST(Text, CaseChangesCharacterByCharacter) {
     char text[] = "aB1-z";
     EXPECT_STREQ(tessarine::UpperText(text), "AB1-Z");
     EXPECT_STREQ(tessarine::LowerText(text), "ab1-z");
+}
+
+TEST(Text, CaseIsThatOfPlainLettersWhateverTheHostsLocale) {
+    const HostLocale german;
+    ASSERT_TRUE(german.Set());
+    char text[] = "@AZ[`az{\xC4\xE4\xD6\xF6\xDF";
+    EXPECT_STREQ(tessarine::UpperText(text), "@AZ[`AZ{\xC4\xE4\xD6\xF6\xDF");
+    EXPECT_STREQ(tessarine::LowerText(text), "@az[`az{\xC4\xE4\xD6\xF6\xDF");
 }
 
 TEST(Text, CopyIsSafeForOverlaps) {
