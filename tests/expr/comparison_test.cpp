@@ -54,6 +54,23 @@ TEST_F(Comparison, TextsThatDifferByTrailingSpacesAreEqualAndTheLongerIsStripped
     EXPECT_STREQ(Field("A")->TextValue, "ab");
 }
 
+TEST_F(Comparison, TrailingSpacesOfTheRightOperandNeverCountEither) {
+    Text("A", "ab");
+    Text("B", "ab   ");
+    EXPECT_TRUE(Holds("A B ="));
+    EXPECT_STREQ(Field("B")->TextValue, "ab");
+    Text("C", "ab  ");
+    EXPECT_FALSE(Holds("A C <"));
+}
+
+TEST_F(Comparison, TextsFollowTheOrderOfADictionary) {
+    EXPECT_TRUE(Holds("'a' 'B' <"));
+    EXPECT_TRUE(Holds("'Z' 'a' >"));
+    EXPECT_TRUE(Holds("'a' 'A' <"));
+    EXPECT_TRUE(Holds("'a' 'A' <>"));
+    EXPECT_TRUE(Holds("'co-op' 'coop' <>"));
+}
+
 TEST_F(Comparison, DryRunLeavesTextsUnstripped) {
     Text("A", "ab   ");
     Text("B", "ab");

@@ -219,6 +219,34 @@ TEST_F(Evaluator, OneOperatorStartsFromADefaultRecordInARun) {
     EXPECT_TRUE(boxes.Log().empty());
 }
 
+TEST_F(Evaluator, LeftGivesItsResultTheWidthThatWasAskedFor) {
+    Text("T", "abc");
+    const struct {
+        const char *count;
+        int width;
+    } cases[] = {{"2", 2}, {"9", 9}, {"0", 0}, {"-4", 0}, {"2.9", 2}};
+    for (const auto &row : cases) {
+        const auto cells = Cells(std::string("T ") + row.count + " LEFT");
+        FieldRecord result{};
+        EXPECT_EQ(ApplyOperator(session, cells[0], cells[1], cells[2], &result, 1), 1);
+        EXPECT_EQ(+result.FieldWidth, row.width) << row.count;
+        OurFree(result.TextValue);
+        ApplyOperator(session, cells[0], cells[1], cells[2], &result, 0);
+        EXPECT_EQ(+result.FieldWidth, row.width) << row.count; // left alone without a run
+    }
+}
+
+TEST_F(Evaluator, DtosGivesItsResultTheSortableFormat) {
+    Date("D", 19971231);
+    const auto cells = Cells("_ D DTOS");
+    FieldRecord result{};
+    ApplyOperator(session, cells[0], cells[1], cells[2], &result, 0);
+    EXPECT_EQ(+result.DateFormat, 0);
+    EXPECT_EQ(ApplyOperator(session, cells[0], cells[1], cells[2], &result, 1), 1);
+    EXPECT_EQ(+result.DateFormat, 8);
+    OurFree(result.TextValue);
+}
+
 TEST_F(Evaluator, CompiledExpressionsGiveTheirValues) {
     const struct {
         const char *text;

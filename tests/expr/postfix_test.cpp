@@ -149,6 +149,15 @@ TEST_F(Postfix, ParenthesesOf99CellsStillFitTheStack) {
     EXPECT_EQ(Convert(cells), CELL_END);
 }
 
+TEST_F(Postfix, HundredEntriesFillTheStackAndOneMoreOverflowsIt) {
+    // the conversion's own parenthesis is the first entry
+    EXPECT_NE(Convert(std::vector<int>(99, 501)), CELL_END);
+    EXPECT_EQ(boxes.Texts(), std::vector<std::string>{"Parenthesis mismatch."});
+    boxes.Clear();
+    EXPECT_NE(Convert(std::vector<int>(100, 501)), CELL_END);
+    EXPECT_EQ(boxes.Texts(), std::vector<std::string>{"ReportWriter stack overflow."});
+}
+
 TEST_F(Postfix, MoreThan100EntriesOverflowTheStack) {
     EXPECT_NE(Convert(std::vector<int>(101, 501)), CELL_END);
     EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"", "ReportWriter stack overflow.", {IDOK}}}));

@@ -206,6 +206,15 @@ TEST_F(FontTable, FullTableSharesRowsOfEqualFonts) {
     EXPECT_EQ(+session->form.Items[label].FontIndex, 4);
 }
 
+TEST_F(FontTable, SqueezeLooksForAnEqualFontFromRow0On) {
+    FillTable();
+    Row(9).LogFont = Row(0).LogFont;
+    const int label = session->form.TotalItems - (MAX_FONTS - 9);
+    EXPECT_EQ(FindFontRow(session), 9);
+    EXPECT_EQ(+session->form.Items[label].FontIndex, 0);
+    EXPECT_NE(Row(0).InUse, 0u);
+}
+
 TEST_F(FontTable, SqueezeGivesUpEveryPicture) {
     FillTable();
     Row(7).IsPicture = 1;

@@ -71,6 +71,19 @@ TEST_F(Breaks, DoublesDifferByEitherSide) {
     EXPECT_EQ(DetectBreak(session), 1);
 }
 
+// The system's own comparison passes over a soft hyphen.
+TEST_F(Breaks, TextsThatTheSystemTakesForEqualAreNoBreak) {
+    char before[] = "coop";
+    char now[] = "co\xADop";
+    Field(inner).ValueType = New(inner).ValueType = TYPE_TEXT;
+    Field(inner).TextValue = before;
+    New(inner).TextValue = now;
+    EXPECT_EQ(DetectBreak(session), 2);
+    now[2] = '-';
+    EXPECT_EQ(DetectBreak(session), 1);
+    Field(inner).TextValue = New(inner).TextValue = nullptr;
+}
+
 TEST_F(Breaks, OtherTypesDifferByTheirWholeNumbersAlone) {
     for (const int type : {TYPE_NUMERIC, TYPE_LOGICAL, TYPE_DATE}) {
         Field(inner).ValueType = static_cast<int16_t>(type);
