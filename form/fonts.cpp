@@ -29,12 +29,20 @@ bool ReadMetrics(HDC device, HFONT font, TEXTMETRICA *metrics) {
     return read;
 }
 
+// A negative height is the characters' height already; reading it off a device would round it to
+// that device's pixels, and a point be lost with each reading.
+int CharacterHeight(HDC device, const LOGFONTA &font) {
+    if (font.lfHeight < 0) return -font.lfHeight;
+    const OwnedDrawingObject made(CreateFontIndirectA(&font));
+    TEXTMETRICA metrics{};
+    if (!made || !ReadMetrics(device, static_cast<HFONT>(made.Get()), &metrics)) return 0;
+    return std::abs(metrics.tmHeight - metrics.tmInternalLeading);
+}
+
 // The size in whole points, whatever device the form was made on.
 void NormaliseHeight(HDC device, LOGFONTA *font) {
-    const OwnedDrawingObject made(CreateFontIndirectA(font));
-    TEXTMETRICA metrics{};
-    if (!made || !ReadMetrics(device, static_cast<HFONT>(made.Get()), &metrics)) return;
-    const int height = std::abs(metrics.tmHeight - metrics.tmInternalLeading);
+    const int height = CharacterHeight(device, *font);
+    if (!height) return;
     const int tenths = MulDiv(height, TENTHS_PER_INCH, UNITS_PER_INCH);
     const int points = static_cast<int>(tenths / 10.0 + 0.5) * 10;
     font->lfHeight = -MulDiv(points, UNITS_PER_INCH, TENTHS_PER_INCH);
@@ -66,22 +74,48 @@ void TakeWidths(const Session *session, HDC device, const TEXTMETRICA &metrics, 
     SelectObject(device, old_font);
 }
 
-// Widths of a run to the printer are those of the screen, so that all outputs break lines alike.
-void TakeScreenWidths(Session *session, const TEXTMETRICA &metrics, FontEntry *row) {
-    const HDC screen = GetDC(nullptr);
-    const PixelsOf pixels(session, screen);
-    const int saved = SaveDC(screen);
-    ApplyMapping(session, screen);
-    TakeWidths(session, screen, metrics, row);
-    RestoreDC(screen, saved);
-    ReleaseDC(nullptr, screen);
-}
+// The screen with the unit mapping, for as long as it stands.
+class MappedScreen {
+public:
+    explicit MappedScreen(Session *session)
+        : screen_(GetDC(nullptr)), pixels_(session, screen_), saved_(SaveDC(screen_)) {
+        ApplyMapping(session, screen_);
+    }
+    MappedScreen(const MappedScreen &) = delete;
+    MappedScreen &operator=(const MappedScreen &) = delete;
+    ~MappedScreen() {
+        RestoreDC(screen_, saved_);
+        ReleaseDC(nullptr, screen_);
+    }
+    HDC Get() const { return screen_; }
+
+private:
+    HDC screen_;
+    PixelsOf pixels_;
+    int saved_;
+};
 
 void DeleteOldFont(const Session *session, FontEntry *row) {
     if (!row->Font) return;
     SelectStockFonts(session);
     DeleteObject(row->Font);
     row->Font = nullptr;
+}
+
+// Makes the font for the device, with the measures that it has on another.
+int MakeMeasured(Session *session, HDC device, HDC measuring, int number, bool normalise) {
+    FontEntry *row = &session->form.Fonts[number];
+    if (normalise) NormaliseHeight(measuring, &row->LogFont);
+    row->Font = CreateFontIndirectA(&row->LogFont);
+    TEXTMETRICA metrics{};
+    if (!row->Font || !ReadMetrics(device, row->Font, &metrics) || metrics.tmAscent == 0) return 0;
+    if (number == 0) session->device.Metrics = metrics;
+    if (measuring != device && !ReadMetrics(measuring, row->Font, &metrics)) return 0;
+    TakeWidths(session, measuring, metrics, row);
+    row->Height = static_cast<uint32_t>(metrics.tmHeight);
+    row->Ascent = static_cast<uint32_t>(metrics.tmAscent);
+    row->InUse = 1;
+    return 1;
 }
 
 } // namespace
@@ -96,19 +130,12 @@ int MakeFont(Session *session, HDC device, int number, bool normalise) {
     if (row->IsPicture) return 1;
     DeleteOldFont(session, row);
     row->LogFont.lfFaceName[LF_FACESIZE - 1] = 0;
-    if (normalise) NormaliseHeight(device, &row->LogFont);
-    row->Font = CreateFontIndirectA(&row->LogFont);
-    TEXTMETRICA metrics{};
-    if (!row->Font || !ReadMetrics(device, row->Font, &metrics) || metrics.tmAscent == 0) return 0;
-    if (number == 0) session->device.Metrics = metrics;
-    if (session->run.OutputToPrinter)
-        TakeScreenWidths(session, metrics, row);
-    else
-        TakeWidths(session, device, metrics, row);
-    row->Height = static_cast<uint32_t>(metrics.tmHeight);
-    row->Ascent = static_cast<uint32_t>(metrics.tmAscent);
-    row->InUse = 1;
-    return 1;
+    if (!session->run.OutputToPrinter)
+        return MakeMeasured(session, device, device, number, normalise);
+    // A run to the printer has the screen's measures, so that all outputs break lines and pages
+    // alike.
+    const MappedScreen screen(session);
+    return MakeMeasured(session, device, screen.Get(), number, normalise);
 }
 
 int SetDefaultFont(Session *session, HDC device, int row, const char *face, int points) {

@@ -1,5 +1,6 @@
 #include "form/fonts.h"
 
+#include <algorithm>
 #include <cstring>
 #include <set>
 #include <vector>
@@ -78,6 +79,29 @@ BOOL WINAPI MetricsWithOverhang(HDC device, TEXTMETRICA *metrics) {
     metrics->tmOverhang = 3;
     return read;
 }
+
+BOOL WINAPI MetricsWithoutAscent(HDC device, TEXTMETRICA *metrics) {
+    const BOOL read = real_metrics(device, metrics);
+    metrics->tmAscent = 0;
+    return read;
+}
+
+int HeightOf(int points) { return -MulDiv(points * 10, 250, 720); }
+
+// A form of fonts in consecutive sizes, each shown by a label; row 0 has the first.
+struct SizesForm : FormBuilder {
+    SizesForm(int first, int last) {
+        Section(SECTION_DETAIL_1, 200);
+        const PortableFont font = fonts[0];
+        fonts.clear();
+        for (int points = first; points <= last; ++points) {
+            fonts.push_back(font);
+            fonts.back().Height = static_cast<int16_t>(HeightOf(points));
+            Label(SECTION_DETAIL_1, 200, 10, 300, 40, "Size").FontIndex =
+                static_cast<int16_t>(points - first);
+        }
+    }
+};
 
 } // namespace
 
@@ -281,6 +305,49 @@ TEST_F(FontTable, FontOfAnotherDeviceKeepsItsSizeInWholePoints) {
     }
 }
 
+TEST_F(FontTable, SizesFrom6To72PointsStayWhenAFormIsReadAndSaved) {
+    for (int first = 6; first <= 72; first += 30) {
+        const int last = std::min(first + 29, 72);
+        const SizesForm sizes(first, last);
+        ASSERT_EQ(StartOn(sizes), 0) << boxes.LastText();
+        for (int points = first; points <= last; ++points)
+            EXPECT_EQ(Row(points - first).LogFont.lfHeight, HeightOf(points));
+        const std::string saved = Save("SIZES" + std::to_string(first) + ".FP");
+        EXPECT_EQ(saved.substr(FormBlocks(saved).fonts),
+                  sizes.Bytes().substr(FormBlocks(saved).fonts));
+        ASSERT_EQ(StartOn(sizes, KIND_REPORT), 0);
+        for (int points = first; points <= last; ++points)
+            EXPECT_EQ(Row(points - first).LogFont.lfHeight, HeightOf(points));
+    }
+}
+
+TEST_F(FontTable, SizeThatWasTruncatedToUnitsKeepsItsPoints) {
+    const int row = FindFontRow(session);
+    for (int points = 6; points <= 72; ++points) {
+        Row(row).LogFont = FontOfHeight(points * 250 / 72);
+        ASSERT_EQ(MakeFont(session, session->device.ScreenDC, row, true), 1);
+        EXPECT_EQ(Row(row).LogFont.lfHeight, HeightOf(points));
+    }
+}
+
+TEST_F(FontTable, HeightOfACellIsReadOffTheDeviceWithoutItsLeading) {
+    const int row = FindFontRow(session);
+    Row(row).LogFont = FontOfHeight(-100);
+    ASSERT_EQ(MakeFont(session, session->device.ScreenDC, row, true), 1);
+    EXPECT_NEAR(Row(row).Height, 100, 4); // as wanted, to the nearest point
+    EXPECT_LT(Row(row).LogFont.lfHeight, -80);
+    EXPECT_GT(Row(row).LogFont.lfHeight, -95);
+}
+
+TEST_F(FontTable, FontWithoutAnAscentIsRefused) {
+    real_metrics = GetTextMetricsA;
+    const int row = FindFontRow(session);
+    Row(row).LogFont = FontOfHeight(60);
+    const ReplacedCall metrics("GetTextMetricsA", MetricsWithoutAscent);
+    EXPECT_EQ(MakeFont(session, session->device.ScreenDC, row, false), 0);
+    EXPECT_EQ(Row(row).InUse, 0u);
+}
+
 TEST_F(FontTable, ReportMeasuresCharactersAloneAndGivesTheFirstNoWidth) {
     End();
     ASSERT_EQ(StartOn(form, KIND_REPORT), 0);
@@ -306,6 +373,21 @@ TEST_F(FontTable, RunToThePrinterMeasuresCharactersOnTheScreen) {
     EXPECT_EQ(technologies, std::set<int>{DT_RASDISPLAY});
     EXPECT_EQ(std::vector<int32_t>(Row(0).CharWidth, Row(0).CharWidth + 256), on_screen);
     EXPECT_EQ(session->device.LogPixelsX, pixels);
+}
+
+TEST_F(FontTable, RunToThePrinterHasTheLineHeightsOfTheScreen) {
+    ASSERT_EQ(StartOn(form, KIND_REPORT), 0);
+    for (const int height : {21, 28, 31, 35, 42, 83}) {
+        Row(0).LogFont = FontOfHeight(height);
+        ASSERT_EQ(MakeFont(session, session->device.ScreenDC, 0, false), 1);
+        const uint32_t line = Row(0).Height;
+        const uint32_t ascent = Row(0).Ascent;
+        session->run.OutputToPrinter = 1;
+        EXPECT_EQ(MakeFont(session, session->printer.InfoDevice, 0, false), 1);
+        session->run.OutputToPrinter = 0;
+        EXPECT_EQ(Row(0).Height, line) << height;
+        EXPECT_EQ(Row(0).Ascent, ascent) << height;
+    }
 }
 
 TEST_F(FontTable, DesignersWidthsAreReducedByTheOverhang) {
