@@ -12,9 +12,6 @@ namespace tessarine {
 
 namespace {
 
-constexpr const char *REPORT_FONT = "Courier New";
-constexpr int REPORT_FONT_POINTS = 11;
-
 // A form remembers its printer by the names and the public fields of the DEVMODE.
 void StorePrinter(Session *session) {
     PrinterState &printer = session->printer;
@@ -75,11 +72,11 @@ void SettlePaper(Session *session) {
     printer.PaperHeight = static_cast<float>(pixels.y) / static_cast<float>(down);
 }
 
-// The preview measures its default font on the printer; the row keeps the measures alone.
+// The preview measures the form's first font on the printer; the row keeps the measures alone.
 void MeasurePreviewFont(Session *session) {
     if (session->SessionKind != KIND_REPORT || !session->run.OutputToScreen) return;
     const HDC device = session->printer.InfoDevice;
-    if (!SetDefaultFont(session, device, 0, REPORT_FONT, REPORT_FONT_POINTS)) return;
+    if (!MakeFont(session, device, 0, true)) return;
     FontEntry *row = &session->form.Fonts[0];
     SelectObject(device, GetStockObject(SYSTEM_FONT));
     DeleteObject(row->Font);

@@ -3,6 +3,7 @@
 #include "expr/postfix.h"
 #include "form/defaults.h"
 #include "form/file_dialog.h"
+#include "form/fonts.h"
 #include "frame/boundary.h"
 #include "frame/clock.h"
 #include "frame/message_box.h"
@@ -161,6 +162,8 @@ void TakeHostPrinter(Session *session, HGLOBAL devNames, HGLOBAL devMode) {
     SetDevNames(session, devNames);
     SetDevMode(session, devMode, 0);
     ProcessPrinterData(session);
+    // A preview draws and measures its first font as the report file does.
+    if (session->run.OutputToScreen) MakeFont(session, session->device.ScreenDC, 0, false);
 }
 
 // Output, window, printer and form.
