@@ -176,6 +176,9 @@ TEST_F(FormWriter, HostWithTheRightSetsTheHostWord) {
     word = 0x12345;
     ASSERT_EQ(Save(path), 1);
     EXPECT_EQ(+session->form.Header.HostWord, 0);
+    right = 2;
+    ASSERT_EQ(Save(path), 1);
+    EXPECT_EQ(+session->form.Header.HostWord, 0);
     right = 1;
     ASSERT_EQ(Save(path), 1);
     EXPECT_EQ(+session->form.Header.HostWord, 0x2345);

@@ -40,6 +40,32 @@ TEST(HostData, PreviousBlockComesBackWhenTheCurrentOneGoes) {
     EXPECT_EQ(tessarine::host_data.LabelTypePtr, &first);
 }
 
+TEST(HostData, RemovedPreviousBlockDoesNotComeBack) {
+    Blocks own;
+    uint32_t word = 1;
+    for (int block : {0, 1}) {
+        own.blocks[static_cast<size_t>(block)].LabelTypePtr = &word;
+        tessarine::SetCRepData(&own.blocks[static_cast<size_t>(block)]);
+    }
+    tessarine::RemoveCRepData(&own.blocks[0]);
+    EXPECT_EQ(tessarine::host_data.LabelTypePtr, &word);
+    tessarine::RemoveCRepData(&own.blocks[1]);
+    EXPECT_EQ(tessarine::host_data.LabelTypePtr, nullptr);
+}
+
+TEST(HostData, PreviousBlockThatCameBackHasNoOtherBehindIt) {
+    Blocks own;
+    uint32_t words[3] = {1, 2, 3};
+    for (size_t block = 0; block < 3; ++block) {
+        own.blocks[block].LabelTypePtr = &words[block];
+        tessarine::SetCRepData(&own.blocks[block]);
+    }
+    tessarine::RemoveCRepData(&own.blocks[2]);
+    EXPECT_EQ(tessarine::host_data.LabelTypePtr, &words[1]);
+    tessarine::RemoveCRepData(&own.blocks[1]);
+    EXPECT_EQ(tessarine::host_data.LabelTypePtr, nullptr);
+}
+
 TEST(HostData, EleventhBlockGives10AndTheWorkingCopyIsReplaced) {
     Blocks own;
     uint32_t word = 3;

@@ -8,6 +8,7 @@
 #include "frame/memory.h"
 #include "frame/modified.h"
 #include "frame/text.h"
+#include "tests/support/failing_call.h"
 #include "tests/support/form_session.h"
 
 using namespace tessarine;
@@ -252,6 +253,19 @@ TEST_F(OpenFormTest, FontThatCannotBeMadeIsFatal) {
     ASSERT_FALSE(boxes.Log().empty());
     EXPECT_EQ(boxes.Log().back(),
               (BoxRecord{"Fatal Error", "Error Creating Font: Courier New", {IDOK}}));
+}
+
+TEST_F(OpenFormTest, HostIsNotAskedForFieldsOfAFormWhoseFontsCannotBeMade) {
+    ASSERT_EQ(StartOn(form), 0);
+    offered.clear();
+    session->FormBlock.CheckFieldProc = CheckField;
+    {
+        const FailingCall fails("CreateFontIndirectA", CreateFontIndirectA, nullptr, 1, EVERY_CALL);
+        EXPECT_EQ(Open(Put(form.Bytes())), 12);
+    }
+    EXPECT_TRUE(offered.empty());
+    EXPECT_EQ(Open(Put(form.Bytes())), 1);
+    EXPECT_EQ(offered.size(), 2u);
 }
 
 TEST_F(OpenFormTest, PrinterThatCannotBeOpenedForOutputIsFatal) {
