@@ -1,7 +1,6 @@
 #include <algorithm>
-#include <cstdlib>
-#include <iterator>
 
+#include "form/bitmaps.h"
 #include "form/fonts.h"
 #include "form/form_blocks.h"
 #include "form/records.h"
@@ -42,63 +41,56 @@ bool ReadMovable(Session *session, HANDLE file, uint32_t size, HGLOBAL *block) {
     return read;
 }
 
-bool IsDepth(int bits) {
-    constexpr int depths[] = {1, 4, 8, 16, 24, 32};
-    return std::find(std::begin(depths), std::end(depths), bits) != std::end(depths);
+enum class RowRead {
+    Done,
+    Refused, // the row alone: what follows it in the file can be read
+    Broken,
+};
+
+RowRead CheckPicture(const FontEntry &font) {
+    const void *bits = LockHandle(font.BitsBlock);
+    auto *info = static_cast<BITMAPINFO *>(LockHandle(font.InfoBlock));
+    const bool sound = bits && info && MendBitmap(info, font.InfoSize, bits, font.BitsSize);
+    if (bits) UnlockHandle(font.BitsBlock);
+    if (info) UnlockHandle(font.InfoBlock);
+    return sound ? RowRead::Done : RowRead::Refused;
 }
 
-// A block that is no device-independent bitmap with all its bits would be read beyond its end.
-bool IsWholeBitmap(const FontEntry &font) {
-    const auto *info = static_cast<const BITMAPINFOHEADER *>(LockHandle(font.InfoBlock));
-    if (!info) return false;
-    bool whole = font.InfoSize >= sizeof *info && info->biSize == sizeof *info &&
-                 IsDepth(info->biBitCount) && info->biCompression == BI_RGB && info->biWidth > 0 &&
-                 info->biHeight != 0 && info->biHeight != INT32_MIN;
-    if (whole) {
-        const uint64_t colors = info->biClrUsed         ? info->biClrUsed
-                                : info->biBitCount <= 8 ? uint64_t{1} << info->biBitCount
-                                                        : 0;
-        const uint64_t stride =
-            (static_cast<uint64_t>(info->biWidth) * info->biBitCount + 31) / 32 * 4;
-        const uint64_t height = static_cast<uint64_t>(std::abs(info->biHeight));
-        whole = font.InfoSize >= sizeof *info + colors * sizeof(RGBQUAD) &&
-                font.BitsSize >= stride * height;
-    }
-    UnlockHandle(font.InfoBlock);
-    return whole;
-}
-
-bool ReadPicture(Session *session, HANDLE file, FontEntry *font) {
+RowRead ReadPicture(Session *session, HANDLE file, FontEntry *font) {
     PictureRow row;
-    if (!ReadBlock(file, &row, sizeof row)) return false;
+    if (!ReadBlock(file, &row, sizeof row)) return RowRead::Broken;
     font->IsPicture = 1;
     font->PointHeight = row.PointHeight;
     font->PointWidth = row.PointWidth;
     font->BitsSize = row.BitsSize;
     font->InfoSize = row.InfoSize;
-    if (row.InfoSize == 0) return true;
-    if (uint64_t{row.BitsSize} + row.InfoSize > BytesLeft(file)) return false;
-    return ReadMovable(session, file, row.BitsSize, &font->BitsBlock) &&
-           ReadMovable(session, file, row.InfoSize, &font->InfoBlock) && IsWholeBitmap(*font);
+    if (row.InfoSize == 0) return RowRead::Done;
+    if (uint64_t{row.BitsSize} + row.InfoSize > BytesLeft(file)) return RowRead::Broken;
+    if (!ReadMovable(session, file, row.BitsSize, &font->BitsBlock) ||
+        !ReadMovable(session, file, row.InfoSize, &font->InfoBlock))
+        return RowRead::Broken;
+    return CheckPicture(*font);
 }
 
-bool ReadFont(HANDLE file, FontEntry *font) {
+RowRead ReadFont(HANDLE file, FontEntry *font) {
     PortableFont packed;
     font->IsPicture = 0;
-    return ReadBlock(file, &packed, sizeof packed) && ReadPortableFont(packed, &font->LogFont);
+    const bool read =
+        ReadBlock(file, &packed, sizeof packed) && ReadPortableFont(packed, &font->LogFont);
+    return read ? RowRead::Done : RowRead::Broken;
 }
 
-bool ReadRow(Session *session, HANDLE file, int row) {
+RowRead ReadRow(Session *session, HANDLE file, int row) {
     FontEntry *font = &session->form.Fonts[row];
     uint16_t kind;
-    if (!ReadBlock(file, &kind, sizeof kind)) return false;
+    if (!ReadBlock(file, &kind, sizeof kind)) return RowRead::Broken;
     if (kind == KIND_FONT) return ReadFont(file, font);
-    return row != 0 && ReadPicture(session, file, font);
+    return row == 0 ? RowRead::Broken : ReadPicture(session, file, font);
 }
 
-// What was read of a broken row goes; items that name the row keep it in use. The default font
-// stays whatever the file holds.
-void DropBrokenRow(Session *session, int row) {
+// What was read of a bad row goes; items that name the row keep it in use. The default font stays
+// whatever the file holds.
+void DropRow(Session *session, int row) {
     if (row == 0) return;
     const uint32_t in_use = session->form.Fonts[row].InUse;
     ReleaseFontRow(session, row);
@@ -137,12 +129,15 @@ FontWrite WriteFont(HANDLE file, const FontEntry &font) {
 
 bool ReadFontRows(Session *session, HANDLE file) {
     const int rows = std::min<int>(session->form.Header.FontCount, MAX_FONTS);
+    bool whole = true;
     for (int row = 0; row < rows; ++row) {
-        if (ReadRow(session, file, row)) continue;
-        DropBrokenRow(session, row);
-        return false;
+        const RowRead outcome = ReadRow(session, file, row);
+        if (outcome == RowRead::Done) continue;
+        DropRow(session, row);
+        whole = false;
+        if (outcome == RowRead::Broken) break;
     }
-    return true;
+    return whole;
 }
 
 FontWrite WriteFontRows(Session *session, HANDLE file) {

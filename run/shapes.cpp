@@ -1,5 +1,6 @@
 #include "run/shapes.h"
 
+#include "form/bitmaps.h"
 #include "form/pictures.h"
 #include "frame/memory.h"
 #include "frame/owned.h"
@@ -105,8 +106,8 @@ void PrintPicture(Session *session, HDC device, int row) {
     const auto *info = static_cast<const BITMAPINFO *>(LockHandle(picture.InfoBlock));
     if (bits && info)
         StretchDIBits(device, place.left, place.top, item.width, item.height, 0, 0,
-                      info->bmiHeader.biWidth, info->bmiHeader.biHeight, bits, info, DIB_RGB_COLORS,
-                      SRCCOPY);
+                      info->bmiHeader.biWidth, info->bmiHeader.biHeight, bits,
+                      FullBitmapInfo(*info).Get(), DIB_RGB_COLORS, SRCCOPY);
     if (bits) UnlockHandle(picture.BitsBlock);
     if (info) UnlockHandle(picture.InfoBlock);
     RaiseRowBottom(session, item);

@@ -131,9 +131,14 @@ private:
         if (bytes.size() < sizeof file + sizeof info) place.Fail(name + " is no bitmap file");
         std::memcpy(&file, bytes.data(), sizeof file);
         std::memcpy(&info, bytes.data() + sizeof file, sizeof info);
-        if (file.bfType != 0x4D42 || info.biSize != sizeof info || info.biCompression != BI_RGB ||
-            file.bfOffBits < sizeof file + sizeof info || file.bfOffBits > bytes.size())
-            place.Fail(name + " is no plain bitmap file (BMP without compression)");
+        if (file.bfType != 0x4D42 || info.biSize != sizeof info ||
+            info.biCompression > BI_BITFIELDS || file.bfOffBits < sizeof file + sizeof info ||
+            file.bfOffBits > bytes.size())
+            place.Fail(name + " is no bitmap file (BMP with a header of 40 bytes)");
+        const bool compressed = info.biCompression == BI_RLE4 || info.biCompression == BI_RLE8;
+        const double row = std::ceil(std::abs(1.0 * info.biWidth) * info.biBitCount / 32) * 4;
+        if (!compressed && row * std::abs(1.0 * info.biHeight) > bytes.size() - file.bfOffBits)
+            place.Fail(name + " is cut off: it holds fewer bits than its size needs");
         font->info = bytes.substr(sizeof file, file.bfOffBits - sizeof file);
         font->bits = bytes.substr(file.bfOffBits);
     }

@@ -9,6 +9,7 @@
 #include "frame/host_data.h"
 #include "frame/owned.h"
 #include "frame/text.h"
+#include "tests/support/bitmaps.h"
 
 using namespace tessarine;
 
@@ -80,13 +81,7 @@ std::string PictureRow() {
     std::string block;
     Append(&block, info);
     block.append(256 * 4, '\x40');
-    std::string row;
-    Append(&row, uint16_t{1});
-    Append(&row, uint16_t{36}); // points
-    Append(&row, uint16_t{72});
-    Append(&row, uint32_t{8});
-    Append(&row, static_cast<uint32_t>(block.size()));
-    return row + "\1\2\3\4\5\6\7\10" + block;
+    return PictureRowOf(block, "\1\2\3\4\5\6\7\10");
 }
 
 std::string WithFontRow(std::string bytes, const std::string &row) {
