@@ -11,8 +11,8 @@
 #include "form/defaults.h"
 #include "form/field_sample.h"
 #include "form/field_table.h"
+#include "form/host_field.h"
 #include "form/sections.h"
-#include "frame/host_data.h"
 #include "frame/message_box.h"
 #include "frame/modified.h"
 #include "frame/text.h"
@@ -130,12 +130,6 @@ int PlaceFieldAt(Session *session, int slot, int section, int x, int y) {
     return row;
 }
 
-bool HostKnowsField(const Session *session, FieldRecord *record) {
-    if (!OfferField(session, record)) return false;
-    record->FieldName[sizeof record->FieldName - 1] = 0;
-    return true;
-}
-
 // Everything from y on moves down by what the section grows.
 bool GrowSection(Session *session, int section, int y, int growth) {
     if (!InRange(session->form.ReportHeight + growth)) return false;
@@ -174,7 +168,7 @@ int AddNewDataField(Session *session, const char *name, int section, int x, int 
     FieldRecord record;
     InitField(session, &record);
     CopyText(name, record.FieldName, NAME_SIZE);
-    if (!HostKnowsField(session, &record)) return NO_ITEM;
+    if (!AskHostForField(session, &record)) return NO_ITEM;
     session->form.Fields[slot] = record;
     FocusOnBar(session, section);
     int32_t height = 0;

@@ -8,7 +8,7 @@
 #include "expr/tokenizer.h"
 #include "form/defaults.h"
 #include "form/field_table.h"
-#include "frame/host_data.h"
+#include "form/host_field.h"
 #include "frame/message_box.h"
 #include "frame/modified.h"
 #include "frame/text.h"
@@ -74,7 +74,7 @@ bool MakeDataField(const Session *session, FieldRecord *record) {
     char name[sizeof record->FieldName];
     CopyText(record->FieldName, name, sizeof name);
     record->FieldKind = FIELD_DATA;
-    if (!OfferField(session, record)) return Refuse(session, "Invalid data field: %s", name);
+    if (!AskHostForField(session, record)) return Refuse(session, "Invalid data field: %s", name);
     if (record->ValueType == TYPE_PICTURE)
         return Refuse(session, "Picture field not allowed: %s", name);
     return true;

@@ -19,7 +19,8 @@ void ClearCounters(Session *session) {
     FormState &form = session->form;
     form.TotalItems = form.FieldCount = form.BreakCount = form.FontCount = 0;
     form.UserFieldCount = 0;
-    ReleaseLock(session); // a host may start over on an open form
+    form.Header.ReportFilter[0] = CELL_END; // it named rows that are gone
+    ReleaseLock(session);                   // a host may start over on an open form
     form.FontMarker = FONT_MARKER;
     session->designer.SelectedItem = -1;
     session->designer.PendingCommand = -1;

@@ -19,9 +19,11 @@ void FreeBlock(HGLOBAL *block) {
     *block = nullptr;
 }
 
+// Row 0, the default font, is never given out.
 int FreeRow(Session *session) {
     FormState &form = session->form;
-    for (int row = 0; row < form.FontCount; ++row) {
+    form.FontCount = std::max(form.FontCount, 1);
+    for (int row = 1; row < form.FontCount; ++row) {
         if (form.Fonts[row].InUse) continue;
         ClearFontRow(session, row);
         return row;
@@ -179,10 +181,13 @@ int FrFonts(Session *session, const LOGFONTA *font) {
     ItemRecord *item = &session->form.Items[selected];
     if (!TakesFont(session, *item)) return 1;
     LOGFONTA wanted;
+    PortableFont stored;
     if (font)
         wanted = *font;
     else if (!ChooseFontOf(session, item, &wanted))
         return 0;
+    wanted.lfFaceName[LF_FACESIZE - 1] = 0;
+    if (!WritePortableFont(wanted, &stored)) return 0; // no save could hold it
     const int row = TakeFontRow(session, wanted);
     if (row == NO_ROW) return 0;
     SetItemFont(session, item, row, item->TextColor);

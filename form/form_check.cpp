@@ -15,10 +15,8 @@ constexpr float MOST_INCHES = static_cast<float>(INT16_MAX / int{UNITS_PER_INCH}
 
 bool Within(int value, int count) { return value >= 0 && value < count; }
 
-// No number at all fails here too.
 bool AreMeasures(std::initializer_list<float> inches) {
-    return std::all_of(inches.begin(), inches.end(),
-                       [](float measure) { return std::fabs(measure) <= MOST_INCHES; });
+    return std::all_of(inches.begin(), inches.end(), IsMeasure);
 }
 
 template <size_t Size> bool Ends(const char (&text)[Size]) {
@@ -116,6 +114,9 @@ bool UserFieldFits(const Session *session, int row) {
 }
 
 } // namespace
+
+// What is no number at all fails here too.
+bool IsMeasure(float inches) { return std::fabs(inches) <= MOST_INCHES; }
 
 bool CountsFit(const FormHeader &header) {
     return header.ItemCount <= MAX_ITEMS && header.FieldCount <= MAX_FIELDS &&

@@ -12,4 +12,7 @@ bool TablesAgree(const Session *session);
 // The user fields against the fields that were read before them.
 bool UserFieldsFit(const Session *session);
 
+// Inches that form units can hold.
+bool IsMeasure(float inches);
+
 } // namespace tessarine

@@ -4,6 +4,7 @@
 
 #include "form/file_dialog.h"
 #include "form/form_blocks.h"
+#include "form/form_check.h"
 #include "form/form_lock.h"
 #include "frame/fatal_error.h"
 #include "frame/host_data.h"
@@ -83,6 +84,7 @@ Save OpenOutput(Session *session, const char *path) {
 void PrepareHeader(Session *session, const char *path) {
     FormState &form = session->form;
     FormHeader &header = form.Header;
+    header.Signature = SIGNATURE_FORM;
     RepStrTrim(header.ReportName);
     if (!*header.ReportName) CopyText(path, header.ReportName, sizeof header.ReportName);
     header.ItemCount = static_cast<uint16_t>(form.TotalItems);
@@ -135,6 +137,10 @@ Save WriteForm(Session *session, const char *path) {
 int FrSave(Session *session, char *path) {
     if (IsReadOnly()) {
         ShowSessionBox(session, "Read-Only form cannot be saved");
+        return 0;
+    }
+    if (!TablesAgree(session) || !UserFieldsFit(session)) {
+        ShowBox(session->device.Window, "The form contradicts itself and can't be saved.");
         return 0;
     }
     if (!*path && (!AskFileName(session, path, FORM_FILTER, "Save", true) || !*path)) return 0;

@@ -2,7 +2,6 @@
 
 #include <cstring>
 
-#include "frame/float_state.h"
 
 namespace tessarine {
 
@@ -74,12 +73,6 @@ int SetNewFormData(const NewFormData *block) {
         new_form_data.NewFormFile[0] = 0;
     }
     return 1;
-}
-
-bool OfferField(const Session *session, FieldRecord *record) {
-    const CheckFieldRoutine check = session->FormBlock.CheckFieldProc;
-    const OwnFloatState own;
-    return check && check(session->device.Window, record, 0, host_data.HostContext);
 }
 
 bool LabelModeWanted() { return host_data.LabelForm && *host_data.LabelForm; }

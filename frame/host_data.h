@@ -12,10 +12,6 @@ int SetCRepData(HostData *block);
 int RemoveCRepData(HostData *block);
 int SetNewFormData(const NewFormData *block);
 
-// Offers a data field to the host's routine, which may leave the floating point units as it likes.
-// False when the host doesn't know the field, and without a routine.
-bool OfferField(const Session *session, FieldRecord *record);
-
 // The word behind LabelForm, 0 for a null slot: the whole library is in label mode.
 bool LabelModeWanted();
 

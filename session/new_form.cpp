@@ -3,6 +3,7 @@
 
 #include "device/printer.h"
 #include "form/defaults.h"
+#include "form/form_check.h"
 #include "form/form_writer.h"
 #include "form/sections.h"
 #include "frame/host_data.h"
@@ -17,6 +18,7 @@ namespace {
 
 constexpr int BAND_HEIGHT = 400;
 constexpr int GROUP_WIDTH = 600;
+constexpr uint32_t UNNAMED_LABEL = 1; // 0 marks a report form
 constexpr int GROUP_HEIGHT = 100;
 
 // As many bytes as the header's field holds: a text that fills it has no terminator there.
@@ -42,11 +44,26 @@ void FillHeader(Session *session) {
     header.ReportFilter[0] = CELL_END;
 }
 
+// Measures that no form unit holds.
+void LeaveOutUnfit(LabelGeometry *label) {
+    const auto settle = [](float measure) { return IsMeasure(measure) ? measure : 0.0F; };
+    label->PageWidth = settle(label->PageWidth);
+    label->PageHeight = settle(label->PageHeight);
+    label->TopOffset = settle(label->TopOffset);
+    label->LeftOffset = settle(label->LeftOffset);
+    label->LabelHeight = settle(label->LabelHeight);
+    label->LabelWidth = settle(label->LabelWidth);
+    label->VerticalPitch = settle(label->VerticalPitch);
+    label->HorizontalPitch = settle(label->HorizontalPitch);
+}
+
 void SetMargins(Session *session) {
     FormHeader &header = session->form.Header;
     if (session->LabelMode) {
-        if (host_data.LabelTypePtr) header.LabelType = *host_data.LabelTypePtr;
+        const bool typed = host_data.LabelTypePtr && *host_data.LabelTypePtr;
+        header.LabelType = typed ? *host_data.LabelTypePtr : UNNAMED_LABEL;
         if (host_data.LabelGeometryPtr) header.LabelGeometry = *host_data.LabelGeometryPtr;
+        LeaveOutUnfit(&header.LabelGeometry);
         return;
     }
     header.LeftMargin = header.RightMargin = 0.25F;
@@ -58,10 +75,13 @@ bool TakeNewFormData(Session *session) {
     FormHeader &header = session->form.Header;
     CopyText(new_form_data.NewFormName, header.ReportName, sizeof header.ReportName);
     CopyText(new_form_data.NewFormFile, session->CurrentFile, sizeof session->CurrentFile);
-    header.TopMargin = new_form_data.NewFormTop;
-    header.LeftMargin = new_form_data.NewFormLeft;
-    header.RightMargin = new_form_data.NewFormRight;
-    header.BottomMargin = new_form_data.NewFormBottom;
+    const auto settle = [](float wanted, float usual) {
+        return IsMeasure(wanted) ? wanted : usual;
+    };
+    header.TopMargin = settle(new_form_data.NewFormTop, header.TopMargin);
+    header.LeftMargin = settle(new_form_data.NewFormLeft, header.LeftMargin);
+    header.RightMargin = settle(new_form_data.NewFormRight, header.RightMargin);
+    header.BottomMargin = settle(new_form_data.NewFormBottom, header.BottomMargin);
     return true;
 }
 
@@ -124,6 +144,8 @@ void MakeReportItems(Session *session) {
 
 int InitNewForm(Session *session) {
     if (session->SessionKind == KIND_REPORT) return 1;
+    InitSections(session); // those of a form that stood before lose their bars
+    session->form.BreakCount = 0;
     FillHeader(session);
     SetMargins(session);
     const bool preset = TakeNewFormData(session);

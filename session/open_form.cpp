@@ -6,6 +6,7 @@
 #include "device/printer.h"
 #include "form/fonts.h"
 #include "form/form_reader.h"
+#include "form/host_field.h"
 #include "form/pictures.h"
 #include "frame/cursor.h"
 #include "frame/fatal_error.h"
@@ -49,12 +50,13 @@ void MakeFontRows(Session *session) {
 
 // A data field is the host's: it is found anew by its name.
 void OfferDataFields(Session *session) {
+    const bool asked = IsWindow(session->device.Window);
     for (int row = 0; row < session->form.FieldCount; ++row) {
         FieldRecord *field = &session->form.Fields[row];
         if (field->FieldKind != FIELD_DATA) continue;
         field->HostTable = -1;
         field->HostField = -1;
-        if (IsWindow(session->device.Window)) OfferField(session, field);
+        if (asked) AskHostForField(session, field);
     }
 }
 
