@@ -8,7 +8,10 @@ int FormBuildCommand(const FormOptions &options) {
     const std::string &json = options.from;
     const size_t slash = json.find_last_of("\\/:");
     const std::string folder = slash == std::string::npos ? "" : json.substr(0, slash + 1);
-    const FormImage image = FormFromJson(json, ReadFileBytes(json), folder);
+    KeepInput(options.to, json);
+    std::vector<std::string> pictures;
+    const FormImage image = FormFromJson(json, ReadFileBytes(json), folder, &pictures);
+    for (const std::string &picture : pictures) KeepInput(options.to, picture);
     WriteFileBytes(options.to, FormBytes(image));
     std::printf("%s: %zu items, %zu fields\n", options.to.c_str(), image.items.size(),
                 image.fields.size());

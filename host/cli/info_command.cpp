@@ -17,8 +17,8 @@ template <size_t Size> std::string Text(const char (&field)[Size]) {
 }
 
 void PrintReport(const std::string &path) {
-    const ReportPages report = ReadReport(path);
-    const ReportFileHeader &header = report.header;
+    const ReportPages report(path);
+    const ReportFileHeader &header = report.Header();
     std::printf("report:  %s\n", Text(header.ReportName).c_str());
     std::printf("pages:   %d\n", +header.PageCount);
     std::printf("records: %d\n", +header.RecordCount);

@@ -2,6 +2,7 @@
 
 #include "host/cli/commands.h"
 #include "host/cli/failure.h"
+#include "host/data/files.h"
 #include "host/export/page_png.h"
 #include "host/export/page_text.h"
 
@@ -10,7 +11,7 @@ namespace {
 void PrintTexts(const ReportPages &report, const std::vector<int> &pages) {
     for (const int page : pages) {
         std::printf("page %d\n", page);
-        const std::string text = PageText(report.pages[static_cast<size_t>(page - 1)]);
+        const std::string text = PageText(report.Page(page));
         std::fwrite(text.data(), 1, text.size(), stdout);
     }
 }
@@ -21,6 +22,7 @@ void DrawPages(const PagesOptions &options, const ReportPages &report,
     for (const int page : pages) {
         char name[32];
         std::snprintf(name, sizeof name, "\\page-%03d.png", page);
+        KeepInput(options.folder + name, options.report);
         WritePagePng(report, page, options.dpi, options.folder + name);
         std::printf("%s%s\n", options.folder.c_str(), name);
     }
@@ -31,8 +33,8 @@ void DrawPages(const PagesOptions &options, const ReportPages &report,
 int PagesCommand(const PagesOptions &options) {
     if (options.folder.empty() && !options.text)
         throw Failure("pages: say what to make: --png FOLDER or --text", EXIT_USAGE);
-    const ReportPages report = ReadReport(options.report);
-    const std::vector<int> pages = PageRange(options.pages, static_cast<int>(report.pages.size()));
+    const ReportPages report(options.report);
+    const std::vector<int> pages = PageRange(options.pages, report.Count());
     if (options.text)
         PrintTexts(report, pages);
     else

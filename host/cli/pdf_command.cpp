@@ -2,11 +2,13 @@
 
 #include "host/cli/commands.h"
 #include "host/cli/failure.h"
+#include "host/data/files.h"
 #include "host/export/report_pages.h"
 #include "host/print/pdf_output.h"
 #include "host/run/unattended.h"
 
 int PdfCommand(const PdfOptions &options) {
+    KeepInput(options.pdf, options.report);
     const std::string printer = PdfPrinter(options.printer);
     const Unattended unattended({}, Person::ABSENT);
     ReportReader report(options.report);

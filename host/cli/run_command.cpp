@@ -7,7 +7,6 @@
 #include "host/cli/progress.h"
 #include "host/data/files.h"
 #include "host/data/values.h"
-#include "host/export/report_pages.h"
 #include "host/forms/form_image.h"
 #include "host/run/form_remarks.h"
 #include "host/run/preview_keys.h"
@@ -91,8 +90,7 @@ size_t Feed(const CsvTable &table, ReportRun *run, bool silent) {
     return feed.Count();
 }
 
-void Summarize(const std::string &output) {
-    const ReportFileHeader header = ReadReport(output).header;
+void Summarize(const std::string &output, const ReportFileHeader &header) {
     std::printf("%s: %d page%s, %d record%s\n", output.c_str(), +header.PageCount,
                 header.PageCount == 1 ? "" : "s", +header.RecordCount,
                 header.RecordCount == 1 ? "" : "s");
@@ -101,6 +99,14 @@ void Summarize(const std::string &output) {
 void SummarizePrint(const std::string &printer, int pages, size_t records) {
     std::printf("%s: %d page%s printed from %zu record%s\n", printer.c_str(), pages,
                 pages == 1 ? "" : "s", records, records == 1 ? "" : "s");
+}
+
+// An earlier report would pass for the one of this run.
+void TellNothingSelected(const RunOptions &options) {
+    const bool removed = !options.output.empty() && RemoveFile(options.output);
+    std::fprintf(stderr, "tess: %s: no record was selected, so there is no report%s\n",
+                 options.data.c_str(),
+                 removed ? ("; the earlier " + options.output + " was removed").c_str() : "");
 }
 
 void ShowPreview(ReportRun *run) {
@@ -113,6 +119,7 @@ void ShowPreview(ReportRun *run) {
 
 int RunCommand(const RunOptions &options) {
     const RunRequest request = Request(options);
+    for (const std::string &input : {options.form, options.data}) KeepInput(options.output, input);
     const FormHeader form = ReadFormHeader(options.form);
     const CsvTable table = ReadCsv(options.data);
     const bool preview = request.target == Target::SCREEN;
@@ -128,11 +135,10 @@ int RunCommand(const RunOptions &options) {
     if (preview)
         ShowPreview(&run);
     else if (pages == 0)
-        std::fprintf(stderr, "tess: %s: no record was selected, so there is no report\n",
-                     options.data.c_str());
+        TellNothingSelected(options);
     else if (!options.silent && request.target == Target::PRINTER)
         SummarizePrint(printer, pages, records);
     else if (!options.silent)
-        Summarize(options.output);
+        Summarize(options.output, run.Made());
     return EXIT_DONE;
 }

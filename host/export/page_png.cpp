@@ -12,8 +12,8 @@ constexpr int MOST_SAMPLES = 3; // by which text is smoothed, across and down
 constexpr int MOST_PIXELS = 60'000'000;
 
 void PlaySheet(HDC device, const ReportPages &report, int page, int dpi) {
-    const HMETAFILE metafile = MetafileOf(report.pages[static_cast<size_t>(page - 1)]);
-    if (!metafile) throw Failure("page " + std::to_string(page) + " is no metafile");
+    const HMETAFILE metafile = MetafileOf(report.Page(page));
+    if (!metafile) throw Failure("there is no memory for page " + std::to_string(page));
     PlayPage(device, metafile, {0, 0}, dpi);
     DeleteMetaFile(metafile);
 }
@@ -21,8 +21,8 @@ void PlaySheet(HDC device, const ReportPages &report, int page, int dpi) {
 } // namespace
 
 void WritePagePng(const ReportPages &report, int page, int dpi, const std::string &path) {
-    const int width = static_cast<int>(report.header.PaperWidth * static_cast<float>(dpi));
-    const int height = static_cast<int>(report.header.PaperHeight * static_cast<float>(dpi));
+    const int width = static_cast<int>(report.Header().PaperWidth * static_cast<float>(dpi));
+    const int height = static_cast<int>(report.Header().PaperHeight * static_cast<float>(dpi));
     if (width < 1 || height < 1) throw Failure(path + ": the report names no paper size");
     int samples = MOST_SAMPLES;
     while (samples > 1 && static_cast<int64_t>(width) * height * samples * samples > MOST_PIXELS)

@@ -42,7 +42,7 @@ int CALLBACK Collect(HDC, HANDLETABLE *, METARECORD *record, int, LPARAM lines) 
 
 std::string PageText(const std::string &page) {
     const HMETAFILE metafile = MetafileOf(page);
-    if (!metafile) throw Failure("the page is no metafile");
+    if (!metafile) throw Failure("there is no memory for a page");
     std::string text;
     EnumMetaFile(nullptr, metafile, reinterpret_cast<MFENUMPROC>(Collect),
                  reinterpret_cast<LPARAM>(&text));

@@ -5,5 +5,5 @@
 
 #include "host/export/report_pages.h"
 
-// A line a text, in the order of drawing: x and y in form units, then the text.
+// page: a sound one. A line a text, in the order of drawing: x and y in form units, then the text.
 std::string PageText(const std::string &page);

@@ -1,11 +1,14 @@
 #include "host/export/report_pages.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <sstream>
+#include <utility>
 
 #include "host/cli/failure.h"
 #include "host/data/files.h"
+#include "host/export/page_check.h"
 
 bool IsReport(const std::string &bytes) {
     uint32_t magic = 0;
@@ -15,30 +18,38 @@ bool IsReport(const std::string &bytes) {
 
 ReportFileHeader ReadReportHeader(const std::string &path) {
     ReportFileHeader header{};
-    const std::string bytes = ReadFileStart(path, sizeof header);
+    const std::string bytes = ReadFilePart(path, 0, sizeof header);
     if (!IsReport(bytes)) throw Failure(path + ": is not a report file");
     std::memcpy(&header, bytes.data(), sizeof header);
     return header;
 }
 
-ReportPages ReadReport(const std::string &path) {
-    const std::string bytes = ReadFileBytes(path);
-    if (!IsReport(bytes)) throw Failure(path + ": is not a report file");
-    ReportPages report;
-    std::memcpy(&report.header, bytes.data(), sizeof report.header);
-    const int32_t count = report.header.PageCount;
-    const int64_t table = report.header.PageTableOffset;
-    const auto damaged = [&] { return Failure(path + ": the report is damaged; run it again"); };
-    if (count < 0 || count > MAX_SCR_PAGES || table < 0 ||
-        table + (count + 1) * 4 > static_cast<int64_t>(bytes.size()))
+ReportPages::ReportPages(std::string path)
+    : path_(std::move(path)), header_(ReadReportHeader(path_)) {
+    const int32_t count = header_.PageCount;
+    const int32_t table = header_.PageTableOffset;
+    const auto damaged = [&] { return Failure(path_ + ": the report is damaged; run it again"); };
+    if (count < 0 || count > MAX_SCR_PAGES || table < 0) throw damaged();
+    limits_.resize(static_cast<size_t>(count) + 1);
+    const size_t size = limits_.size() * sizeof limits_[0];
+    const std::string bytes = ReadFilePart(path_, static_cast<uint32_t>(table), size);
+    if (bytes.size() != size) throw damaged();
+    std::memcpy(limits_.data(), bytes.data(), size);
+    if (!std::is_sorted(limits_.begin(), limits_.end()) || limits_.front() < sizeof header_ ||
+        limits_.back() > static_cast<uint32_t>(table))
         throw damaged();
-    for (int32_t page = 0; page < count; ++page) {
-        uint32_t limits[2];
-        std::memcpy(limits, bytes.data() + table + page * 4, sizeof limits);
-        if (limits[1] < limits[0] || limits[1] > bytes.size()) throw damaged();
-        report.pages.push_back(bytes.substr(limits[0], limits[1] - limits[0]));
-    }
-    return report;
+}
+
+std::string ReportPages::Page(int page) const {
+    const std::string name = path_ + ": page " + std::to_string(page);
+    if (page < 1 || page > Count())
+        throw Failure(name + ": the report has the pages 1 to " + std::to_string(Count()));
+    const uint32_t start = limits_[static_cast<size_t>(page) - 1];
+    const std::string bytes =
+        ReadFilePart(path_, start, limits_[static_cast<size_t>(page)] - start);
+    const std::string fault = PageFault(bytes);
+    if (!fault.empty()) throw Failure(name + " is damaged: " + fault + "; run the report again");
+    return bytes;
 }
 
 HMETAFILE MetafileOf(const std::string &page) {

@@ -65,8 +65,8 @@ int16_t Short(double units, const JsonPlace &place) {
 
 class FormBuilder {
 public:
-    FormBuilder(const Json &root, std::string folder)
-        : root_(root, "", &asked_), folder_(std::move(folder)) {}
+    FormBuilder(const Json &root, std::string folder, std::vector<std::string> *pictures)
+        : root_(root, "", &asked_), folder_(std::move(folder)), pictures_(pictures) {}
 
     // Rows first, expressions last: an expression may name any row.
     FormImage Build() {
@@ -145,7 +145,9 @@ private:
 
     std::string PictureBytes(const JsonPlace &place) const {
         try {
-            return ReadFileBytes(folder_ + place.CodePageText());
+            const std::string path = folder_ + place.CodePageText();
+            if (pictures_) pictures_->push_back(path);
+            return ReadFileBytes(path);
         } catch (const Failure &failure) {
             place.Fail(failure.what());
         }
@@ -418,6 +420,7 @@ private:
     AskedMembers asked_;
     JsonPlace root_;
     std::string folder_;
+    std::vector<std::string> *pictures_;
     FormImage form_;
     std::vector<int> user_rows_; // in the order of the JSON
     std::vector<std::string> font_names_;
@@ -428,11 +431,11 @@ private:
 
 } // namespace
 
-FormImage FormFromJson(const std::string &path, const std::string &text,
-                       const std::string &folder) {
+FormImage FormFromJson(const std::string &path, const std::string &text, const std::string &folder,
+                       std::vector<std::string> *pictures) {
     try {
         const Json root = Json::parse(text, JsonWatch());
-        return FormBuilder(root, folder).Build();
+        return FormBuilder(root, folder, pictures).Build();
     } catch (const Failure &failure) {
         throw Failure(path + ": " + failure.what());
     } catch (const Json::parse_error &error) {

@@ -163,7 +163,7 @@ FormImage ReadForm(const std::string &path) {
 
 FormHeader ReadFormHeader(const std::string &path) {
     FormHeader header{};
-    const std::string bytes = ReadFileStart(path, sizeof header);
+    const std::string bytes = ReadFilePart(path, 0, sizeof header);
     if (!IsForm(bytes)) throw Failure(path + ": is not a form file");
     std::memcpy(&header, bytes.data(), sizeof header);
     return header;

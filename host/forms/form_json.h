@@ -2,11 +2,13 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "host/forms/form_image.h"
 
-// folder: where pictures named by a file are looked for. A mistake throws Failure with the JSON's
-// path, line and the place in it.
-FormImage FormFromJson(const std::string &path, const std::string &text, const std::string &folder);
+// folder: where pictures named by a file are looked for; pictures, unless null, takes the paths of
+// those that were read. A mistake throws Failure with the JSON's path, line and the place in it.
+FormImage FormFromJson(const std::string &path, const std::string &text, const std::string &folder,
+                       std::vector<std::string> *pictures = nullptr);
 // Throws Failure when a row of the form points where nothing is.
 std::string JsonFromForm(const std::string &path, const FormImage &form);

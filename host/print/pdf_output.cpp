@@ -7,6 +7,7 @@
 #include "host/cli/failure.h"
 #include "host/cli/interrupt.h"
 #include "host/data/files.h"
+#include "host/data/part_file.h"
 #include "host/print/print_job.h"
 #include "host/print/printers.h"
 
@@ -63,23 +64,6 @@ template <typename Condition> void Await(const std::string &printer, Condition c
     }
 }
 
-// Where a printer puts its file: beside the one that is asked for, and gone in the end.
-class PartFile {
-public:
-    explicit PartFile(const std::string &path) : path_(path + ".part") {
-        WriteFileBytes(path_, ""); // what can't be written is told before anything is printed
-        DeleteFileA(path_.c_str());
-    }
-    ~PartFile() { DeleteFileA(path_.c_str()); }
-    PartFile(const PartFile &) = delete;
-    PartFile &operator=(const PartFile &) = delete;
-
-    const std::string &Path() const { return path_; }
-
-private:
-    std::string path_;
-};
-
 } // namespace
 
 std::string PdfPrinter(const std::string &wanted) {
@@ -98,12 +82,12 @@ void WritePdf(ReportReader *report, const std::vector<int> &pages, const std::st
               const std::string &path) {
     PrintRequest request{printer, Unheard(), "", 1};
     const std::string folder = JobFolder();
-    const PartFile part(path);
+    const PartFile part(path); // what can't be written is told before anything is printed
     if (folder.empty()) request.output = part.Path();
     PrintPagesOf(report, pages, request);
     if (folder.empty()) {
         Await(printer, [&] { return IsWholePdf(part.Path(), printer); });
-        PutInPlace(part.Path(), path);
+        part.PutInPlace();
         return;
     }
     std::string made;

@@ -86,11 +86,7 @@ void PrintPagesOf(ReportReader *report, const std::vector<int> &pages,
     size_t done = 0;
     for (const int page : pages) {
         if (StopWanted()) throw Failure("stopped; the print job was dropped", EXIT_CANCELLED);
-        const HMETAFILE metafile = report->Page(page);
-        if (!metafile)
-            throw Failure(report->Path() + ": page " + std::to_string(page) +
-                          " can't be read; run the report again");
-        job.Page(metafile);
+        job.Page(report->Page(page));
         progress.Show(++done);
     }
     job.Finish();

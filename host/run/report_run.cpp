@@ -5,12 +5,10 @@
 
 #include "host/cli/failure.h"
 #include "host/cli/interrupt.h"
-#include "host/data/files.h"
+#include "host/export/report_pages.h"
 #include "host/print/printers.h"
 
 namespace {
-
-constexpr const char *PARTIAL_ENDING = ".part";
 
 template <size_t Size>
 void PutPath(char (&field)[Size], const std::string &path, const char *option) {
@@ -54,7 +52,8 @@ ReportRun::ReportRun(RunRequest request, Unattended *unattended)
         params_.Device = 'P';
         return;
     }
-    PutPath(params_.OutputFile, request_.output + PARTIAL_ENDING, "--output");
+    part_.emplace(request_.output);
+    PutPath(params_.OutputFile, part_->Path(), "--output");
     params_.Device = 'F';
 }
 
@@ -62,7 +61,6 @@ ReportRun::~ReportRun() {
     // The end of a run sends its print job off, so one that mustn't be printed is left to the
     // system, which drops the unfinished job of a program that ends.
     if (open_ && request_.target != Target::PRINTER) RepExit(params_.SessionId, 0, nullptr);
-    if (!kept_ && *params_.OutputFile) DeleteFileA(params_.OutputFile);
 }
 
 std::vector<std::string> ReportRun::Start() {
@@ -102,8 +100,10 @@ int ReportRun::Finish() {
     const bool to_file = request_.target == Target::FILE;
     int32_t pages = 0;
     Check(RepExit(params_.SessionId, 0, &pages), to_file ? request_.output : request_.form);
-    if (to_file && pages > 0) PutInPlace(params_.OutputFile, request_.output);
-    kept_ = true;
+    if (to_file && pages > 0) {
+        made_ = ReadReportHeader(part_->Path());
+        part_->PutInPlace();
+    }
     return pages;
 }
 

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "host/data/part_file.h"
 #include "host/run/form_copy.h"
 #include "host/run/unattended.h"
 #include "tessarine.h"
@@ -48,8 +50,10 @@ public:
     void Record();
     // The printer that the pages are laid out for, from Start on.
     std::string Printer() const;
-    // The count of pages; 0 when no record was selected, which leaves no report file.
+    // The count of pages; 0 when no record was selected, which makes no report file.
     int Finish();
+    // The header of the report file that Finish has put in place.
+    const ReportFileHeader &Made() const { return made_; }
     // Serves the preview until the user closes it; false when an interrupt came first.
     bool Show();
 
@@ -61,6 +65,7 @@ private:
     Unattended *unattended_;
     std::unique_ptr<FormCopy> copy_;
     RepParams params_{};
+    std::optional<PartFile> part_; // of the report file
+    ReportFileHeader made_{};
     bool open_ = false;
-    bool kept_ = false;
 };

@@ -50,12 +50,11 @@ std::string FullPath(const std::string &path) {
 } // namespace
 
 ReportReader::ReportReader(const std::string &path) : path_(FullPath(path)) {
-    paper_ = PaperOf(ReadReportHeader(path_));
+    const ReportPages report(path_);
+    paper_ = PaperOf(report.Header());
+    page_count_ = report.Count();
+    if (page_count_ == 0) throw Failure(path + ": the report has no page; run it again");
     source_ = Writable(path_);
-    if (!Page(1)) {
-        if (source_ != path_) DeleteFileA(source_.c_str());
-        throw Failure(path + ": the report is damaged or has no page; run it again");
-    }
 }
 
 ReportReader::~ReportReader() {
@@ -70,7 +69,6 @@ HMETAFILE ReportReader::Page(int page) {
         return latest_.front().metafile;
     }
     const HMETAFILE metafile = Fetch(page);
-    if (!metafile) return nullptr;
     latest_.push_front({page, metafile});
     if (latest_.size() > PAGES_KEPT) {
         DeleteMetaFile(latest_.back().metafile);
@@ -79,7 +77,8 @@ HMETAFILE ReportReader::Page(int page) {
     return metafile;
 }
 
-HMETAFILE ReportReader::Fetch(int page) {
+HMETAFILE ReportReader::Fetch(int page) const {
+    ReportPages(path_).Page(page); // told before the library hands it to a player
     uint32_t label_form = 0;
     HostData data{};
     data.LabelForm = &label_form;
@@ -91,6 +90,8 @@ HMETAFILE ReportReader::Fetch(int page) {
     int32_t number = page;
     const HMETAFILE metafile = RepView(&block, &number, nullptr, nullptr);
     RemoveCRepData(&data);
-    if (metafile) page_count_ = number;
+    if (!metafile)
+        throw Failure(path_ + ": page " + std::to_string(page) +
+                      " can't be read; run the report again");
     return metafile;
 }

@@ -13,7 +13,7 @@ struct PaperSize {
 
 class ReportReader {
 public:
-    // Throws Failure when the file is no report.
+    // Throws Failure when the file is no report, or one without pages.
     explicit ReportReader(const std::string &path);
     ~ReportReader();
     ReportReader(const ReportReader &) = delete;
@@ -22,8 +22,8 @@ public:
     const std::string &Path() const { return path_; }
     int PageCount() const { return page_count_; }
     PaperSize Paper() const { return paper_; }
-    // From 1; null when the page can't be read. The handle stays the reader's, and is good until
-    // the next call.
+    // From 1. The handle stays the reader's, and is good until the next call. Throws Failure when
+    // the page can't be read.
     HMETAFILE Page(int page);
 
 private:
@@ -31,7 +31,7 @@ private:
         int page;
         HMETAFILE metafile;
     };
-    HMETAFILE Fetch(int page);
+    HMETAFILE Fetch(int page) const;
 
     std::string path_;   // as the user named it
     std::string source_; // what the library opens

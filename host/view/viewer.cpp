@@ -231,8 +231,14 @@ void Viewer::Paint() {
     const HDC device = BeginPaint(window_, &paint);
     RECT client{};
     GetClientRect(window_, &client);
-    PaintSheet(device, client, view_->Sheet(), report_->Page(view_->Page()),
-               view_->PixelsPerInch());
+    HMETAFILE page = nullptr;
+    std::string failure;
+    try {
+        page = report_->Page(view_->Page());
+    } catch (const Failure &told) {
+        failure = told.what();
+    }
+    PaintSheet(device, client, view_->Sheet(), {page, failure, view_->PixelsPerInch()});
     EndPaint(window_, &paint);
 }
 

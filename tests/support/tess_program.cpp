@@ -122,6 +122,16 @@ std::string Tess::BuildTitled(const std::string &name, const std::string &title,
     return form;
 }
 
+int Tess::Files(const std::string &pattern) const {
+    WIN32_FIND_DATAA found{};
+    const HANDLE search = FindFirstFileA(folder.Path(pattern).c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return 0;
+    int count = 1;
+    while (FindNextFileA(search, &found)) ++count;
+    FindClose(search);
+    return count;
+}
+
 Outcome Tess::Report(const std::string &name, const std::string &more) {
     return Run("run --form " + Build(name) + " --data " + Sample(name + ".csv") + " --output " +
                folder.Path(name + ".frc") + " " + more);

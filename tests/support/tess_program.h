@@ -49,6 +49,8 @@ protected:
     // replaced by another, unless that is "".
     std::string BuildTitled(const std::string &name, const std::string &title,
                             const std::string &part = "", const std::string &other = "");
+    // How many files of the folder have names that match.
+    int Files(const std::string &pattern) const;
     // Runs a sample to NAME.frc in the folder.
     Outcome Report(const std::string &name, const std::string &more = "");
 
