@@ -16,6 +16,7 @@
 namespace {
 
 constexpr size_t PROGRESS_STEP = 500; // records
+constexpr size_t TITLE_STEP = 10;
 
 struct TargetName {
     const char *name;
@@ -75,7 +76,7 @@ void Start(const RunOptions &options, const FormHeader &form, ReportRun *run) {
 }
 
 // The count of records.
-size_t Feed(const CsvTable &table, ReportRun *run, bool silent) {
+size_t Feed(const CsvTable &table, ReportRun *run, const RunOptions &options) {
     const RecordFeed feed(table, run->Params());
     for (const std::string &column : feed.unused)
         std::fprintf(stderr, "tess: %s: no field of the form takes the column \"%s\"\n",
@@ -85,7 +86,10 @@ size_t Feed(const CsvTable &table, ReportRun *run, bool silent) {
         if (StopWanted()) throw Failure("stopped; no report was made", EXIT_CANCELLED);
         feed.Write(place, run->Params());
         run->Record();
-        if (!silent) progress.Show(place + 1);
+        if (!options.silent) progress.Show(place + 1);
+        if (options.to == "screen" && place % TITLE_STEP == 0)
+            run->Tell(std::to_string(place + 1) + " of " + std::to_string(feed.Count()) +
+                      " records");
     }
     return feed.Count();
 }
@@ -109,7 +113,9 @@ void TellNothingSelected(const RunOptions &options) {
                  removed ? ("; the earlier " + options.output + " was removed").c_str() : "");
 }
 
-void ShowPreview(ReportRun *run) {
+void ShowPreview(ReportRun *run, int pages, size_t records) {
+    run->Tell(std::to_string(pages) + (pages == 1 ? " page, " : " pages, ") +
+              std::to_string(records) + (records == 1 ? " record" : " records"));
     std::fprintf(stderr, "the preview is open; close its window to end\n");
     std::fflush(stderr);
     if (!run->Show()) throw Failure("stopped; the preview was closed", EXIT_CANCELLED);
@@ -130,10 +136,10 @@ int RunCommand(const RunOptions &options) {
     const PreviewKeys keys;
     Start(options, form, &run);
     const std::string printer = run.Printer();
-    const size_t records = Feed(table, &run, options.silent);
+    const size_t records = Feed(table, &run, options);
     const int pages = run.Finish();
     if (preview)
-        ShowPreview(&run);
+        ShowPreview(&run, pages, records);
     else if (pages == 0)
         TellNothingSelected(options);
     else if (!options.silent && request.target == Target::PRINTER)

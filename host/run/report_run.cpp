@@ -25,6 +25,14 @@ template <size_t Size> void PutTempDirectory(char (&field)[Size]) {
     std::strncpy(field, folder, Size - 1);
 }
 
+// The preview of this thread; the library doesn't tell its window.
+HWND Preview() {
+    HWND window = nullptr;
+    do window = FindWindowExA(nullptr, window, "RepClass32", nullptr);
+    while (window && GetWindowThreadProcessId(window, nullptr) != GetCurrentThreadId());
+    return window;
+}
+
 } // namespace
 
 LabelWords::LabelWords(bool label_form) : label_form_(label_form) {
@@ -83,6 +91,11 @@ void ReportRun::Record() {
     const int code = RepRec(params_.SessionId, 0, 0);
     const bool storing = code == CODE_FILE && request_.target == Target::FILE;
     Check(code, storing ? request_.output : request_.form);
+}
+
+void ReportRun::Tell(const std::string &text) const {
+    const std::string name = request_.form.substr(request_.form.find_last_of("\\/:") + 1);
+    SetWindowTextA(Preview(), (name + " - " + text).c_str());
 }
 
 std::string ReportRun::Printer() const {

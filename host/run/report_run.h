@@ -46,6 +46,8 @@ public:
     std::vector<std::string> Start();
     // The run's tables, from Start on.
     const RepParams &Params() const { return params_; }
+    // The text of the preview's title, behind the form's name.
+    void Tell(const std::string &text) const;
     // Processes the record that stands in the tables.
     void Record();
     // The printer that the pages are laid out for, from Start on.

@@ -57,8 +57,13 @@ SIZE FirstSize(PaperSize paper) {
     return {std::min<LONG>(width, free.right - free.left), height};
 }
 
-void ShowBar(HWND window, int bar, SCROLLINFO info) {
-    info.fMask |= SIF_DISABLENOSCROLL;
+bool HasBar(HWND window, int bar) {
+    return GetWindowLongA(window, GWL_STYLE) & (bar == SB_VERT ? WS_VSCROLL : WS_HSCROLL);
+}
+
+// A bar that has nothing to scroll hides; with stay, one that shows stays empty.
+void SetBar(HWND window, int bar, SCROLLINFO info, bool stay) {
+    if (stay && HasBar(window, bar)) info.fMask |= SIF_DISABLENOSCROLL;
     SetScrollInfo(window, bar, &info, TRUE);
 }
 
@@ -193,9 +198,19 @@ void Viewer::Command(WORD id) {
     Update();
 }
 
+// A bar that comes or goes resizes the client area, and a fitted page with it, which may want the
+// bar back: what the second round shows stays.
+void Viewer::UpdateBars() {
+    updating_bars_ = true;
+    for (const bool stay : {false, true}) {
+        SetBar(window_, SB_VERT, view_->Vertical(), stay);
+        SetBar(window_, SB_HORZ, view_->Horizontal(), stay);
+    }
+    updating_bars_ = false;
+}
+
 void Viewer::Update() {
-    ShowBar(window_, SB_VERT, view_->Vertical());
-    ShowBar(window_, SB_HORZ, view_->Horizontal());
+    UpdateBars();
     CheckMenu();
     char title[MAX_PATH + 60];
     wsprintfA(title, "%s - page %d of %d - %d%%", FileNameOf(report_->Path()).c_str(),
@@ -303,7 +318,7 @@ LRESULT Viewer::Serve(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SIZE:
         if (wParam == SIZE_MINIMIZED) return 0;
         view_->Resize({LOWORD(lParam), HIWORD(lParam)});
-        Update();
+        if (!updating_bars_) Update();
         return 0;
     case WM_COMMAND: Command(LOWORD(wParam)); return 0;
     case WM_VSCROLL: OnScroll(SB_VERT, LOWORD(wParam)); return 0;

@@ -36,6 +36,7 @@ private:
     void GoTo();
     void Paint();
     void Update();
+    void UpdateBars();
     void CheckMenu();
     void OnScroll(int bar, WORD code);
     void OnWheel(WPARAM wParam, LPARAM lParam);
@@ -47,6 +48,7 @@ private:
     std::optional<PageView> view_;
     HWND window_ = nullptr;
     HACCEL keys_ = nullptr;
+    bool updating_bars_ = false;
     int wheel_rest_ = 0; // turned, not yet scrolled
     std::optional<POINT> drag_;
 };

@@ -31,6 +31,22 @@ TEST_F(RunToScreen, PreviewStaysUntilTheUserClosesIt) {
     EXPECT_EQ(outcome.code, 0u) << outcome.output;
 }
 
+TEST_F(RunToScreen, TitleTellsFormAndProgressAndInTheEndThePages) {
+    Running tess(Program(), Arguments("countries"), log);
+    const HWND window = tess.Window("RepClass32");
+    ASSERT_NE(window, nullptr);
+    std::string title;
+    const auto told = [&](const char *text) {
+        char now[300] = "";
+        GetWindowTextA(window, now, sizeof now);
+        title = now;
+        return title == text;
+    };
+    EXPECT_TRUE(Comes([&] { return told("countries.fp - 3 pages, 85 records"); })) << title;
+    PostMessageA(window, WM_CLOSE, 0, 0);
+    EXPECT_EQ(tess.Wait().code, 0u);
+}
+
 TEST_F(RunToScreen, EscapeLeavesThePreview) {
     Running tess(Program(), Arguments("airports"), log);
     const HWND window = Finished(tess);

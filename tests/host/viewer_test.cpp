@@ -102,6 +102,18 @@ TEST_F(ViewerOn, ScrollBarsMoveThroughTheReport) {
     EXPECT_EQ(viewer->View().Sheet().left, left);
 }
 
+TEST_F(ViewerOn, BarsThatHaveNothingToScrollHide) {
+    const auto bars = [&] {
+        return GetWindowLongA(viewer->Window(), GWL_STYLE) & (WS_HSCROLL | WS_VSCROLL);
+    };
+    Send(WM_COMMAND, VIEW_FIT_WIDTH);
+    EXPECT_EQ(bars(), WS_VSCROLL);
+    Send(WM_COMMAND, VIEW_ACTUAL_SIZE);
+    EXPECT_EQ(bars(), WS_HSCROLL | WS_VSCROLL);
+    Send(WM_COMMAND, VIEW_FIT_PAGE);
+    EXPECT_EQ(bars(), WS_VSCROLL); // through the three pages
+}
+
 TEST_F(ViewerOn, DraggingMovesThePage) {
     Send(WM_COMMAND, VIEW_ACTUAL_SIZE);
     const RECT before = viewer->View().Sheet();
