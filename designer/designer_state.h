@@ -15,8 +15,7 @@ struct DesignerState {
     int32_t ExpressionMode;
     FieldRecord EditField; // the field that a dialog edits
     int32_t DialogRow;     // the row that a dialog works on
-    char HelpFile[260];
-    char HelpFileSecond[270]; // the same with ">SECOND"
+    char HelpFile[270];    // the help file's name and the window in which it shows
 };
 
 } // namespace tessarine

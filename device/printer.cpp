@@ -1,6 +1,7 @@
 #include "device/printer.h"
 
 #include <cstring>
+#include <utility>
 
 #include "frame/fatal_error.h"
 #include "frame/mapping.h"
@@ -79,16 +80,6 @@ void TakeFormDevice(Session *session) {
     InitPrinter(session);
 }
 
-void OpenOutputDevice(Session *session) {
-    const HDC device = CreatePrinterContext(session);
-    if (!device) FatalError(session, "Can not initialize printing", CODE_NO_DEVICE);
-    session->device.OutputDevice = device;
-    TakePixels(session, device);
-    ApplyMapping(session, device);
-    if (!GetTextMetricsA(device, &session->device.Metrics))
-        FatalError(session, "Unable to get text metric for the font.", CODE_DISPLAY);
-}
-
 } // namespace
 
 void AddDriverEnding(char *driver, const char *ending) {
@@ -158,7 +149,18 @@ void BindFormPrinter(Session *session) {
     if (!keep) TakeFormDevice(session);
     TakeFormPaper(session);
     CallPrinterDriver(session, DM_IN_BUFFER | DM_OUT_BUFFER);
-    if (session->run.OutputToPrinter) OpenOutputDevice(session);
+    if (session->run.OutputToPrinter) RemakeOutputDevice(session);
+}
+
+void RemakeOutputDevice(Session *session) {
+    const OwnedContext old(std::exchange(session->device.OutputDevice, nullptr));
+    const HDC device = CreatePrinterContext(session);
+    if (!device) FatalError(session, "Can not initialize printing", CODE_NO_DEVICE);
+    session->device.OutputDevice = device;
+    TakePixels(session, device);
+    ApplyMapping(session, device);
+    if (!GetTextMetricsA(device, &session->device.Metrics))
+        FatalError(session, "Unable to get text metric for the font.", CODE_DISPLAY);
 }
 
 HDC CreatePrinterContext(const Session *session) {

@@ -17,6 +17,8 @@ void CallPrinterDriver(Session *session, int mode);
 int ProcessPrinterData(Session *session);
 // Binds the form just read to its printer.
 void BindFormPrinter(Session *session);
+// The device of a run to the printer, anew for the printer in force; fatal with code 2.
+void RemakeOutputDevice(Session *session);
 // A context of the session's printer, or null.
 HDC CreatePrinterContext(const Session *session);
 // The printing offset of a device in form units.

@@ -40,9 +40,7 @@ void SetColors(Session *session) {
 void SetHelpFile(Session *session) {
     DesignerState &designer = session->designer;
     const char *name = host_data.HelpFileName ? host_data.HelpFileName : "REP.HLP";
-    CopyText(name, designer.HelpFile, sizeof designer.HelpFile);
-    std::snprintf(designer.HelpFileSecond, sizeof designer.HelpFileSecond, "%s>SECOND",
-                  designer.HelpFile);
+    std::snprintf(designer.HelpFile, sizeof designer.HelpFile, "%.259s>SECOND", name);
 }
 
 void InitSections(Session *session) {

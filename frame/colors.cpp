@@ -19,7 +19,7 @@ uint32_t EditColor(HWND owner, uint32_t color, int fullOpen) {
     choice.hwndOwner = owner;
     choice.rgbResult = color;
     choice.lpCustColors = greys;
-    choice.Flags = CC_RGBINIT | (fullOpen ? CC_FULLOPEN : 0);
+    choice.Flags = CC_RGBINIT | (fullOpen ? CC_FULLOPEN : CC_PREVENTFULLOPEN);
     return ChooseColorA(&choice) ? choice.rgbResult : color;
 }
 

@@ -15,7 +15,15 @@ namespace {
 constexpr int WITHOUT_SLOT = -1;
 constexpr const char *window_classes[] = {"FrClass32", "RepClass32"};
 
+bool IsOwnWindow(HWND window) {
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    return process == GetCurrentProcessId();
+}
+
+// A window of another process holds an address of that process.
 Session *SessionOfWindow(HWND window) {
+    if (!IsOwnWindow(window)) return nullptr;
     char name[20] = "";
     GetClassNameA(window, name, sizeof name);
     for (const char *known : window_classes)

@@ -17,8 +17,8 @@ extern UINT help_message;         // of the common dialogs, by its registered na
 extern uint32_t frc_format;       // "FrcFormat": selects the ending .FRC over .FR
 extern SessionTableState session_table;
 
-// The session of a window of class "FrClass32" or "RepClass32", or of a slot when the window is
-// null; null when there is none.
+// The session of a window of class "FrClass32" or "RepClass32" of this process, or of a slot when
+// the window is null; null when there is none.
 Session *GetSessionPointer(HWND window, int slot);
 
 // True while the session is alive, of whatever kind.

@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "frame/message_box.h"
-#include "frame/owned.h"
+#include "frame/windows.h"
 
 namespace tessarine {
 
@@ -94,14 +94,6 @@ void AddFileEnding(char *name, const char *ending, size_t size) {
     const size_t length = std::strlen(name);
     if (HasFileEnding(name) || length + std::strlen(ending) >= size) return;
     CopyText(ending, name + length, size - length);
-}
-
-int32_t FileLength(const char *path) {
-    const OwnedFile file(CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                     nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (file.Get() == INVALID_HANDLE_VALUE) return -1;
-    const DWORD end = SetFilePointer(file.Get(), 0, nullptr, FILE_END);
-    return end == INVALID_SET_FILE_POINTER ? -1 : static_cast<int32_t>(end);
 }
 
 void DebugMessage(const char *format, ...) {

@@ -37,7 +37,6 @@ void CopyText(const char *source, char *destination, size_t size);
 // on the way back ends the look. Does nothing when the result would pass size bytes.
 void AddFileEnding(char *name, const char *ending, size_t size);
 bool HasFileEnding(const char *name);
-int32_t FileLength(const char *path); // -1 when it can't be opened
 
 // Shows or traces an internal inconsistency: to the debugger when a window of class "DBWin"
 // exists, otherwise in a message box.

@@ -1,10 +1,13 @@
 #include "output/page_files.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cstdio>
 #include <cstring>
 #include <initializer_list>
+#include <iterator>
 
-#include "frame/clock.h"
+#include "frame/owned.h"
 #include "frame/text.h"
 #include "output/page_store.h"
 
@@ -15,6 +18,7 @@ namespace {
 constexpr DWORD DIRECTORY_LIMIT = 150;
 constexpr size_t BASE_LENGTH = 8;
 constexpr int BASE_TRIES = 1296; // two characters of 36 letters
+constexpr const char *page_endings[] = {".MF", ".MFT", ".MFS", ".MFP"};
 
 // An empty directory becomes the current one in its short form, also in the caller's block.
 void FillDirectory(char *directory, size_t size) {
@@ -38,26 +42,74 @@ void BaseName(const Session *session, char (&base)[BASE_LENGTH + 1]) {
     base[2] = base[5] = 'R';
 }
 
-// The transfer file is the claim on a name: whoever makes it has the name, in this process or
-// another. It is remade with each page, so a report file of the name says as well that it is
-// taken. Two sessions of the same second differ in the characters between the numbers.
-bool Claim(const char *path, const char *reportPath) {
-    if (GetFileAttributesA(reportPath) != INVALID_FILE_ATTRIBUTES) {
-        SetLastError(ERROR_FILE_EXISTS);
-        return false;
-    }
-    const HANDLE file =
-        CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (file == INVALID_HANDLE_VALUE) return false;
-    CloseHandle(file);
-    return true;
+template <size_t Size>
+void Compose(char (&path)[Size], const char *directory, const char *base, const char *ending) {
+    std::snprintf(path, Size, "%s%s%s", directory, base, ending);
+}
+
+// Whoever makes the claim file has the name, in this process or another, until it closes the file.
+// The system deletes it then, also when the process was killed.
+HANDLE Claim(const char *directory, const char *base) {
+    char path[MAX_PATH];
+    Compose(path, directory, base, ".MFC");
+    return CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                       FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+}
+
+void ReleaseClaim(PageStoreState *pages) {
+    if (pages->NameClaim) CloseHandle(pages->NameClaim);
+    pages->NameClaim = nullptr;
 }
 
 char Letter(int number) { return "RSTUVWXYZABCDEFGHIJKLMNOPQ0123456789"[number % 36]; }
 
-template <size_t Size>
-void Compose(char (&path)[Size], const char *directory, const char *base, const char *ending) {
-    std::snprintf(path, Size, "%s%s%s", directory, base, ending);
+// Two sessions of the same second differ in the characters between the numbers. One that runs alone
+// has the usual name.
+void ClaimName(PageStoreState *pages, const char *directory, char (&base)[BASE_LENGTH + 1]) {
+    for (int number = 0; number < BASE_TRIES; ++number) {
+        base[2] = Letter(number);
+        base[5] = Letter(number / 36);
+        const HANDLE claim = Claim(directory, base);
+        if (claim == INVALID_HANDLE_VALUE) continue;
+        pages->NameClaim = claim;
+        return;
+    }
+}
+
+bool IsPageFileName(const char *name) {
+    for (const int place : {0, 1, 3, 4, 6, 7})
+        if (!std::isdigit(static_cast<unsigned char>(name[place]))) return false;
+    const auto is_ending = [&](const char *ending) {
+        return !lstrcmpiA(name + BASE_LENGTH, ending);
+    };
+    return std::any_of(std::begin(page_endings), std::end(page_endings), is_ending);
+}
+
+// A name that can be claimed has no owner any more.
+void DeleteOrphan(const char *directory, const char *name) {
+    char base[BASE_LENGTH + 1];
+    CopyText(name, base, sizeof base);
+    const OwnedFile claim(Claim(directory, base));
+    char path[MAX_PATH];
+    Compose(path, directory, name, "");
+    if (claim) DeleteFileA(path);
+}
+
+// What killed runs have left.
+void DeleteOrphans(const char *directory) {
+    char pattern[MAX_PATH];
+    Compose(pattern, directory, "*", ".MF*");
+    WIN32_FIND_DATAA found;
+    const HANDLE search = FindFirstFileA(pattern, &found);
+    if (search == INVALID_HANDLE_VALUE) return;
+    do {
+        if (IsPageFileName(found.cFileName)) DeleteOrphan(directory, found.cFileName);
+    } while (FindNextFileA(search, &found));
+    FindClose(search);
+}
+
+void DeleteNamed(const char *path) {
+    if (*path) DeleteFileA(path);
 }
 
 } // namespace
@@ -68,15 +120,11 @@ void MakePageFileNames(Session *session) {
     char base[BASE_LENGTH + 1];
     PageDirectory(session, directory);
     BaseName(session, base);
-    for (int number = 0; number < BASE_TRIES; ++number) {
-        base[2] = Letter(number);
-        base[5] = Letter(number / 36);
-        Compose(pages.TransferPath, directory, base, ".MFT");
-        Compose(pages.ReportPath, directory, base, ".MF");
-        if (Claim(pages.TransferPath, pages.ReportPath)) break;
-        const DWORD error = GetLastError();
-        if (error != ERROR_FILE_EXISTS && error != ERROR_SHARING_VIOLATION) break;
-    }
+    DeleteOrphans(directory);
+    ReleaseClaim(&pages);
+    ClaimName(&pages, directory, base);
+    Compose(pages.ReportPath, directory, base, ".MF");
+    Compose(pages.TransferPath, directory, base, ".MFT");
     Compose(pages.ScreenPagePath, directory, base, ".MFS");
     Compose(pages.PrintPagePath, directory, base, ".MFP");
     if (session->run.OutputToFile)
@@ -86,11 +134,13 @@ void MakePageFileNames(Session *session) {
 }
 
 void DeletePageFiles(Session *session) {
-    const PageStoreState &pages = session->pages;
-    if (session->run.OutputToScreen && !session->run.ViewingFile && *pages.ReportPath)
-        DeleteFileA(pages.ReportPath);
+    PageStoreState &pages = session->pages;
+    const RunState &run = session->run;
+    if (run.OutputToScreen && !run.ViewingFile) DeleteNamed(pages.ReportPath);
+    if (run.OutputToFile && !pages.ReportWhole) DeleteNamed(pages.OutputPath);
     for (const char *path : {pages.ScreenPagePath, pages.PrintPagePath, pages.TransferPath})
-        if (*path) DeleteFileA(path);
+        DeleteNamed(path);
+    ReleaseClaim(&pages);
 }
 
 } // namespace tessarine

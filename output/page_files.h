@@ -5,7 +5,8 @@
 
 namespace tessarine {
 
-// Deletes the scratch files of a session that has made its names, and a preview's report file.
+// Deletes the scratch files of a session that has made its names, a preview's report file and a
+// report that has not become whole, and gives the claim back.
 void DeletePageFiles(Session *session);
 
 } // namespace tessarine

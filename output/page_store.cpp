@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "frame/fatal_error.h"
+#include "frame/files.h"
 #include "frame/memory.h"
 #include "frame/owned.h"
-#include "frame/text.h"
 #include "output/page_files.h"
 
 namespace tessarine {
@@ -32,14 +32,8 @@ HANDLE OpenOutput(const char *path, DWORD disposition) {
                        nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
-bool SeekTo(HANDLE file, int64_t offset) {
-    LARGE_INTEGER place;
-    place.QuadPart = offset;
-    return SetFilePointerEx(file, place, nullptr, FILE_BEGIN);
-}
-
 HANDLE OpenCopyOutput(Session *session, const char *path) {
-    const bool stands = GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES;
+    const bool stands = FileStands(path);
     const HANDLE file = OpenOutput(path, stands ? OPEN_EXISTING : CREATE_ALWAYS);
     if (file == INVALID_HANDLE_VALUE)
         FatalError(session,
@@ -64,14 +58,14 @@ void MoveBytes(Session *session, HANDLE input, HANDLE output, int64_t byteCount)
 
 // Writes the finished recording to the scratch file and returns how many bytes it has there. A full
 // disk isn't always told: the file is short then.
-int32_t WriteTransferFile(Session *session, HMETAFILE page) {
+int64_t WriteTransferFile(Session *session, HMETAFILE page) {
     const char *path = session->pages.TransferPath;
     DeleteFileA(path);
     const HMETAFILE on_disk = CopyMetaFileA(page, path);
     const bool copied = on_disk != nullptr;
     if (copied) DeleteMetaFile(on_disk);
-    const int32_t length = FileLength(path);
-    if (!copied || length != static_cast<int32_t>(GetMetaFileBitsEx(page, 0, nullptr)))
+    const int64_t length = FileLength(path);
+    if (!copied || length != GetMetaFileBitsEx(page, 0, nullptr))
         FatalError(session, "Error Copying Meta File(TransferMetaFile)", CODE_FILE);
     return length;
 }
@@ -116,8 +110,10 @@ void TransferMetaFile(Session *session) {
     pages.PageRecorder = nullptr;
     Owned<HMETAFILE, DeleteMetaFile> page(CloseMetaFile(recorder));
     if (!page) FatalError(session, "Error Creating Meta File(TransferMetaFile)", CODE_FILE);
-    const int32_t length = WriteTransferFile(session, page.Get());
+    const int64_t length = WriteTransferFile(session, page.Get());
     const uint32_t offset = pages.PageTable[page_count - 1];
+    if (offset + length > UINT32_MAX) // no table could tell where the page ends
+        FatalError(session, "Error seeking the output file(CopyFileData)", CODE_FILE);
     CopyFileData(session, pages.TransferPath, 0, pages.ReportPath, offset, length);
     if (page_count > MAX_SCR_PAGES)
         FatalError(session, "PageCount exceeding MAX_SCR_PAGES (TransferMetaFile)", CODE_FILE);

@@ -18,6 +18,8 @@ struct PageStoreState {
     char ScreenPagePath[260]; // .MFS, a page on its way to the screen
     char PrintPagePath[260];  // .MFP, a page on its way to the printer
     char OutputPath[276];     // the report file of a run to disk
+    HANDLE NameClaim;         // null before the names are made
+    uint32_t ReportWhole;     // the report file has its header and table
     ReportFileHeader Header;  // of a saved report
 };
 

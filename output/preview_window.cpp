@@ -1,10 +1,9 @@
 #include "device/device_properties.h"
-#include "form/file_dialog.h"
 #include "frame/boundary.h"
 #include "frame/cursor.h"
 #include "frame/dialogs.h"
+#include "frame/files.h"
 #include "frame/session_table.h"
-#include "frame/text.h"
 #include "output/page_store.h"
 #include "output/preview.h"
 #include "output/print_job.h"
@@ -29,8 +28,7 @@ void ViewRight(Session *session) { ScrollRight(session, session->view.ViewWidth)
 // Removes a new file that did not get whole.
 class NewFile {
 public:
-    explicit NewFile(const char *path)
-        : path_(GetFileAttributesA(path) == INVALID_FILE_ATTRIBUTES ? path : nullptr) {}
+    explicit NewFile(const char *path) : path_(FileStands(path) ? nullptr : path) {}
     NewFile(const NewFile &) = delete;
     NewFile &operator=(const NewFile &) = delete;
     ~NewFile() {
@@ -55,12 +53,9 @@ void CopyReport(Session *session, const char *path) {
 void SaveReport(Session *session) {
     if (session->run.RunPhase != PHASE_FINISHED || session->run.ViewingFile) return;
     char name[MAX_PATH] = "";
-    if (!AskFileName(session, name, ReportFileFilter(), "Save the Report to a Disk File", true) ||
-        !*name)
-        return;
-    AddFileEnding(name, ReportFileEnding(), sizeof name);
-    if (!lstrcmpiA(name, session->pages.ReportPath)) return;
-    CopyReport(session, name);
+    if (AskReportName(session, name, sizeof name, "Save the Report to a Disk File") &&
+        !SameFile(name, session->pages.ReportPath))
+        CopyReport(session, name);
 }
 
 void Jump(Session *session) {
@@ -211,7 +206,7 @@ bool HandleWhole(Session *session, UINT message, WPARAM wParam) {
 } // namespace
 
 LRESULT CALLBACK RepWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    Session *session = GetSessionPointer(window, 0);
+    Session *session = window ? GetSessionPointer(window, 0) : nullptr;
     const bool deaf = !session || session->IgnoreMessages || session->WindowInMaking;
     if (!deaf && HandleWhole(session, message, wParam)) return 0;
     return DefWindowProcA(window, message, wParam, lParam);

@@ -1,9 +1,12 @@
 #include "output/report_file.h"
 
+#include <cstdio>
 #include <cstring>
 
+#include "form/file_dialog.h"
 #include "form/records.h"
 #include "frame/fatal_error.h"
+#include "frame/files.h"
 #include "frame/message_box.h"
 #include "frame/owned.h"
 #include "frame/session_table.h"
@@ -34,10 +37,9 @@ bool WriteAll(HANDLE file, const void *memory, DWORD size) {
     return Transferred(done, moved, size);
 }
 
-bool SeekTo(HANDLE file, int64_t offset) {
-    LARGE_INTEGER place;
-    place.QuadPart = offset;
-    return SetFilePointerEx(file, place, nullptr, FILE_BEGIN);
+// As far as the page table's own entries reach, beyond what a signed number tells.
+uint32_t TablePlace(const ReportFileHeader &header) {
+    return static_cast<uint32_t>(header.PageTableOffset);
 }
 
 DWORD TableBytes(int32_t pageCount) {
@@ -83,7 +85,7 @@ ReportFileHeader MakeHeader(const Session *session) {
 }
 
 HANDLE OpenFinishedFile(Session *session, const char *path) {
-    const bool stands = GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES;
+    const bool stands = FileStands(path);
     const HANDLE file =
         Open(path, GENERIC_READ | GENERIC_WRITE, stands ? OPEN_EXISTING : CREATE_ALWAYS);
     if (file == INVALID_HANDLE_VALUE)
@@ -92,6 +94,14 @@ HANDLE OpenFinishedFile(Session *session, const char *path) {
                           : "Error opening the output file(WriteOutputHdrFtr A)",
                    CODE_FILE);
     return file;
+}
+
+// The file dialog has asked about the name as it was typed.
+bool MayReplace(const Session *session, const char *path, const char *title) {
+    char text[MAX_PATH + 60];
+    std::snprintf(text, sizeof text, "%s already exists.\nDo you want to replace it?", path);
+    const HWND owner = session->device.Window ? session->device.Window : session->ParentWindow;
+    return ShowBox(owner, text, title, MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;
 }
 
 int Refuse(const char *text) {
@@ -106,7 +116,7 @@ bool PagesLieInFile(const Session *session) {
     if (table[0] < HEADER_SIZE) return false;
     for (int32_t page = 0; page < count; ++page)
         if (table[page + 1] < table[page]) return false;
-    return table[count] <= static_cast<uint32_t>(session->pages.Header.PageTableOffset);
+    return table[count] <= TablePlace(session->pages.Header);
 }
 
 } // namespace
@@ -120,16 +130,24 @@ const char *ReportFileFilter() {
     return frc_format ? "Formatted Report(*.FRC)|*.FRC|" : "Formatted Report(*.FR)|*.FR|";
 }
 
-const char *ReportFileEnding() { return frc_format ? ".FRC" : ".FR"; }
+bool AskReportName(Session *session, char *name, size_t size, const char *title) {
+    do {
+        if (!AskFileName(session, name, ReportFileFilter(), title, true) || !*name) return false;
+        if (HasFileEnding(name)) return true;
+        AddFileEnding(name, frc_format ? ".FRC" : ".FR", size);
+    } while (FileStands(name) && !MayReplace(session, name, title));
+    return true;
+}
 
 int WriteEmptyHeader(Session *, const char *path) {
     DeleteFileA(path);
-    const OwnedFile file(Open(path, GENERIC_READ | GENERIC_WRITE, CREATE_ALWAYS));
+    OwnedFile file(Open(path, GENERIC_READ | GENERIC_WRITE, CREATE_ALWAYS));
     if (!file) return Refuse("Error opening the output file(WriteEmptyHeader)");
     const ReportFileHeader empty{};
-    if (!WriteAll(file.Get(), &empty, sizeof empty))
-        return Refuse("Error writing to the output file(WriteEmptyHeader)");
-    return 1;
+    if (WriteAll(file.Get(), &empty, sizeof empty)) return 1;
+    CloseHandle(file.Leave());
+    DeleteFileA(path);
+    return Refuse("Error writing to the output file(WriteEmptyHeader)");
 }
 
 void WriteOutputHdrFtr(Session *session, const char *path) {
@@ -139,10 +157,11 @@ void WriteOutputHdrFtr(Session *session, const char *path) {
         FatalError(session, "Error seeking the output file(WriteOutputHdrFtr)", CODE_FILE);
     if (!WriteAll(file.Get(), &header, sizeof header))
         FatalError(session, "Error writing the output file(WriteOutputHdrFtr)", CODE_FILE);
-    if (!SeekTo(file.Get(), header.PageTableOffset))
+    if (!SeekTo(file.Get(), TablePlace(header)))
         FatalError(session, "Error seeking the output file(WriteOutputHdrFtr a)", CODE_FILE);
     if (!WriteAll(file.Get(), session->pages.PageTable, TableBytes(header.PageCount)))
         FatalError(session, "Error writing the output file(WriteOutputHdrFtr a)", CODE_FILE);
+    session->pages.ReportWhole = 1;
 }
 
 int ReadReportHeader(Session *session, const char *path) {
@@ -158,7 +177,7 @@ int ReadPageTable(Session *session, const char *path) {
     const OwnedFile file(Open(path, GENERIC_READ, OPEN_EXISTING));
     if (!file) return Refuse("Error opening the report file(ReadPageTable)");
     const ReportFileHeader &header = session->pages.Header;
-    if (!SeekTo(file.Get(), header.PageTableOffset))
+    if (!SeekTo(file.Get(), TablePlace(header)))
         return Refuse("Error positioning at the page table(ReadPageTable)");
     const bool fits = header.PageCount >= 0 && header.PageCount <= MAX_SCR_PAGES;
     session->run.PageCount = fits ? header.PageCount : 0;

@@ -5,9 +5,9 @@
 
 namespace tessarine {
 
-// What file dialogs offer, and the ending of a name that has none.
-const char *ReportFileFilter();
-const char *ReportFileEnding();
+const char *ReportFileFilter(); // of file dialogs
+// Asks for the whole name of a report to be written. False when cancelled or empty.
+bool AskReportName(Session *session, char *name, size_t size, const char *title);
 
 int WriteEmptyHeader(Session *session, const char *path);   // non-zero for success
 void WriteOutputHdrFtr(Session *session, const char *path); // fatal with code 1

@@ -96,6 +96,11 @@ int LeaveRun(Session *session, int code) {
     return code;
 }
 
+// A page that could not be kept has left no recording to go on with.
+bool PagesAreLost(const Session *session) {
+    return !session->run.OutputToPrinter && !session->pages.PageRecorder;
+}
+
 } // namespace
 
 int RepExit(int sessionId, int fill, int32_t *pageCount) {
@@ -104,6 +109,7 @@ int RepExit(int sessionId, int fill, int32_t *pageCount) {
     return AtEntry(
         session,
         [&] {
+            if (PagesAreLost(session)) return LeaveRun(session, session->ErrorCode);
             FinishRun(session, fill, pageCount);
             return LeaveRun(session, CODE_DONE);
         },

@@ -2,10 +2,10 @@
 #include "device/printer.h"
 #include "expr/postfix.h"
 #include "form/defaults.h"
-#include "form/file_dialog.h"
 #include "form/fonts.h"
 #include "frame/boundary.h"
 #include "frame/clock.h"
+#include "frame/files.h"
 #include "frame/message_box.h"
 #include "frame/session_table.h"
 #include "frame/text.h"
@@ -53,19 +53,32 @@ int AskOutput(Session *session, RepParams *params) {
     params->Device = answer == 0 ? 'S' : answer == 1 ? 'P' : 'F';
     if (params->Device != 'F') return CODE_DONE;
     Terminate(params->OutputFile);
-    if (!AskFileName(session, params->OutputFile, ReportFileFilter(), "Report File Name Selection",
-                     true) ||
-        !*params->OutputFile)
-        return CODE_NO_OUTPUT_FILE;
-    AddFileEnding(params->OutputFile, ReportFileEnding(), sizeof params->OutputFile);
-    return CODE_DONE;
+    return AskReportName(session, params->OutputFile, sizeof params->OutputFile,
+                         "Report File Name Selection")
+               ? CODE_DONE
+               : CODE_NO_OUTPUT_FILE;
+}
+
+// The path as the current folder has it now: a host may go to another one during the run.
+template <size_t Size> void TakeWholePath(const char *name, char (&path)[Size]) {
+    const DWORD length = GetFullPathNameA(name, Size, path, nullptr);
+    if (length == 0 || length >= Size) CopyText(name, path, Size);
+}
+
+bool MayBeOutput(const Session *session, const char *path) {
+    if (!SameFile(path, session->RunBlock.FormFile)) return true;
+    ShowBox(nullptr, "The output file is the form file!");
+    return false;
 }
 
 int OpenOutputFile(Session *session, const RepParams *params) {
     session->run.OutputToFile = 1;
-    CopyText(params->OutputFile, session->pages.OutputPath, sizeof session->pages.OutputPath);
-    if (!*session->pages.OutputPath) return CODE_NO_OUTPUT_FILE;
-    return WriteEmptyHeader(session, session->pages.OutputPath) ? CODE_DONE : CODE_NO_OUTPUT_FILE;
+    if (!*params->OutputFile) return CODE_NO_OUTPUT_FILE;
+    char path[sizeof session->pages.OutputPath];
+    TakeWholePath(params->OutputFile, path);
+    if (!MayBeOutput(session, path) || !WriteEmptyHeader(session, path)) return CODE_NO_OUTPUT_FILE;
+    CopyText(path, session->pages.OutputPath, sizeof path);
+    return CODE_DONE;
 }
 
 // The letter in the caller's block counts; the session's copy keeps the one that came in.
@@ -162,6 +175,7 @@ void TakeHostPrinter(Session *session, HGLOBAL devNames, HGLOBAL devMode) {
     SetDevNames(session, devNames);
     SetDevMode(session, devMode, 0);
     ProcessPrinterData(session);
+    if (session->run.OutputToPrinter) RemakeOutputDevice(session);
     // A preview draws and measures its first font as the report file does.
     if (session->run.OutputToScreen) MakeFont(session, session->device.ScreenDC, 0, false);
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "format/format_field.h"
 #include "frame/text.h"
@@ -132,10 +133,15 @@ struct TextColumn {
     bool spilled = false;
 };
 
+// The sections at the page's edges are none of the row's, which goes on in its column.
 void BeginOnNextPage(Session *session, HDC *device, const ItemRecord &item, TextColumn *column) {
     RunState &run = session->run;
+    const int across = std::exchange(run.AcrossIndex, 0);
+    const int x = run.CurrentX;
     run.PageFresh = 0;
     PageBreak(session, SECTION_DETAIL_1);
+    run.AcrossIndex = across;
+    run.CurrentX = x;
     run.RowBottom = run.CurrentY;
     column->y = column->place.top = run.RowBottom;
     column->place.bottom = column->place.top + run.BodyBottom;
@@ -202,8 +208,9 @@ void PrintWrappedField(Session *session, HDC device, int row) {
     }
     if (variable) PushItemsBelow(session, row, column);
     session->run.RowBottom = std::max(session->run.RowBottom, column.y);
-    if (column.spilled)
-        session->run.CurrentY -= session->form.Sections[item->SectionIndex].SectionHeight;
+    // Further columns stand beside the rest of the text, so a row across keeps its place there.
+    const SectionRecord &section = session->form.Sections[item->SectionIndex];
+    if (column.spilled && section.Across == 1) session->run.CurrentY -= section.SectionHeight;
 }
 
 } // namespace tessarine

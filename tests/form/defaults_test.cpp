@@ -67,21 +67,17 @@ TEST_F(Defaults, ColoursGridAndPageStartAsTheyShould) {
 }
 
 TEST_F(Defaults, HelpFileIsTheHostsOrTheLibrarysOwn) {
-    EXPECT_STREQ(session->designer.HelpFile, "REP.HLP");
-    EXPECT_STREQ(session->designer.HelpFileSecond, "REP.HLP>SECOND");
+    EXPECT_STREQ(session->designer.HelpFile, "REP.HLP>SECOND");
     host_data.HelpFileName = "HOST.HLP";
     InitVariables(session);
-    EXPECT_STREQ(session->designer.HelpFile, "HOST.HLP");
-    EXPECT_STREQ(session->designer.HelpFileSecond, "HOST.HLP>SECOND");
+    EXPECT_STREQ(session->designer.HelpFile, "HOST.HLP>SECOND");
 }
 
 TEST_F(Defaults, HelpFileNameOfAnyLengthFits) {
     const std::string name(3000, 'h');
     host_data.HelpFileName = name.c_str();
     InitVariables(session);
-    EXPECT_LT(std::strlen(session->designer.HelpFile), sizeof session->designer.HelpFile);
-    EXPECT_LT(std::strlen(session->designer.HelpFileSecond),
-              sizeof session->designer.HelpFileSecond);
+    EXPECT_EQ(session->designer.HelpFile, name.substr(0, 259) + ">SECOND");
 }
 
 TEST_F(Defaults, SectionsStartOutOfUseAndOneAcross) {

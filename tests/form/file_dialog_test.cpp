@@ -28,6 +28,15 @@ struct SeenDialog {
 };
 std::vector<SeenDialog> seen;
 
+// The true dialog, with a double click that is still under way when it ends.
+HWND window_behind;
+decltype(&GetSaveFileNameA) real_dialog;
+BOOL WINAPI LeaveADoubleClick(OPENFILENAMEA *dialog) {
+    const BOOL accepted = real_dialog(dialog);
+    PostMessageA(window_behind, WM_LBUTTONDBLCLK, 0, 0);
+    return accepted;
+}
+
 BOOL WINAPI NoteDialog(OPENFILENAMEA *dialog) {
     const char *end = dialog->lpstrFilter;
     while (*end) end += std::strlen(end) + 1;
@@ -82,15 +91,20 @@ TEST_F(FileDialog, CancelTellsTheHostAndKeepsTheName) {
     EXPECT_EQ(host.Count(MESSAGE_NO_RESULT), 1);
 }
 
-TEST_F(FileDialog, MouseMessagesBehindTheDialogAreDropped) {
-    char name[260] = "";
-    boxes.OnDialog("Choose", [this](HWND dialog) {
-        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
-        PostMessageA(host.Get(), WM_LBUTTONDBLCLK, 0, 0);
-    });
-    AskFileName(session, name, FILTER, "Choose", false);
-    MSG message;
-    EXPECT_FALSE(PeekMessageA(&message, host.Get(), WM_MOUSEFIRST, WM_MOUSELAST, PM_NOREMOVE));
+TEST_F(FileDialog, MouseMessagesBehindTheDialogAreDroppedWhateverTheAnswer) {
+    const std::string path = folder.Path("CHOSEN.FP");
+    for (const bool accepted : {false, true}) {
+        char name[260] = "";
+        Answer("Choose", accepted ? path : "");
+        window_behind = host.Get();
+        void *real = ReplaceImport("GetSaveFileNameA", reinterpret_cast<void *>(LeaveADoubleClick));
+        real_dialog = reinterpret_cast<decltype(real_dialog)>(real);
+        EXPECT_EQ(AskFileName(session, name, FILTER, "Choose", true), accepted);
+        ReplaceImport("GetSaveFileNameA", real);
+        MSG message;
+        EXPECT_FALSE(PeekMessageA(&message, host.Get(), WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE))
+            << accepted;
+    }
 }
 
 TEST_F(FileDialog, SaveAsksBeforeItOverwritesAndNeitherLeavesTheCurrentFolder) {

@@ -75,3 +75,15 @@ TEST(CentredDialog, KeepsItsSize) {
     EXPECT_EQ(place.right - place.left, 101);
     EXPECT_EQ(place.bottom - place.top, 51);
 }
+
+TEST(CentredDialog, LargerThanTheScreenBeginsAtItsEdgeUnlessItsParentStandsFarOff) {
+    const int wide = screen_width + 100;
+    const Window alone(7, 7, wide, 50);
+    CentreDialog(alone.Get());
+    EXPECT_EQ(alone.Corner().x, 0); // its middle would begin left of the screen
+    const Window owner(screen_width, 100, 300, 200);
+    const Window dialog(7, 7, wide, 50, owner.Get());
+    CentreDialog(dialog.Get());
+    EXPECT_EQ(dialog.Corner().x, -100); // and here it would end right of it
+    EXPECT_EQ(dialog.Corner().y, 200 - 25);
+}

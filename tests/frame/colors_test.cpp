@@ -37,9 +37,9 @@ TEST(EditColor, ChosenColorComesBackAndCancelGivesTheCurrentOne) {
 
 TEST(EditColor, CustomPartShowsOnRequestAlone) {
     Edit(0, 0, TRUE);
-    EXPECT_EQ(asked.Flags & CC_FULLOPEN, 0u);
+    EXPECT_EQ(asked.Flags, DWORD{CC_RGBINIT | CC_PREVENTFULLOPEN});
     Edit(0, 1, TRUE);
-    EXPECT_EQ(asked.Flags & CC_FULLOPEN, static_cast<DWORD>(CC_FULLOPEN));
+    EXPECT_EQ(asked.Flags, DWORD{CC_RGBINIT | CC_FULLOPEN});
 }
 
 TEST(EditColor, CustomColorsAreSixteenShadesOfGrey) {

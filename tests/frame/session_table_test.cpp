@@ -6,6 +6,7 @@
 #include "run/run.h"
 #include "tests/support/box_owners.h"
 #include "tests/support/message_boxes.h"
+#include "tests/support/tess_program.h"
 #include "tests/support/test_session.h"
 
 namespace {
@@ -33,6 +34,19 @@ TEST(SessionTable, FreedSlotIsTakenAgainAndTheHighMarkStays) {
     tessarine::FreeSession(sessions.open[1]);
     sessions.open.erase(sessions.open.begin() + 1);
     EXPECT_EQ(sessions.Open()->SessionId, 1);
+    EXPECT_EQ(tessarine::session_table.SessionHighMark, high);
+}
+
+TEST(SessionTable, HighMarkStaysWhenTheTopSlotIsFreed) {
+    OpenedSessions sessions;
+    for (int slot = 0; slot < 3; ++slot) ASSERT_EQ(sessions.Open()->SessionId, slot);
+    const int high = tessarine::session_table.SessionHighMark;
+    ASSERT_GE(high, 3);
+    tessarine::FreeRunSession(sessions.open.back());
+    sessions.open.pop_back();
+    EXPECT_EQ(tessarine::session_table.SessionHighMark, high);
+    EXPECT_EQ(tessarine::GetSessionPointer(nullptr, 2), nullptr);
+    EXPECT_EQ(sessions.Open()->SessionId, 2);
     EXPECT_EQ(tessarine::session_table.SessionHighMark, high);
 }
 
@@ -92,6 +106,42 @@ TEST(SessionTable, ChildOfASessionsWindowHasItsParent) {
     EXPECT_EQ(tessarine::RepGetParent(nullptr, session->SessionId), GetDesktopWindow());
     DestroyWindow(window);
     UnregisterClassA("RepClass32", nullptr);
+}
+
+namespace {
+constexpr const char *FOREIGN_TITLE = "a preview of another process";
+}
+
+// What a started copy of this program does.
+TEST(SessionTable, DISABLED_WindowOfThisProcessStandsUntilItIsClosed) {
+    WNDCLASSA window_class{};
+    window_class.lpfnWndProc = DefWindowProcA;
+    window_class.cbWndExtra = 4;
+    window_class.lpszClassName = "RepClass32";
+    RegisterClassA(&window_class);
+    const HWND window = CreateWindowExA(0, "RepClass32", FOREIGN_TITLE, WS_OVERLAPPEDWINDOW, 0, 0,
+                                        90, 90, nullptr, nullptr, nullptr, nullptr);
+    SetWindowLongA(window, 0, 0x1234);
+    ShowWindow(window, SW_SHOW);
+    MSG message;
+    while (IsWindow(window) && GetMessageA(&message, nullptr, 0, 0)) DispatchMessageA(&message);
+}
+
+TEST(SessionTable, WindowOfAnotherProcessHasNoSession) {
+    const TemporaryFolder folder;
+    char program[MAX_PATH];
+    GetModuleFileNameA(nullptr, program, sizeof program);
+    Running other(program,
+                  "--gtest_also_run_disabled_tests "
+                  "--gtest_filter=SessionTable.DISABLED_WindowOfThisProcess*",
+                  folder.Path("LOG"));
+    const HWND window = other.Window("RepClass32");
+    ASSERT_NE(window, nullptr);
+    EXPECT_EQ(tessarine::GetSessionPointer(window, 0), nullptr);
+    EXPECT_EQ(tessarine::RepGetParent(window, 0), nullptr);
+    PostMessageA(window, WM_CLOSE, 0, 0);
+    const Outcome outcome = other.Wait();
+    EXPECT_EQ(outcome.code, 0u) << outcome.output;
 }
 
 TEST(SessionTable, NobodyHasNoParentAndTakesNoCallback) {

@@ -111,7 +111,6 @@ TEST(Text, SearchesTellWhereOrHowLong) {
     EXPECT_EQ(tessarine::FindTextAt("abcabc", "ca"), 2);
     EXPECT_EQ(tessarine::FindTextAt("abc", "x"), 3);
     EXPECT_EQ(tessarine::HasPrefix("SYS->PAGE", "SYS->"), 1);
-    EXPECT_EQ(tessarine::FileLength("C:\\no such file"), -1);
 }
 
 TEST(Text, BlanksAloneAreTrimmed) {
@@ -141,13 +140,6 @@ TEST(Text, CopyIsSafeForOverlaps) {
     EXPECT_STREQ(text, "ababcd");
     tessarine::CopyBytes(text + 2, text, 4);
     EXPECT_STREQ(text, "abcdcd");
-}
-
-TEST(FileLength, IsThatOfTheFile) {
-    const TemporaryFolder folder;
-    WriteWholeFile(folder.Path("A"), "12345");
-    EXPECT_EQ(tessarine::FileLength(folder.Path("A").c_str()), 5);
-    EXPECT_EQ(tessarine::FileLength(folder.Path("B").c_str()), -1);
 }
 
 TEST(DebugMessage, IsShownInABoxWithoutAViewer) {

@@ -85,6 +85,21 @@ TEST_F(DeviceChoice, DiskFileAsksForItsName) {
     EXPECT_FALSE(ReadWholeFile(folder.Path("MADE.FRC")).empty());
 }
 
+TEST_F(DeviceChoice, DiskFileThatStandsUnderItsWholeNameIsReplacedOnConsentAlone) {
+    TemporaryFolder folder;
+    WriteWholeFile(folder.Path("MADE.FRC"), "earlier");
+    Answer(2);
+    int dialogs = 0;
+    boxes.OnDialog("Report File Name Selection", [&](HWND dialog) {
+        SetWindowTextA(FileNameOf(dialog), folder.Path("MADE").c_str());
+        PostMessageA(dialog, WM_COMMAND, ++dialogs == 1 ? IDOK : IDCANCEL, 0);
+    });
+    boxes.Answer(IDNO);
+    EXPECT_EQ(run.Start(), CODE_NO_OUTPUT_FILE);
+    EXPECT_EQ(dialogs, 2);
+    EXPECT_EQ(ReadWholeFile(folder.Path("MADE.FRC")), "earlier");
+}
+
 TEST_F(DeviceChoice, CancelGives2AndCancelOfTheFileName19) {
     Answer(0, IDCANCEL);
     EXPECT_EQ(run.Start(), 2);
@@ -108,5 +123,5 @@ TEST_F(DeviceChoice, HelpIs3015AndItAndOtherNotificationsLeaveTheDialogOpen) {
     EXPECT_EQ(help.calls, 1);
     EXPECT_EQ(help.command, 1u);
     EXPECT_EQ(help.number, 3015u);
-    EXPECT_EQ(help.file, "REP.HLP");
+    EXPECT_EQ(help.file, "REP.HLP>SECOND");
 }

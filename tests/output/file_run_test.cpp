@@ -1,4 +1,6 @@
 // Runs to disk under the user's eyes: dialogs, cancelling, closing message.
+#include <cstring>
+
 #include "tests/support/failing_call.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/visible_run.h"
@@ -41,6 +43,46 @@ TEST_F(RunToDisk, DialogNamesAFileWithoutFoldersWhole) {
     EXPECT_EQ(ItemText(Dialog(), 842), "PLAIN.FRC");
     EXPECT_EQ(run->Finish(), 0);
     SetCurrentDirectoryA(before);
+}
+
+TEST_F(RunToDisk, RelativeNameCountsFromWhereTheRunBegan) {
+    const TemporaryFolder folder;
+    const TemporaryFolder elsewhere;
+    char before[MAX_PATH];
+    GetCurrentDirectoryA(sizeof before, before);
+    SetCurrentDirectoryA(folder.Root().c_str());
+    output = "PLAIN.FRC";
+    EXPECT_EQ(Start('F'), 0);
+    SetCurrentDirectoryA(elsewhere.Root().c_str());
+    EXPECT_EQ(Feed(6), 0);
+    EXPECT_EQ(run->Finish(), 0);
+    SetCurrentDirectoryA(before);
+    EXPECT_EQ(PagesOf(ReadWholeFile(folder.Path("PLAIN.FRC"))).size(), 2u);
+    EXPECT_EQ(GetFileAttributesA(elsewhere.Path("PLAIN.FRC").c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(RunToDisk, OutputThatIsTheFormIsRefusedHoweverItIsSpelled) {
+    run = std::make_unique<ReportRun>(ListForm());
+    const std::string form = run->params.FormFile;
+    const std::string bytes = ReadWholeFile(form);
+    const std::string folder = form.substr(0, form.rfind('\\'));
+    const std::string name = form.substr(folder.size() + 1);
+    for (const std::string &path : {form, folder + "\\.\\" + name, folder + "\\form.fp"}) {
+        boxes.Clear();
+        std::strcpy(run->params.OutputFile, path.c_str());
+        EXPECT_EQ(run->Start(), CODE_NO_OUTPUT_FILE) << path;
+        EXPECT_EQ(boxes.Log(),
+                  (std::vector<BoxRecord>{{"", "The output file is the form file!", {IDOK}}}));
+        EXPECT_EQ(ReadWholeFile(form), bytes);
+    }
+}
+
+TEST_F(RunToDisk, CancelAheadOfAnyPageLeavesNoHalfWrittenReport) {
+    ASSERT_EQ(Start('F'), 0);
+    ASSERT_EQ(Feed(2), 0);
+    SendMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+    EXPECT_EQ(run->Finish(), 0);
+    EXPECT_EQ(GetFileAttributesA(run->params.OutputFile), INVALID_FILE_ATTRIBUTES);
 }
 
 TEST_F(RunToDisk, CancelBehindTheLastPageEndComesTooLate) {
@@ -89,7 +131,6 @@ TEST_F(RunToDisk, CancelInTheClosingSectionsLeavesAValidFileToo) {
     ASSERT_EQ(Feed(4), 0);
     PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
     EXPECT_EQ(run->Finish(), CODE_CANCELLED);
-    EXPECT_EQ(run->Finish(), 0);
     EXPECT_FALSE(Open());
     const std::string report = run->Report();
     ASSERT_EQ(+HeaderOf(report).PageCount, 1);

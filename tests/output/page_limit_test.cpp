@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "frame/windows.h"
+#include "frame/session_table.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/report_run.h"
@@ -33,11 +33,19 @@ TEST(PageLimit, FiveThousandPagesSucceed) {
     EXPECT_EQ(PagesOf(run.Report()).size(), static_cast<size_t>(MAX_SCR_PAGES));
 }
 
+// A further record ends the page while the run still stands.
 TEST(PageLimit, PageAfterThemStopsWithItsMessageBehindItsBytes) {
     MessageBoxes boxes;
     ReportRun run{PageForm{}};
-    EXPECT_EQ(RunPages(&run, MAX_SCR_PAGES + 1), CODE_FILE);
+    EXPECT_EQ(RunPages(&run, MAX_SCR_PAGES + 2), CODE_FILE);
     EXPECT_EQ(boxes.LastText(), "PageCount exceeding MAX_SCR_PAGES (TransferMetaFile)");
     EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
-    EXPECT_GT(run.Report().size(), 5000u * 100u);
+    const Session *session = tessarine::GetSessionPointer(nullptr, run.params.SessionId);
+    ASSERT_NE(session, nullptr);
+    const uint32_t *table = session->pages.PageTable;
+    const size_t page = table[MAX_SCR_PAGES] - table[MAX_SCR_PAGES - 1]; // all are alike
+    const std::string report = run.Report();
+    ASSERT_EQ(report.size(), table[MAX_SCR_PAGES] + page);
+    EXPECT_EQ(report.substr(table[MAX_SCR_PAGES]), report.substr(table[MAX_SCR_PAGES - 1], page));
+    EXPECT_EQ(run.Finish(), CODE_FILE);
 }

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "frame/boundary.h"
+#include "frame/files.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
@@ -161,6 +162,7 @@ TEST_F(PageStore, EmptyHeaderTellsWhatFailedAndEndsNothing) {
     const FailingCall full("WriteFile", WriteFile, FALSE);
     EXPECT_EQ(WriteEmptyHeader(session, folder.Path("OUT.FRC").c_str()), 0);
     EXPECT_EQ(Last(), Plain("Error writing to the output file(WriteEmptyHeader)"));
+    EXPECT_FALSE(FileStands(folder.Path("OUT.FRC").c_str()));
 }
 
 TEST_F(PageStore, HeaderAndTableTellWhichFileCouldNotBeOpened) {
@@ -250,6 +252,31 @@ TEST_F(PageStore, HeaderHoldsTheMeasuresOfPagePaperAndLabelSheet) {
     EXPECT_EQ(bytes.substr(777), std::string(reinterpret_cast<const char *>(table), sizeof table));
 }
 
+TEST_F(PageStore, TableBeyondTwoGigabytesIsWrittenAndFound) {
+    constexpr uint32_t DISTANT = 0x90000000;
+    session->run.PageCount = 1;
+    session->pages.PageTable[0] = 490;
+    session->pages.PageTable[1] = DISTANT;
+    const std::string path = folder.Path("LONG.FRC");
+    ASSERT_EQ(Finish(path), 0) << boxes.LastText();
+    EXPECT_EQ(FileLength(path.c_str()), int64_t{DISTANT} + 8);
+    session->pages.PageTable[1] = 0;
+    ASSERT_EQ(ReadReportHeader(session, path.c_str()), 1) << boxes.LastText();
+    ASSERT_EQ(ReadPageTable(session, path.c_str()), 1) << boxes.LastText();
+    EXPECT_EQ(session->pages.PageTable[1], DISTANT);
+}
+
+TEST_F(PageStore, PageThatWouldEndBeyondWhatTheTableTellsIsFatal) {
+    std::strcpy(session->pages.TransferPath, folder.Path("PAGE.MFT").c_str());
+    std::strcpy(session->pages.ReportPath, folder.Path("OUT.FRC").c_str());
+    StartRecorder(session, "");
+    session->run.PageCount = 2;
+    session->pages.PageTable[1] = UINT32_MAX - 10;
+    EXPECT_EQ(Code([&] { TransferMetaFile(session); }), CODE_FILE);
+    EXPECT_EQ(Last(), Fatal("Error seeking the output file(CopyFileData)"));
+    EXPECT_FALSE(FileStands(session->pages.ReportPath));
+}
+
 TEST_F(PageStore, ReportHeaderThatCannotBeReadTellsWhy) {
     const auto read = [&](const std::string &path) {
         return ReadReportHeader(session, path.c_str());
@@ -275,8 +302,13 @@ TEST_F(PageStore, PageTableThatCannotBeReadTellsWhy) {
     EXPECT_EQ(Last(), Plain("Error opening the report file(ReadPageTable)"));
     const std::string table("\xEA\1\0\0", 4);
     const std::string path = Put("FILE", std::string(490, '\0') + table);
+    {
+        const FailingCall seek("SetFilePointerEx", SetFilePointerEx, FALSE);
+        EXPECT_EQ(read(path, 490, 0), 0);
+        EXPECT_EQ(Last(), Plain("Error positioning at the page table(ReadPageTable)"));
+    }
     EXPECT_EQ(read(path, -1, 0), 0);
-    EXPECT_EQ(Last(), Plain("Error positioning at the page table(ReadPageTable)"));
+    EXPECT_EQ(Last(), Plain("Error reading the page table(ReadPageTable)"));
     for (const int32_t count : {1, -1, MAX_SCR_PAGES + 1}) {
         boxes.Clear();
         EXPECT_EQ(read(path, 490, count), 0) << count;

@@ -1,5 +1,7 @@
 #include <cstring>
 
+#include "frame/files.h"
+#include "frame/owned.h"
 #include "frame/session_table.h"
 #include "rep_dlg.h"
 #include "tests/support/failing_call.h"
@@ -158,6 +160,62 @@ TEST_F(PreviewCommands, SavedReportOfTheOtherFormatGetsItsEnding) {
     Save(folder.Path("PLAIN"));
     tessarine::frc_format = 1;
     EXPECT_EQ(ReadWholeFile(folder.Path("PLAIN.FR")), ReadWholeFile(session->pages.ReportPath));
+}
+
+TEST_F(PreviewCommands, SaveAsksBeforeItReplacesTheNameWithItsEnding) {
+    Finish(2);
+    for (const char *name : {"PLAIN", "a.report"}) { // whose ending is too long for one
+        const std::string whole = folder.Path(name) + ".FRC";
+        WriteWholeFile(whole, "earlier");
+        boxes.Clear();
+        boxes.Answer(IDYES);
+        Save(folder.Path(name));
+        EXPECT_EQ(boxes.Texts(),
+                  std::vector<std::string>{whole + " already exists.\nDo you want to replace it?"});
+        EXPECT_EQ(ReadWholeFile(whole), ReadWholeFile(session->pages.ReportPath));
+    }
+}
+
+TEST_F(PreviewCommands, SaveThatMayNotReplaceAsksForAnotherName) {
+    Finish(2);
+    const std::string whole = folder.Path("PLAIN.FRC");
+    WriteWholeFile(whole, "earlier");
+    int dialogs = 0;
+    boxes.OnDialog(SAVE_TITLE, [&](HWND dialog) {
+        SetWindowTextA(FileNameOf(dialog), folder.Path("PLAIN").c_str());
+        PostMessageA(dialog, WM_COMMAND, ++dialogs == 1 ? IDOK : IDCANCEL, 0);
+    });
+    boxes.Answer(IDNO);
+    Command(624);
+    EXPECT_EQ(dialogs, 2);
+    EXPECT_EQ(ReadWholeFile(whole), "earlier");
+}
+
+TEST_F(PreviewCommands, SaveOfAReportBeyondTwoGigabytesCopiesIt) {
+    Finish(2);
+    {
+        const tessarine::OwnedFile report(CreateFileA(session->pages.ReportPath, GENERIC_WRITE, 0,
+                                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
+                                                      nullptr));
+        ASSERT_TRUE(tessarine::SeekTo(report.Get(), 3LL << 30));
+        ASSERT_TRUE(SetEndOfFile(report.Get()));
+    }
+    const std::string path = folder.Path("LONG.FRC");
+    const FailingCall writes("WriteFile", WriteFile, FALSE, 3); // the third block is enough
+    Save(path);
+    EXPECT_EQ(writes.Seen(), 3);
+    EXPECT_EQ(boxes.LastText(), "Error writing the output file(CopyFileData a)");
+    EXPECT_FALSE(tessarine::FileStands(path.c_str()));
+}
+
+TEST_F(PreviewCommands, SaveOntoALinkToThePreviewsOwnFileWritesNothing) {
+    Finish(2);
+    const std::string link = folder.Path("LINK.FRC");
+    ASSERT_TRUE(CreateHardLinkA(link.c_str(), session->pages.ReportPath, nullptr));
+    boxes.Answer(IDYES); // replace the file
+    const FailingCall writes("WriteFile", WriteFile, FALSE, 1, NEVER);
+    Save(link);
+    EXPECT_EQ(writes.Seen(), 0);
 }
 
 namespace {

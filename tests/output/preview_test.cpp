@@ -38,6 +38,15 @@ protected:
 
 } // namespace
 
+TEST(PreviewProcedure, NoWindowIsNoSessions) {
+    const BareSession session;
+    Session *first = tessarine::GetSessionPointer(nullptr, 0); // of the slot that 0 would name
+    ASSERT_NE(first, nullptr);
+    const int32_t before = first->run.CancelState;
+    tessarine::RepWndProc(nullptr, WM_CLOSE, 0, 0);
+    EXPECT_EQ(first->run.CancelState, before);
+}
+
 // ---- the window and its menu -------------------------------------------------------------------
 
 TEST_F(Preview, WindowHasItsClassTitleBarsAndTheMenuInItsOrder) {

@@ -1,8 +1,11 @@
 // Runs to the printer under the user's eyes: dialogs, cancelling, closing message.
+#include <algorithm>
 #include <cstring>
 
+#include "device/printer.h"
 #include "frame/memory.h"
 #include "output/print_job.h"
+#include "run/run.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/no_printers.h"
 #include "tests/support/printer_calls.h"
@@ -39,6 +42,50 @@ TEST_F(RunToPrinter, JobStartsAtTheFirstRecordWithDialogAndDisabledOwner) {
     const RunState &state = session->run;
     EXPECT_EQ(session->view.ViewWidth, state.PageWidthUnits + state.LeftOrigin + state.RightOrigin);
     EXPECT_EQ(run->Finish(), 0);
+}
+
+namespace {
+std::vector<std::pair<HDC, std::string>> contexts; // with the printer that each was asked of
+decltype(&CreateDCA) real_create;
+HDC WINAPI NoteContext(LPCSTR driver, LPCSTR device, LPCSTR port, const DEVMODEA *mode) {
+    // The settings tell the run's own printer from the host's, which is the same one here.
+    const HDC context = real_create(driver, device, port, mode);
+    contexts.emplace_back(context, mode && mode->dmCopies == 9 ? "host's" : "form's");
+    return context;
+}
+} // namespace
+
+TEST_F(RunToPrinter, PrinterThatTheHostGivesIsTheOneThatPrints) {
+    ASSERT_EQ(Start('P'), 0) << boxes.LastText();
+    const HGLOBAL names = GetDevNames(session);
+    const HGLOBAL mode = GetDevMode(session);
+    EXPECT_EQ(run->Finish(), 0);
+    static_cast<DEVMODEA *>(GlobalLock(mode))->dmCopies = 9;
+    GlobalUnlock(mode);
+    run = std::make_unique<ReportRun>(ListForm());
+    run->params.Device = 'P';
+    contexts.clear();
+    real_create = reinterpret_cast<decltype(&CreateDCA)>(
+        ReplaceImport("CreateDCA", reinterpret_cast<void *>(NoteContext)));
+    const int objects = CountGdiObjects();
+    EXPECT_EQ(RepInit(&run->params, 0, names, mode), 0) << boxes.LastText();
+    ReplaceImport("CreateDCA", reinterpret_cast<void *>(real_create));
+    session = GetSessionPointer(nullptr, run->params.SessionId);
+    const HDC device = session->device.OutputDevice;
+    // A deleted context's number may be given out again, so the last one of it counts.
+    const auto noted = std::find_if(contexts.rbegin(), contexts.rend(),
+                                    [&](const auto &context) { return context.first == device; });
+    ASSERT_NE(noted, contexts.rend());
+    EXPECT_EQ(noted->second, "host's");
+    EXPECT_EQ(GetMapMode(device), MM_ANISOTROPIC);
+    std::vector<HDC> used;
+    calls.Before("StartPage", [&](HDC page) { used.push_back(page); });
+    EXPECT_EQ(run->Feed({{"NAME", "record"}}), 0);
+    EXPECT_EQ(used, std::vector<HDC>{device});
+    EXPECT_EQ(run->Finish(), 0);
+    EXPECT_LE(CountGdiObjects(), objects);
+    GlobalFree(names);
+    GlobalFree(mode);
 }
 
 TEST_F(RunToPrinter, PagesComeInPairsAndTheDialogFollows) {
@@ -160,8 +207,8 @@ TEST_F(RunToPrinter, CancelWhileTheClosingSectionsBreakThePageGives5FromTheEnd) 
     ASSERT_EQ(Feed(4), 0);
     PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
     EXPECT_EQ(run->Finish(), CODE_CANCELLED);
-    EXPECT_TRUE(Open());
-    EXPECT_EQ(run->Finish(), 0);
+    EXPECT_FALSE(Open());
+    EXPECT_EQ(run->Finish(), CODE_NO_SESSION);
     EXPECT_FALSE(Open());
     EXPECT_TRUE(boxes.Log().empty());
     EXPECT_TRUE(IsWindowEnabled(host.Get()));

@@ -120,6 +120,13 @@ TEST_F(Progress, EachDialogStandsInTheMiddleWithTheFocusOnCancel) {
     }
 }
 
+TEST_F(Progress, NamesShowTheirAmpersands) {
+    for (const auto &[name, procedure] : dialogs) {
+        const HWND shown = GetDlgItem(Show(name, procedure), PROGRESS_DEVICE);
+        EXPECT_TRUE(GetWindowLongA(shown, GWL_STYLE) & SS_NOPREFIX) << name;
+    }
+}
+
 // ---- Cancel ------------------------------------------------------------------------------------
 
 TEST_F(Progress, CancelInTheDialogOfARunToThePrinterChangesNothingVisible) {

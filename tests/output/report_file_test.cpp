@@ -167,31 +167,3 @@ TEST(SavedReport, DamagedCountsAndTablesAreRefused) {
     EXPECT_FALSE(view.Show(1));
     EXPECT_EQ(boxes.LastText(), "Invalid Report File!");
 }
-
-TEST(PageFiles, TwoSessionsOfTheSameSecondHaveNamesOfTheirOwn) {
-    TemporaryFolder folder;
-    BareSession first;
-    BareSession second;
-    for (Session *session : {static_cast<Session *>(first), static_cast<Session *>(second)}) {
-        std::strcpy(session->RunBlock.TempDir, folder.Root().c_str());
-        std::strcpy(session->run.TimeText, "14:05:33");
-        session->run.OutputToScreen = 1;
-        tessarine::MakePageFileNames(session);
-    }
-    EXPECT_EQ(std::string(first->pages.ReportPath), folder.Path("14R05R33.MF"));
-    EXPECT_EQ(std::string(first->pages.TransferPath), folder.Path("14R05R33.MFT"));
-    EXPECT_STRNE(first->pages.ReportPath, second->pages.ReportPath);
-}
-
-TEST(PageFiles, NameWhoseReportStandsIsTakenThoughItsScratchIsGone) {
-    TemporaryFolder folder;
-    WriteWholeFile(folder.Path("14R05R33.MF"), "pages of another");
-    BareSession session;
-    std::strcpy(session->RunBlock.TempDir, folder.Root().c_str());
-    std::strcpy(session->run.TimeText, "14:05:33");
-    session->run.OutputToScreen = 1;
-    tessarine::MakePageFileNames(session);
-    EXPECT_EQ(std::string(session->pages.ReportPath), folder.Path("14S05R33.MF"));
-    tessarine::DeletePageFiles(session);
-    EXPECT_EQ(ReadWholeFile(folder.Path("14R05R33.MF")), "pages of another");
-}

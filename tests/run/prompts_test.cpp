@@ -243,6 +243,19 @@ TEST(Prompts, HelpIs3016AndTheDialogStays) {
     EXPECT_EQ(help.number, 3016u);
 }
 
+TEST(Prompts, PromptShowsItsAmpersands) {
+    AskingForm form;
+    form.Ask("X", TYPE_TEXT, 0);
+    MessageBoxes boxes;
+    LONG style = 0;
+    boxes.OnDialog("User Field Prompt", [&](HWND dialog) {
+        style = GetWindowLongA(GetDlgItem(dialog, PROMPT), GWL_STYLE);
+        PostMessageA(dialog, WM_COMMAND, PREVIOUS, 0);
+    });
+    EXPECT_EQ(ReportRun(form).Start(), CODE_CANCELLED);
+    EXPECT_TRUE(style & SS_NOPREFIX);
+}
+
 // Its top is counted from the window's frame, but set from the client area.
 TEST(Prompts, InputIsAsWideAsItsFieldAndStandsInTheMiddleWithTheFocus) {
     for (const int width : {3, 20, 500}) {

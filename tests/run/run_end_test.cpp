@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "frame/files.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
@@ -118,6 +119,75 @@ TEST(RunEnd, FailureInTheClosingSectionsGivesItsCodeOnceAndTheSessionIsReleased)
     EXPECT_EQ(run.page_count, -1);
     EXPECT_EQ(tessarine::GetSessionPointer(nullptr, slot), nullptr);
     EXPECT_EQ(run.Finish(), CODE_NO_SESSION);
+    EXPECT_FALSE(tessarine::FileStands(run.params.OutputFile)); // half-written
+}
+
+namespace {
+
+// How many files a finished page or the end of the report leaves in the run's folder beside its
+// form.
+int FilesBeside(const ReportRun &run) {
+    const std::string form = run.params.FormFile;
+    const std::string pattern = form.substr(0, form.rfind('\\')) + "\\*";
+    WIN32_FIND_DATAA found{};
+    const HANDLE search = FindFirstFileA(pattern.c_str(), &found);
+    int files = -1;
+    do {
+        files += !(found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY);
+    } while (FindNextFileA(search, &found));
+    FindClose(search);
+    return files;
+}
+
+} // namespace
+
+TEST(RunEnd, FullDiskIsToldOnceAndNothingOfTheRunIsLeft) {
+    MessageBoxes boxes;
+    for (const char device : {'F', 'S'}) {
+        ReportRun run{OneLine{2400}}; // a record a page
+        run.params.Device = device;
+        run.params.Silent = 0;
+        run.params.WindowStyle = WS_OVERLAPPEDWINDOW;
+        const int sessions = OpenSessions();
+        ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+        boxes.OnDialog("Printing to File...", [](HWND) {});
+        boxes.Clear();
+        const HWND window =
+            tessarine::GetSessionPointer(nullptr, run.params.SessionId)->device.Window;
+        const FailingCall full("CopyMetaFileA", CopyMetaFileA, nullptr, 2, EVERY_CALL);
+        int code = 0;
+        for (int record = 0; record < 5 && !code; ++record) code = run.Feed({{"NAME", "a"}});
+        EXPECT_EQ(code, CODE_FILE);
+        EXPECT_EQ(run.Finish(), CODE_FILE);
+        EXPECT_EQ(boxes.Texts(), Lines{"Error Copying Meta File(TransferMetaFile)"});
+        EXPECT_EQ(run.Finish(), CODE_NO_SESSION);
+        if (device == 'S') SendMessageA(window, WM_CLOSE, 0, 0); // its whole pages could be read
+        EXPECT_EQ(OpenSessions(), sessions);
+        EXPECT_FALSE(IsWindow(window));
+        EXPECT_EQ(FilesBeside(run), 0) << device;
+    }
+}
+
+TEST(RunEnd, DiskThatIsFullAtTheEndAloneEndsTheRunToo) {
+    MessageBoxes boxes;
+    for (const char device : {'F', 'S'}) {
+        ReportRun run{OneLine{}};
+        run.params.Device = device;
+        run.params.WindowStyle = WS_OVERLAPPEDWINDOW;
+        ASSERT_EQ(run.Start(), 0) << boxes.LastText();
+        ASSERT_EQ(run.Feed({{"NAME", "a"}}), 0);
+        boxes.Clear();
+        {
+            const FailingCall full("WriteFile", WriteFile, FALSE, 1, EVERY_CALL);
+            EXPECT_EQ(run.Finish(), CODE_FILE);
+        }
+        EXPECT_EQ(boxes.Texts(), Lines{"Error writing the output file(CopyFileData a)"});
+        const Session *preview = tessarine::GetSessionPointer(nullptr, run.params.SessionId);
+        EXPECT_EQ(preview != nullptr, device == 'S');
+        if (preview) SendMessageA(preview->device.Window, WM_CLOSE, 0, 0);
+        EXPECT_EQ(tessarine::GetSessionPointer(nullptr, run.params.SessionId), nullptr);
+        EXPECT_EQ(FilesBeside(run), 0) << device;
+    }
 }
 
 TEST(RunEnd, NoSectionClosesAReportWithoutRecords) {

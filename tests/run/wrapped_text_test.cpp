@@ -498,3 +498,113 @@ TEST_F(SpilledText, TextThatIsComputedAnewOnTheWayIsReadAnew) {
     PrintSection(session, SECTION_DETAIL_1, 0);
     EXPECT_EQ(Marks(), (Lines{"100 page head", "150 title"}));
 }
+
+// ---- over the page's end in a row across ----
+
+namespace {
+
+// Two lines of a row's long text fit on the first page. The pitch of the columns is 500.
+class SpilledRow : public SpilledText {
+protected:
+    void Across(int columns) {
+        item_ = &Wrapped(SECTION_DETAIL_1, "", 100, GROWS);
+        session->form.Sections[SECTION_DETAIL_1].Across = static_cast<int16_t>(columns);
+        Band(SECTION_PAGE_FOOTER, 50, "page foot");
+        Band(SECTION_SORT_FOOTER_1, 50, "total");
+    }
+    void Print(const std::string &text) {
+        std::strcpy(Field(item_->FieldIndex).TextValue, text.c_str());
+        PrintSection(session, SECTION_DETAIL_1, 0);
+    }
+    // What stands in the second column.
+    Lines SecondColumn() { return LinesWith(Drawing(), {"text 560,"}); }
+
+private:
+    ItemRecord *item_ = nullptr;
+};
+
+const Lines first_page = {"900 aaaa", "940 bbbb", "1000 page foot"};
+
+} // namespace
+
+TEST_F(SpilledRow, NextColumnsStandBesideTheRestOfTheText) {
+    Across(3);
+    Print(four_lines);
+    EXPECT_EQ(PageMarks(0), first_page);
+    Print("ee");
+    Print("ff");
+    EXPECT_EQ(Marks(),
+              (Lines{"100 page head", "150 title", "200 cccc", "240 dddd", "200 ee", "200 ff"}));
+    Print("gg");
+    EXPECT_EQ(Marks(), Lines{"300 gg"}); // the row had a row's whole place
+}
+
+TEST_F(SpilledRow, TextGoesOnInItsOwnColumn) {
+    Across(2);
+    Print("ee");
+    Print(four_lines);
+    EXPECT_EQ(PageMarks(0), (Lines{"900 ee", "900 aaaa", "940 bbbb", "1000 page foot"}));
+    EXPECT_EQ(SecondColumn(), (Lines{"text 560,200 cccc", "text 560,240 dddd"}));
+    Print("gg");
+    EXPECT_EQ(Marks(), Lines{"300 gg"});
+}
+
+TEST_F(SpilledRow, MiddleColumnLeavesThePlaceOfTheLast) {
+    Across(3);
+    Print("ee");
+    Print(four_lines);
+    Print("ff");
+    EXPECT_EQ(PageMarks(0), (Lines{"900 ee", "900 aaaa", "940 bbbb", "1000 page foot"}));
+    EXPECT_EQ(Marks(), (Lines{"100 page head", "150 title", "200 cccc", "240 dddd", "200 ff"}));
+    EXPECT_EQ(run.AcrossIndex, 0);
+    EXPECT_EQ(run.CurrentY, 300);
+}
+
+TEST_F(SpilledRow, EachColumnMayTurnAPageOfItsOwn) {
+    Across(2);
+    run.BodyBottom = 280; // two lines below the titles
+    run.CurrentY = 200;
+    session->form.Sections[SECTION_DETAIL_1].SectionHeight = 80;
+    Print("aaaa bbbb cccc");
+    Print("dddd eeee ffff");
+    EXPECT_EQ(PageMarks(0), (Lines{"200 aaaa", "240 bbbb", "280 page foot"}));
+    EXPECT_EQ(PageMarks(1), (Lines{"100 page head", "150 title", "200 cccc", "200 dddd", "240 eeee",
+                                   "280 page foot"}));
+    EXPECT_EQ(Marks(), (Lines{"100 page head", "150 title", "200 ffff"}));
+}
+
+TEST_F(SpilledRow, SectionThatInterruptsTheRowStandsBelowTheText) {
+    Across(3);
+    Print("ee");
+    Print(four_lines + " gggg hhhh");
+    PrintSection(session, SECTION_SORT_FOOTER_1, 0);
+    EXPECT_EQ(Marks(), (Lines{"100 page head", "150 title", "200 cccc", "240 dddd", "280 gggg",
+                              "320 hhhh", "360 total"}));
+}
+
+TEST_F(SpilledRow, CompressedRowEndsBelowItsLongestText) {
+    Across(2);
+    session->form.Sections[SECTION_DETAIL_1].SectionFlags = SECTION_COMPRESS_AFTER;
+    Print("ee");
+    Print(four_lines);
+    EXPECT_EQ(run.CurrentY, 280);
+}
+
+TEST_F(SpilledRow, LabelsBehindALongOneKeepTheirPlacesOnTheNextSheet) {
+    Across(2);
+    session->LabelMode = 1;
+    Print(four_lines);
+    Print("ee");
+    Print("ff");
+    Print("gg");
+    EXPECT_EQ(PageMarks(0), first_page);
+    EXPECT_EQ(Marks(), (Lines{"100 page head", "150 title", "200 cccc", "240 dddd", "200 ee",
+                              "300 ff", "300 gg"}));
+}
+
+TEST_F(SpilledRow, OneColumnGivesItsPlaceBack) {
+    Across(1);
+    Print(four_lines);
+    Print("ee");
+    EXPECT_EQ(Marks(), (Lines{"100 page head", "150 title", "200 cccc", "240 dddd", "280 ee"}));
+}

@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "frame/memory.h"
 #include "frame/session_table.h"
 #include "tests/support/form_session.h"
 
@@ -43,6 +44,33 @@ TEST_F(CloseSessionTest, CancelLeavesTheDesignerAliveAndTellsTheHost) {
     EXPECT_TRUE(Stands());
     EXPECT_EQ(host.Count(MESSAGE_NO_RESULT), 1);
     EXPECT_EQ(host.Count(MESSAGE_SESSION_ENDED), 0);
+}
+
+TEST_F(CloseSessionTest, CancelAndAFailedSaveReleaseNothing) {
+    ASSERT_EQ(StartOn(form), 0);
+    for (const int answer : {IDCANCEL, IDYES}) {
+        Modify("Sales");
+        session->FormBlock.DesignerOpen = 1;
+        edit_allowed = answer == IDCANCEL; // a save is refused
+        const HANDLE lock = session->form.FormLock;
+        const int blocks = LiveBlocks();
+        boxes.Answer(answer);
+        CloseSession(session);
+        EXPECT_EQ(LiveBlocks(), blocks);
+        EXPECT_EQ(session->form.FormModified, 1u);
+        EXPECT_EQ(session->FormBlock.DesignerOpen, 1u);
+        EXPECT_EQ(session->IgnoreMessages, 0u);
+        EXPECT_EQ(session->form.FormLock, lock);
+        DWORD flags = 0;
+        EXPECT_TRUE(lock != INVALID_HANDLE_VALUE && GetHandleInformation(lock, &flags));
+        EXPECT_NE(session->printer.DevMode, nullptr);
+        EXPECT_GT(GetDeviceCaps(session->printer.InfoDevice, LOGPIXELSX), 0);
+        EXPECT_GT(GetDeviceCaps(session->device.ScreenDC, LOGPIXELSX), 0);
+        EXPECT_GT(GetDeviceCaps(session->device.MemoryDC, LOGPIXELSX), 0);
+        EXPECT_EQ(GetObjectType(session->device.SolidPen), DWORD{OBJ_PEN});
+        EXPECT_EQ(GetObjectType(session->form.Fonts[0].Font), DWORD{OBJ_FONT});
+        EXPECT_TRUE(IsWindow(session->device.Window));
+    }
 }
 
 TEST_F(CloseSessionTest, FormWithoutANameIsCalledUntitled) {

@@ -1,14 +1,9 @@
 #include "tests/support/preview_run.h"
 
-namespace {
-
-// The edit control or the combo box of a file dialog, as the system has it.
 HWND FileNameOf(HWND dialog) {
     const HWND edit = GetDlgItem(dialog, 0x480);
     return edit ? edit : GetDlgItem(dialog, 0x47C);
 }
-
-} // namespace
 
 FiveAPage::FiveAPage() {
     const int name = Field(FIELD_DATA, "NAME", TYPE_TEXT);

@@ -10,6 +10,9 @@
 
 constexpr int FILE_NAME = -1; // in place of a control: where a file dialog takes the name
 
+// The edit control or the combo box of a file dialog, as the system has it.
+HWND FileNameOf(HWND dialog);
+
 // A list of five records a page.
 struct FiveAPage : FormBuilder {
     FiveAPage();
