@@ -97,11 +97,11 @@ HANDLE OpenFinishedFile(Session *session, const char *path) {
 }
 
 // The file dialog has asked about the name as it was typed.
-bool MayReplace(const Session *session, const char *path, const char *title) {
+bool MayReplace(const Session *session, const char *path) {
     char text[MAX_PATH + 60];
     std::snprintf(text, sizeof text, "%s already exists.\nDo you want to replace it?", path);
     const HWND owner = session->device.Window ? session->device.Window : session->ParentWindow;
-    return ShowBox(owner, text, title, MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;
+    return ShowBox(owner, text, "Replace File", MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;
 }
 
 int Refuse(const char *text) {
@@ -135,7 +135,7 @@ bool AskReportName(Session *session, char *name, size_t size, const char *title)
         if (!AskFileName(session, name, ReportFileFilter(), title, true) || !*name) return false;
         if (HasFileEnding(name)) return true;
         AddFileEnding(name, frc_format ? ".FRC" : ".FR", size);
-    } while (FileStands(name) && !MayReplace(session, name, title));
+    } while (FileStands(name) && !MayReplace(session, name));
     return true;
 }
 
