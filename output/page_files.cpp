@@ -1,7 +1,6 @@
 #include "output/page_files.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstdio>
 #include <cstring>
 #include <initializer_list>
@@ -78,7 +77,7 @@ void ClaimName(PageStoreState *pages, const char *directory, char (&base)[BASE_L
 
 bool IsPageFileName(const char *name) {
     for (const int place : {0, 1, 3, 4, 6, 7})
-        if (!std::isdigit(static_cast<unsigned char>(name[place]))) return false;
+        if (!IsDigit(name[place])) return false;
     const auto is_ending = [&](const char *ending) {
         return !lstrcmpiA(name + BASE_LENGTH, ending);
     };
