@@ -132,19 +132,4 @@ int RestoreBitmap(Session *session, HDC device, int number) {
     return 1;
 }
 
-int ReadRepLogbrush(const RepLogbrush *packed, LOGBRUSH *brush) {
-    brush->lbStyle = packed->Style;
-    brush->lbColor = packed->Color;
-    brush->lbHatch = static_cast<ULONG_PTR>(packed->Hatch);
-    return 1;
-}
-
-int WriteRepLogbrush(const LOGBRUSH *brush, RepLogbrush *packed) {
-    packed->Color = brush->lbColor;
-    const auto hatch = static_cast<LONG_PTR>(brush->lbHatch);
-    if (brush->lbStyle <= UINT16_MAX) packed->Style = static_cast<uint16_t>(brush->lbStyle);
-    if (hatch >= INT16_MIN && hatch <= INT16_MAX) packed->Hatch = static_cast<int16_t>(hatch);
-    return brush->lbStyle <= UINT16_MAX && hatch >= INT16_MIN && hatch <= INT16_MAX;
-}
-
 } // namespace tessarine

@@ -1,13 +1,11 @@
-// Pictures of a form, and packed brushes.
+// Pictures of a form.
 #pragma once
 
 #include "frame/session.h"
 
 namespace tessarine {
 
-int StoreBitmap(Session *session, HBITMAP bitmap);                // the row or -1 after a message
-int RestoreBitmap(Session *session, HDC device, int row);         // 1 or 0 after a message
-int ReadRepLogbrush(const RepLogbrush *packed, LOGBRUSH *brush);  // 1
-int WriteRepLogbrush(const LOGBRUSH *brush, RepLogbrush *packed); // 0: doesn't fit 16 bits
+int StoreBitmap(Session *session, HBITMAP bitmap);        // the row or -1 after a message
+int RestoreBitmap(Session *session, HDC device, int row); // 1 or 0 after a message
 
 } // namespace tessarine

@@ -5,6 +5,7 @@
 #include "format/postnet.h"
 #include "frame/text.h"
 #include "frame/text_measure.h"
+#include "paint/text_place.h"
 #include "run/items.h"
 #include "run/text_extent.h"
 #include "run/text_items.h"
@@ -14,7 +15,6 @@ namespace tessarine {
 
 namespace {
 
-constexpr int TEXT_INSET = 10; // form units
 constexpr size_t TEXT_SIZE = 301;
 constexpr int POSTNET_LIMIT = 300;
 
@@ -133,7 +133,7 @@ void Draw(const Session *session, HDC device, const ItemRecord &item, const Fiel
     const RECT place = ItemRectangle(session, item);
     const int x = PlaceAcross(item, place, text, size.cx + text.extra);
     const int y = TextTop(item, place, size.cy);
-    SelectTextStyle(session, device, item, text.font);
+    SelectTextStyle(device, session->form.Fonts[text.font], item.TextColor);
     if (*text.shown)
         ExtTextOutA(device, x, y, ETO_CLIPPED, &place, text.shown,
                     static_cast<UINT>(Length(text.shown)), nullptr);

@@ -2,14 +2,13 @@
 
 #include <algorithm>
 
-#include "run/shapes.h"
+#include "paint/shapes.h"
+#include "run/shape_items.h"
 #include "run/text_items.h"
 
 namespace tessarine {
 
 namespace {
-
-constexpr int OUTLINE_INSET = 10; // form units
 
 struct PainterRow {
     int item_type;
@@ -39,13 +38,8 @@ void RaiseRowBottom(Session *session, const ItemRecord &item) {
 void PrintItem(Session *session, HDC device, int row) {
     const ItemRecord &item = session->form.Items[row];
     const RECT rectangle = ItemRectangle(session, item);
-    RECT outline = rectangle;
-    if (item.ItemType != ITEM_BAR) {
-        outline.left -= OUTLINE_INSET;
-        outline.right += OUTLINE_INSET;
-    }
     PaintBackground(device, item, rectangle);
-    PrintOutline(session, device, row, outline);
+    PrintOutline(device, item, rectangle);
     for (const PainterRow &painter : painters)
         if (painter.item_type == item.ItemType) painter.paint(session, device, row);
 }

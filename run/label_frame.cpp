@@ -1,7 +1,8 @@
 #include "frame/mapping.h"
 #include "frame/owned.h"
+#include "paint/shapes.h"
 #include "run/sections.h"
-#include "run/shapes.h"
+#include "run/shape_items.h"
 
 namespace tessarine {
 
@@ -56,12 +57,14 @@ void PrintLabelFrame(Session *session, int row, uint32_t outline) {
     bar->width = static_cast<int16_t>(InchesToUnits(label.LabelWidth));
     bar->height = static_cast<int16_t>(InchesToUnits(label.LabelHeight));
     const Frame frame = FrameOf(session, *bar);
+    RECT sides = frame.place; // from the item's own left edge
+    OffsetRect(&sides, bar->x + session->run.CurrentX - sides.left, 0);
     if (device) {
         if (bar->ItemFlags & FLAG_BACKGROUND)
             FillFrame(device, frame, bar->Background, outline);
         else if (outline)
             DrawFrame(device, frame);
-        if (!outline) PrintOutline(session, device, row, frame.place);
+        if (!outline) PrintOutline(device, *bar, sides);
     }
     bar->width = pitch_width;
     bar->height = pitch_height;

@@ -5,13 +5,13 @@
 #include "frame/fatal_error.h"
 #include "frame/memory.h"
 #include "frame/text_measure.h"
+#include "paint/text_place.h"
 #include "run/items.h"
 
 namespace tessarine {
 
 namespace {
 
-constexpr int TEXT_INSET = 10;        // form units on either side
 constexpr int ADVANCES_AT_HAND = 320; // a label's line needs no memory of its own
 
 // Room for advance widths: on the stack, or for longer texts in a block.
@@ -34,25 +34,6 @@ private:
 
 } // namespace
 
-int TextLeft(const ItemRecord &item, const RECT &rectangle, int width) {
-    if (item.ItemFlags & FLAG_LEFT) return rectangle.left + TEXT_INSET;
-    if (item.ItemFlags & FLAG_RIGHT) return rectangle.left + (item.width - width) - TEXT_INSET;
-    return rectangle.left + (item.width - width) / 2;
-}
-
-int TextTop(const ItemRecord &item, const RECT &rectangle, int height) {
-    if (item.ItemFlags & FLAG_TOP) return rectangle.top;
-    if (item.ItemFlags & FLAG_BOTTOM) return rectangle.top + (item.height - height);
-    return rectangle.top + (item.height - height) / 2;
-}
-
-void SelectTextStyle(const Session *session, HDC device, const ItemRecord &item, int font) {
-    const HFONT made = session->form.Fonts[font].Font;
-    SelectObject(device, made ? made : GetStockObject(SYSTEM_FONT));
-    SetTextColor(device, item.TextColor);
-    SetBkMode(device, TRANSPARENT);
-}
-
 void PrintText(Session *session, HDC device, int x, int y, const char *text, int length, int font,
                const RECT &clip) {
     Advances advances(session, length + 1);
@@ -69,7 +50,7 @@ void PrintLabel(Session *session, HDC device, int row) {
     const RECT place = ItemRectangle(session, item);
     const int line_height = static_cast<int>(session->form.Fonts[item.FontIndex].Height);
     int y = TextTop(item, place, GetLabelHeight(session, item.LabelText, item.FontIndex));
-    SelectTextStyle(session, device, item, item.FontIndex);
+    SelectTextStyle(device, session->form.Fonts[item.FontIndex], item.TextColor);
     const char *line = item.LabelText;
     const char *end = line + std::strlen(line);
     while (line < end) {

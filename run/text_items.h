@@ -11,10 +11,4 @@ void PrintField(Session *session, HDC device, int row);
 void PrintText(Session *session, HDC device, int x, int y, const char *text, int length, int font,
                const RECT &clip);
 
-// Where text of a width or height begins in an item's rectangle.
-int TextLeft(const ItemRecord &item, const RECT &rectangle, int width);
-int TextTop(const ItemRecord &item, const RECT &rectangle, int height);
-// Font row, the item's colour and transparent background for text.
-void SelectTextStyle(const Session *session, HDC device, const ItemRecord &item, int font);
-
 } // namespace tessarine

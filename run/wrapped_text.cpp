@@ -7,6 +7,7 @@
 #include "format/format_field.h"
 #include "frame/text.h"
 #include "frame/text_measure.h"
+#include "paint/text_place.h"
 #include "run/items.h"
 #include "run/sections.h"
 #include "run/text_items.h"
@@ -147,7 +148,7 @@ void BeginOnNextPage(Session *session, HDC *device, const ItemRecord &item, Text
     column->place.bottom = column->place.top + run.BodyBottom;
     column->spilled = true;
     *device = PageDevice(session);
-    SelectTextStyle(session, *device, item, item.FontIndex);
+    SelectTextStyle(*device, session->form.Fonts[item.FontIndex], item.TextColor);
 }
 
 void DrawLine(const Session *session, HDC device, const ItemRecord &item, const TextColumn &column,
@@ -195,7 +196,7 @@ void PrintWrappedField(Session *session, HDC device, int row) {
     const bool variable = field->FieldFlags & FIELD_VARIABLE_LINES;
     const int line_height = static_cast<int>(session->form.Fonts[item->FontIndex].Height);
     FormatField(session, field, item->LabelText);
-    SelectTextStyle(session, device, *item, item->FontIndex);
+    SelectTextStyle(device, session->form.Fonts[item->FontIndex], item->TextColor);
     const RECT place = ItemRectangle(session, *item);
     TextColumn column{place, place.top};
     char line[LINE_LIMIT + 2];

@@ -138,22 +138,3 @@ TEST_F(Pictures, FullTableTakesNoPicture) {
     EXPECT_EQ(StoreBitmap(session, bitmap), -1);
     EXPECT_EQ(boxes.LastText(), "Ran Out of Font/Picture Table");
 }
-
-TEST_F(Pictures, BrushesAreWidenedAndNarrowed) {
-    LOGBRUSH brush{BS_HATCHED, RGB(1, 2, 3), HS_DIAGCROSS};
-    RepLogbrush packed{};
-    EXPECT_EQ(WriteRepLogbrush(&brush, &packed), 1);
-    LOGBRUSH read{};
-    EXPECT_EQ(ReadRepLogbrush(&packed, &read), 1);
-    EXPECT_EQ(read.lbStyle, brush.lbStyle);
-    EXPECT_EQ(read.lbColor, brush.lbColor);
-    EXPECT_EQ(read.lbHatch, brush.lbHatch);
-}
-
-TEST_F(Pictures, BrushBeyond16BitsKeepsItsColorAlone) {
-    const LOGBRUSH brush{0x10000, RGB(9, 8, 7), 2};
-    RepLogbrush packed{1, 0, 1};
-    EXPECT_EQ(WriteRepLogbrush(&brush, &packed), 0);
-    EXPECT_EQ(+packed.Style, 1);
-    EXPECT_EQ(+packed.Color, static_cast<uint32_t>(RGB(9, 8, 7)));
-}

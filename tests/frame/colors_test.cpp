@@ -48,3 +48,22 @@ TEST(EditColor, CustomColorsAreSixteenShadesOfGrey) {
     for (size_t shade = 0; shade < 16; ++shade)
         EXPECT_EQ(custom[shade], RGB(greys[shade], greys[shade], greys[shade])) << shade;
 }
+
+TEST(PackedBrush, BrushesAreWidenedAndNarrowed) {
+    LOGBRUSH brush{BS_HATCHED, RGB(1, 2, 3), HS_DIAGCROSS};
+    RepLogbrush packed{};
+    EXPECT_EQ(tessarine::WriteRepLogbrush(&brush, &packed), 1);
+    LOGBRUSH read{};
+    EXPECT_EQ(tessarine::ReadRepLogbrush(&packed, &read), 1);
+    EXPECT_EQ(read.lbStyle, brush.lbStyle);
+    EXPECT_EQ(read.lbColor, brush.lbColor);
+    EXPECT_EQ(read.lbHatch, brush.lbHatch);
+}
+
+TEST(PackedBrush, BrushBeyond16BitsKeepsItsColorAlone) {
+    const LOGBRUSH brush{0x10000, RGB(9, 8, 7), 2};
+    RepLogbrush packed{1, 0, 1};
+    EXPECT_EQ(tessarine::WriteRepLogbrush(&brush, &packed), 0);
+    EXPECT_EQ(+packed.Style, 1);
+    EXPECT_EQ(+packed.Color, static_cast<uint32_t>(RGB(9, 8, 7)));
+}

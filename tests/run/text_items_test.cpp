@@ -54,17 +54,6 @@ TEST_F(Labels, TextIsPlacedByItsFlags) {
     }
 }
 
-TEST_F(Labels, HalvesTruncateTowardsZero) {
-    const RECT place{0, 0, 0, 0};
-    ItemRecord item{};
-    item.width = 10;
-    item.height = 10;
-    EXPECT_EQ(tessarine::TextLeft(item, place, 15), -2);
-    EXPECT_EQ(tessarine::TextLeft(item, place, 5), 2);
-    EXPECT_EQ(tessarine::TextTop(item, place, 15), -2);
-    EXPECT_EQ(tessarine::TextTop(item, place, 5), 2);
-}
-
 TEST_F(Labels, EachLineIsAlignedByItself) {
     ItemRecord &item = Label("abcdef\r\nab\r\nabcd", FLAG_RIGHT | FLAG_TOP);
     EXPECT_EQ(Texts(), (Lines{"178,120 abcdef", "226,160 ab", "202,200 abcd"}));

@@ -261,6 +261,15 @@ std::vector<std::string> DrawingOf(const std::string &bytes) {
     return lines;
 }
 
+std::vector<std::string> DrawingBy(const std::function<void(HDC)> &draw) {
+    const HDC recorder = CreateMetaFileA(nullptr);
+    draw(recorder);
+    const HMETAFILE drawing = CloseMetaFile(recorder);
+    const std::string bytes = BytesOfMetafile(drawing);
+    DeleteMetaFile(drawing);
+    return DrawingOf(bytes);
+}
+
 std::vector<std::string> LinesWith(const std::vector<std::string> &lines,
                                    const std::vector<std::string> &words) {
     std::vector<std::string> found;

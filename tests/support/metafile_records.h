@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -42,6 +43,8 @@ MetafileText TextOf(const MetafileRecord &record);
 // "move 1,2", "line 3,4", "select pen 0 3 0000FF", "delete pen 0 3 0000FF" and so on. Objects
 // stand by what they are, so making them has no line of its own. A fault is the last line.
 std::vector<std::string> DrawingOf(const std::string &bytes);
+// What the routine draws on a recording of its own.
+std::vector<std::string> DrawingBy(const std::function<void(HDC)> &draw);
 // The lines that begin with one of the words.
 std::vector<std::string> LinesWith(const std::vector<std::string> &lines,
                                    const std::vector<std::string> &words);

@@ -1,5 +1,5 @@
-// Backgrounds, outlines, lines and pictures.
-#include "run/shapes.h"
+// Where shapes and pictures of a run stand on its page, and in which order.
+#include "run/shape_items.h"
 
 #include <cstring>
 
@@ -13,22 +13,17 @@ namespace {
 using Lines = std::vector<std::string>;
 
 // Items of 100 by 60 at 10, 20: at 60, 120 on the page.
-class Shapes : public Composition {
+class ShapeItems : public Composition {
 protected:
-    Shapes() { Section(SECTION_DETAIL_1, 300); }
+    ShapeItems() { Section(SECTION_DETAIL_1, 300); }
 
     ItemRecord &Shape(int type) { return Item(type, 10, 20, 100, 60); }
     Lines Strokes() { return LinesWith(DrawingOfLast(), {"move", "line"}); }
 };
 
-struct SidesRow {
-    int sides;
-    Lines strokes;
-};
-
 } // namespace
 
-TEST_F(Shapes, ItemLiesOnThePageWithItsOffset) {
+TEST_F(ShapeItems, ItemLiesOnThePageWithItsOffset) {
     ItemRecord &item = Shape(ITEM_LINE);
     item.RunOffset = 5;
     const RECT place = tessarine::ItemRectangle(session, item);
@@ -38,7 +33,7 @@ TEST_F(Shapes, ItemLiesOnThePageWithItsOffset) {
     EXPECT_EQ(place.bottom, 185);
 }
 
-TEST_F(Shapes, RowBottomIsRaisedAndNeverLowered) {
+TEST_F(ShapeItems, RowBottomIsRaisedAndNeverLowered) {
     ItemRecord &item = Shape(ITEM_LINE);
     item.RunOffset = 5;
     tessarine::RaiseRowBottom(session, item);
@@ -48,51 +43,15 @@ TEST_F(Shapes, RowBottomIsRaisedAndNeverLowered) {
     EXPECT_EQ(run.RowBottom, 185);
 }
 
-TEST_F(Shapes, OtherItemsHaveBackgroundAndOutlineAlone) {
+TEST_F(ShapeItems, OtherItemsHaveBackgroundAndOutlineAlone) {
     Shape(ITEM_GROUP);
     EXPECT_TRUE(DrawingOfLast().empty());
     EXPECT_EQ(run.RowBottom, 100);
 }
 
-// ---- backgrounds ----
+// ---- order ----
 
-TEST_F(Shapes, BackgroundFillsTheItem) {
-    ItemRecord &item = Shape(ITEM_BAR);
-    item.ItemFlags |= FLAG_BACKGROUND;
-    item.Background = {BS_HATCHED, 0x00FF00, HS_DIAGCROSS};
-    const Lines drawn = DrawingOfLast();
-    ASSERT_GE(drawn.size(), 2U);
-    EXPECT_EQ(drawn[0], "select brush 2 00FF00 5");
-    EXPECT_EQ(drawn[1], "fill 60,120 100,60 F00021");
-    EXPECT_EQ(drawn.back(), "delete brush 2 00FF00 5");
-}
-
-TEST_F(Shapes, BackgroundThatIsOffPaintsNothing) {
-    Shape(ITEM_BAR).Background = {BS_SOLID, 0x00FF00, 0};
-    EXPECT_TRUE(DrawingOfLast().empty());
-}
-
-TEST_F(Shapes, BrushThatCannotBeMadePaintsNothing) {
-    ItemRecord &item = Shape(ITEM_BAR);
-    item.ItemFlags |= FLAG_BACKGROUND;
-    item.Background = {99, 0x00FF00, 0};
-    EXPECT_TRUE(LinesWith(DrawingOfLast(), {"fill"}).empty());
-    EXPECT_TRUE(boxes.Log().empty());
-}
-
-TEST_F(Shapes, PatternBackgroundOfADamagedFormReachesForNoMemory) {
-    ItemRecord &item = Shape(ITEM_BAR);
-    item.ItemFlags |= FLAG_BACKGROUND;
-    const FailingCall counts("CreateBrushIndirect", CreateBrushIndirect, nullptr, 1, 0);
-    for (const int style : {BS_PATTERN, BS_DIBPATTERN, BS_DIBPATTERNPT, BS_DIBPATTERN8X8})
-        for (const int hatch : {-1, 4660, INT16_MAX}) {
-            item.Background = {static_cast<uint16_t>(style), 0x00FF00, static_cast<int16_t>(hatch)};
-            EXPECT_TRUE(DrawingOfLast().empty()) << style << " " << hatch;
-        }
-    EXPECT_EQ(counts.Seen(), 0);
-}
-
-TEST_F(Shapes, BackgroundComesFirstThenOutlineThenContent) {
+TEST_F(ShapeItems, BackgroundComesFirstThenOutlineThenContent) {
     ItemRecord &item = Shape(ITEM_LINE);
     item.ItemFlags |= FLAG_BACKGROUND;
     item.Background = {BS_SOLID, 0x00FF00, 0};
@@ -105,31 +64,12 @@ TEST_F(Shapes, BackgroundComesFirstThenOutlineThenContent) {
 
 // ---- outlines ----
 
-TEST_F(Shapes, EachSideIsOneStrokeInAFixedOrder) {
-    const SidesRow rows[] = {
-        {SIDE_LEFT, {"move 60,180", "line 60,120"}},
-        {SIDE_TOP, {"move 60,120", "line 160,120"}},
-        {SIDE_RIGHT, {"move 160,120", "line 160,180"}},
-        {SIDE_BOTTOM, {"move 160,180", "line 60,180"}},
-        {SIDE_LEFT | SIDE_TOP, {"move 60,180", "line 60,120", "move 60,120", "line 160,120"}},
-        {15,
-         {"move 60,180", "line 60,120", "move 60,120", "line 160,120", "move 160,120",
-          "line 160,180", "move 160,180", "line 60,180"}},
-        {0, {}},
-    };
-    ItemRecord &item = Shape(ITEM_BAR);
-    for (const SidesRow &row : rows) {
-        item.OutlineSides = static_cast<uint16_t>(row.sides);
-        EXPECT_EQ(Strokes(), row.strokes) << row.sides;
-    }
-}
-
-TEST_F(Shapes, OutlineLiesOnTheItemItselfForLabelsToo) {
+TEST_F(ShapeItems, OutlineLiesOnTheItemItselfForLabelsToo) {
     Shape(ITEM_LABEL).OutlineSides = SIDE_TOP;
     EXPECT_EQ(Strokes(), (Lines{"move 60,120", "line 160,120"}));
 }
 
-TEST_F(Shapes, OutlineHasItsOwnPenAndTheBlackPenFollows) {
+TEST_F(ShapeItems, OutlineHasItsOwnPenAndTheBlackPenFollows) {
     ItemRecord &item = Shape(ITEM_BAR);
     item.OutlineSides = SIDE_TOP;
     item.OutlineStyle = PS_DASH;
@@ -137,14 +77,6 @@ TEST_F(Shapes, OutlineHasItsOwnPenAndTheBlackPenFollows) {
     item.OutlineColor = 0x0000FF;
     EXPECT_EQ(DrawingOfLast(), (Lines{"select pen 1 1 0000FF", "move 60,120", "line 160,120",
                                       "select pen 0 0 000000", "delete pen 1 1 0000FF"}));
-}
-
-TEST_F(Shapes, PaintOutlineReadsOnlyTheTopOfItsRectangle) {
-    Shape(ITEM_BAR);
-    const RECT rectangle{-500, 300, -400, -300};
-    tessarine::PaintOutline(session, session->pages.PageRecorder, rectangle, SIDE_RIGHT,
-                            session->form.TotalItems - 1);
-    EXPECT_EQ(Drawing(), (Lines{"move 160,300", "line 160,360"}));
 }
 
 // ---- lines ----
@@ -159,20 +91,7 @@ struct AngleRow {
 
 } // namespace
 
-TEST_F(Shapes, LineRunsByItsAngle) {
-    const AngleRow rows[] = {
-        {0, 0, {"move 60,150", "line 160,150"}},  {1, 0, {"move 110,120", "line 110,180"}},
-        {2, 0, {"move 60,120", "line 160,180"}},  {3, 0, {"move 60,180", "line 160,120"}},
-        {77, 0, {"move 60,180", "line 160,120"}}, {-1, 0, {"move 60,180", "line 160,120"}},
-    };
-    ItemRecord &item = Shape(ITEM_LINE);
-    for (const AngleRow &row : rows) {
-        item.LineAngle = static_cast<int16_t>(row.angle);
-        EXPECT_EQ(Strokes(), row.strokes) << row.angle;
-    }
-}
-
-TEST_F(Shapes, PushedLineMovesExceptTheFarEndOfABackDiagonal) {
+TEST_F(ShapeItems, PushedLineMovesExceptTheFarEndOfABackDiagonal) {
     const AngleRow rows[] = {
         {0, 30, {"move 60,180", "line 160,180"}},
         {1, 30, {"move 110,150", "line 110,210"}},
@@ -188,19 +107,7 @@ TEST_F(Shapes, PushedLineMovesExceptTheFarEndOfABackDiagonal) {
     EXPECT_EQ(run.RowBottom, 210);
 }
 
-TEST_F(Shapes, HalvesOfALineTruncateTowardsZero) {
-    ItemRecord &item = Item(ITEM_LINE, 10, 20, 101, -61);
-    EXPECT_EQ(Strokes(), (Lines{"move 60,90", "line 161,90"}));
-    item.LineAngle = 1;
-    EXPECT_EQ(Strokes(), (Lines{"move 110,120", "line 110,59"}));
-}
-
-TEST_F(Shapes, DiagonalOfNoHeightIsHorizontal) {
-    Item(ITEM_LINE, 10, 20, 100, 0).LineAngle = 2;
-    EXPECT_EQ(Strokes(), (Lines{"move 60,120", "line 160,120"}));
-}
-
-TEST_F(Shapes, LineHasItsOwnPenAndRaisesTheRow) {
+TEST_F(ShapeItems, LineHasItsOwnPenAndRaisesTheRow) {
     ItemRecord &item = Shape(ITEM_LINE);
     item.LineStyle = PS_SOLID;
     item.LineWidth = 4;
@@ -210,7 +117,7 @@ TEST_F(Shapes, LineHasItsOwnPenAndRaisesTheRow) {
     EXPECT_EQ(run.RowBottom, 180);
 }
 
-TEST_F(Shapes, PenThatCannotBeMadeTakesTheShapeAwayAndNothingElse) {
+TEST_F(ShapeItems, PenThatCannotBeMadeTakesTheShapeAwayAndNothingElse) {
     ItemRecord &item = Shape(ITEM_LINE);
     item.ItemFlags |= FLAG_BACKGROUND;
     item.Background = {BS_SOLID, 0x00FF00, 0};
@@ -224,7 +131,7 @@ TEST_F(Shapes, PenThatCannotBeMadeTakesTheShapeAwayAndNothingElse) {
     EXPECT_TRUE(boxes.Log().empty());
 }
 
-TEST_F(Shapes, ShapesLeaveNoObjectsBehind) {
+TEST_F(ShapeItems, ShapesLeaveNoObjectsBehind) {
     ItemRecord &item = Shape(ITEM_LINE);
     item.ItemFlags |= FLAG_BACKGROUND;
     item.OutlineSides = 15;
@@ -245,7 +152,7 @@ TEST_F(Shapes, ShapesLeaveNoObjectsBehind) {
 
 namespace {
 
-class Pictures : public Shapes {
+class Pictures : public ShapeItems {
 protected:
     Pictures() {
         ItemRecord &item = Shape(ITEM_PICTURE);
