@@ -53,7 +53,7 @@ void RemakeInfoDevice(Session *session) {
     const PixelsOf pixels(session, printer.InfoDevice);
     ApplyMapping(session, printer.InfoDevice);
     printer.InfoPixelsX = session->device.LogPixelsX;
-    ZeroMemory(session->run.Measures, sizeof session->run.Measures);
+    ZeroMemory(printer.Measures, sizeof printer.Measures);
 }
 
 void SettlePaper(Session *session) {

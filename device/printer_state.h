@@ -2,6 +2,7 @@
 #pragma once
 
 #include "frame/windows.h"
+#include "paint/measures_state.h"
 #include "tessarine_records.h"
 
 namespace tessarine {
@@ -11,10 +12,11 @@ struct PrinterState {
     char DriverName[60]; // ends in ".drv" or ".DRV"
     char PortName[60];
     HGLOBAL DevModeMemory;
-    DEVMODEA *DevMode;   // locked for the life of the session
-    HDC InfoDevice;      // a context of the printer, for measuring
-    int32_t InfoPixelsX; // pixels per inch of that context
-    float PaperWidth;    // inches, as the next three
+    DEVMODEA *DevMode;                // locked for the life of the session
+    HDC InfoDevice;                   // a context of the printer, for measuring
+    int32_t InfoPixelsX;              // pixels per inch of that context
+    TextMeasures Measures[MAX_FONTS]; // by font row on that context
+    float PaperWidth;                 // inches, as the next three
     float PaperHeight;
     float UsableWidth;
     float UsableHeight;

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "frame/text.h"
-#include "frame/text_measure.h"
+#include "paint/text_measure.h"
 
 namespace tessarine {
 
@@ -181,7 +181,7 @@ int GetFieldSize(Session *session, int field, int font, int32_t *height, int32_t
     *width = INSET;
     *height = FIELD_HEIGHT;
     if (!AreRows(session, field, font)) return 1;
-    *width += GetLabelLen(session, sample, font);
+    *width += GetLabelLen(session->form.Fonts[font], sample);
     if (session->form.Fields[field].ValueType == TYPE_PICTURE) *height = *width;
     return 1;
 }

@@ -5,7 +5,7 @@
 #include "frame/memory.h"
 #include "frame/message_box.h"
 #include "frame/modified.h"
-#include "frame/text_measure.h"
+#include "paint/text_measure.h"
 
 namespace tessarine {
 
@@ -110,10 +110,9 @@ void RefreshItem(Session *session, ItemRecord *item) {
     if (item->ItemType == ITEM_FIELD) {
         CreateFieldLabel(session, item->FieldIndex, item->LabelText, item->width, item->FontIndex);
     } else if (item->ItemType == ITEM_LABEL && !item->KeepSize) {
-        item->width =
-            static_cast<int16_t>(GetLabelLen(session, item->LabelText, item->FontIndex) + 20);
-        item->height =
-            static_cast<int16_t>(GetLabelHeight(session, item->LabelText, item->FontIndex));
+        const FontEntry &font = session->form.Fonts[item->FontIndex];
+        item->width = static_cast<int16_t>(GetLabelLen(font, item->LabelText) + 20);
+        item->height = static_cast<int16_t>(GetLabelHeight(font, item->LabelText));
     }
 }
 

@@ -2,8 +2,8 @@
 #include <cstdio>
 
 #include "frame/owned.h"
-#include "frame/text_measure.h"
 #include "output/preview.h"
+#include "paint/text_measure.h"
 
 namespace tessarine {
 
@@ -174,7 +174,7 @@ void WriteStrip(const Session *session, const RECT &strip) {
     StripText(session, strip, strip.left, 1, text);
     if (!finished && run.PageCount < 2) return;
     std::snprintf(text, sizeof text, "Current Page: %d   ", session->pages.ShownPageIndex + 1);
-    StripText(session, strip, strip.right - GetLabelLen(session, text, 0), 1, text);
+    StripText(session, strip, strip.right - GetLabelLen(session->form.Fonts[0], text), 1, text);
 }
 
 } // namespace

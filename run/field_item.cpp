@@ -4,10 +4,9 @@
 #include "format/format_field.h"
 #include "format/postnet.h"
 #include "frame/text.h"
-#include "frame/text_measure.h"
+#include "paint/text_measure.h"
 #include "paint/text_place.h"
 #include "run/items.h"
-#include "run/text_extent.h"
 #include "run/text_items.h"
 #include "run/wrapped_text.h"
 
@@ -54,7 +53,7 @@ void PlacePercent(const Session *session, const ItemRecord &item, const FieldRec
     if (field.SymbolKind != SYMBOL_PERCENT) return;
     const bool shows = SymbolShows(session, &field);
     if (item.ItemFlags & FLAG_RIGHT) {
-        out->percent_width = GetLabelLen(session, "%", item.FontIndex);
+        out->percent_width = GetLabelLen(session->form.Fonts[item.FontIndex], "%");
         out->percent_apart = shows;
     } else if (shows) {
         Append(out, "%");
@@ -62,10 +61,9 @@ void PlacePercent(const Session *session, const ItemRecord &item, const FieldRec
 }
 
 // The sign is read off the whole-number side for doubles too, where it counts as positive.
-void ReserveSuffix(const Session *session, const ItemRecord &item, const FieldRecord &field,
-                   FieldText *out) {
-    const int negative = GetLabelLen(session, field.NegativeSuffix, item.FontIndex);
-    const int positive = GetLabelLen(session, field.PositiveSuffix, item.FontIndex);
+void ReserveSuffix(const FontEntry &font, const FieldRecord &field, FieldText *out) {
+    const int negative = GetLabelLen(font, field.NegativeSuffix);
+    const int positive = GetLabelLen(font, field.PositiveSuffix);
     out->extra = std::max(negative, positive) - (field.LongValue >= 0 ? positive : negative);
 }
 
@@ -73,13 +71,12 @@ bool BeginsDigits(const FieldRecord &field, char c) {
     return IsDigit(c) || c == field.DecimalChar[0] || c == field.ThousandsChar[0];
 }
 
-void Fill(const Session *session, const ItemRecord &item, const FieldRecord &field,
-          FieldText *out) {
-    const int pad_width = GetLabelLen(session, field.PadChar, item.FontIndex);
+void Fill(const FontEntry &font, const ItemRecord &item, const FieldRecord &field, FieldText *out) {
+    const int pad_width = GetLabelLen(font, field.PadChar);
     if (!*field.PadChar || pad_width < 1) return;
     const int room = item.width - out->extra - out->percent_width - TEXT_INSET;
     const int length = Length(out->text);
-    int count = (room - GetLabelLen(session, out->text, item.FontIndex)) / pad_width;
+    int count = (room - GetLabelLen(font, out->text)) / pad_width;
     count = std::min(count, static_cast<int>(TEXT_SIZE) - 1 - length);
     if (count <= 0) return;
     char *digits = out->text;
@@ -89,18 +86,19 @@ void Fill(const Session *session, const ItemRecord &item, const FieldRecord &fie
 }
 
 void MakeText(Session *session, ItemRecord *item, FieldRecord *field, FieldText *out) {
+    const FontEntry &font = session->form.Fonts[item->FontIndex];
     FormatField(session, field, item->LabelText);
     out->font = item->FontIndex;
     if (field->ValueType == TYPE_TEXT) {
-        TruncateText(session, field->TextValue, item->width - TEXT_INSET, item->FontIndex);
+        TruncateText(font, field->TextValue, item->width - TEXT_INSET);
         if (field->TextValue) out->shown = field->TextValue;
         return;
     }
     CopyText(item->LabelText, out->text, sizeof out->text);
     if (field->ValueType != TYPE_NUMERIC && field->ValueType != TYPE_DOUBLE) return;
     PlacePercent(session, *item, *field, out);
-    ReserveSuffix(session, *item, *field, out);
-    Fill(session, *item, *field, out);
+    ReserveSuffix(font, *field, out);
+    Fill(font, *item, *field, out);
 }
 
 // What isn't a zip code prints as it is, in the first font.
@@ -116,9 +114,11 @@ void MakeBarcode(FieldText *out) {
 // is that of the item's font, also where the text falls back to the first font. Text at the left
 // needs its height alone.
 SIZE Measure(Session *session, const ItemRecord &item, const FieldRecord &field, FieldText *out) {
-    const int font = out->font;
+    PrinterState &printer = session->printer;
+    const MeasuredFont font{printer.InfoDevice, printer.InfoPixelsX,
+                            session->form.Fonts[out->font].Font, &printer.Measures[out->font]};
     if (field.FieldFlags & FIELD_POSTNET) MakeBarcode(out);
-    return TextExtent(session, font, out->shown, item.ItemFlags & FLAG_LEFT);
+    return TextExtent(font, out->shown, item.ItemFlags & FLAG_LEFT);
 }
 
 int PlaceAcross(const ItemRecord &item, const RECT &place, const FieldText &text, int width) {

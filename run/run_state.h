@@ -9,12 +9,6 @@ namespace tessarine {
 enum { PHASE_SETUP = 0, PHASE_RECORDS = 1, PHASE_CLOSING = 2, PHASE_FINISHED = 3, PHASE_FILL = 4 };
 enum { CANCEL_NONE = 1, CANCEL_STOP = 2 };
 
-// What a run has learned of a font on the measuring context; 0 is not yet known.
-struct TextMeasures {
-    int32_t Height;         // form units
-    uint16_t Advances[256]; // device pixels; 65535 for a character that has no whole number
-};
-
 struct RunState {
     uint32_t OutputToScreen;
     uint32_t OutputToPrinter;
@@ -54,8 +48,6 @@ struct RunState {
     int32_t FirstInGroup;
     int32_t LastSection;
     int32_t WrapItem;
-
-    TextMeasures Measures[MAX_FONTS]; // by font row on the measuring context
 
     int32_t RunDate;  // YYYYMMDD
     char TimeText[9]; // "%02d:%02d:%02d"

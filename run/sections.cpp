@@ -6,8 +6,8 @@
 #include "form/sections.h"
 #include "frame/fatal_error.h"
 #include "frame/memory.h"
+#include "paint/text_measure.h"
 #include "run/items.h"
-#include "run/text_extent.h"
 
 namespace tessarine {
 
@@ -49,7 +49,7 @@ void PaintItems(Session *session, int section, uint32_t outline) {
     const int end = record.FirstItem + record.ItemTotal;
     for (int row = record.FirstItem; row < end; ++row) session->form.Items[row].RunOffset = 0;
     for (int row = record.FirstItem; row < end; ++row) PaintRow(session, section, row, outline);
-    EndMeasuring(session);
+    EndMeasuring(session->printer.InfoDevice);
 }
 
 void Advance(Session *session, const SectionRecord &record, bool compress) {

@@ -4,7 +4,7 @@
 
 #include "frame/fatal_error.h"
 #include "frame/memory.h"
-#include "frame/text_measure.h"
+#include "paint/text_measure.h"
 #include "paint/text_place.h"
 #include "run/items.h"
 
@@ -48,9 +48,9 @@ void PrintText(Session *session, HDC device, int x, int y, const char *text, int
 void PrintLabel(Session *session, HDC device, int row) {
     const ItemRecord &item = session->form.Items[row];
     const RECT place = ItemRectangle(session, item);
-    const int line_height = static_cast<int>(session->form.Fonts[item.FontIndex].Height);
-    int y = TextTop(item, place, GetLabelHeight(session, item.LabelText, item.FontIndex));
-    SelectTextStyle(device, session->form.Fonts[item.FontIndex], item.TextColor);
+    const FontEntry &font = session->form.Fonts[item.FontIndex];
+    int y = TextTop(item, place, GetLabelHeight(font, item.LabelText));
+    SelectTextStyle(device, font, item.TextColor);
     const char *line = item.LabelText;
     const char *end = line + std::strlen(line);
     while (line < end) {
@@ -59,11 +59,11 @@ void PrintLabel(Session *session, HDC device, int row) {
         std::memcpy(text, line, length);
         text[length] = 0;
         if (length > 0) {
-            const int width = GetLabelLen(session, text, item.FontIndex);
+            const int width = GetLabelLen(font, text);
             PrintText(session, device, TextLeft(item, place, width), y, text,
                       static_cast<int>(length), item.FontIndex, place);
         }
-        y += line_height;
+        y += static_cast<int>(font.Height);
         line += length + 2; // behind the carriage return and its line feed
     }
     RaiseRowBottom(session, item);

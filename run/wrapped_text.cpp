@@ -6,7 +6,7 @@
 
 #include "format/format_field.h"
 #include "frame/text.h"
-#include "frame/text_measure.h"
+#include "paint/text_measure.h"
 #include "paint/text_place.h"
 #include "run/items.h"
 #include "run/sections.h"
@@ -155,7 +155,7 @@ void DrawLine(const Session *session, HDC device, const ItemRecord &item, const 
               char *line) {
     RepStrTrim(line);
     if (!*line) return;
-    const int width = GetLabelLen(session, line, item.FontIndex);
+    const int width = GetLabelLen(session->form.Fonts[item.FontIndex], line);
     TextOutA(device, TextLeft(item, column.place, width), column.y, line,
              static_cast<int>(std::strlen(line)));
 }

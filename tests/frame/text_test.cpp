@@ -4,7 +4,6 @@
 
 #include "frame/memory.h"
 #include "frame/text.h"
-#include "frame/text_measure.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/host_state.h"
 #include "tests/support/message_boxes.h"
@@ -165,26 +164,4 @@ TEST(DebugMessage, GoesToTheViewerAsALine) {
     UnregisterClassA("DBWin", nullptr);
     EXPECT_EQ(debug_output, "row 7\n");
     EXPECT_TRUE(boxes.Log().empty());
-}
-
-TEST(TextMeasure, HeightCountsLineFeedsAlone) {
-    BareSession session;
-    EXPECT_EQ(tessarine::GetLabelHeight(session, "a\rb", 0), 40);
-    EXPECT_EQ(tessarine::GetLabelHeight(session, "a\r\nb", 0), 80);
-}
-
-TEST(TextMeasure, LengthIsThatOfTheWidestLine) {
-    BareSession session;
-    EXPECT_EQ(tessarine::GetLabelLen(session, "ab\r\nabcd\r\na", 0), 48);
-    EXPECT_EQ(tessarine::GetLabelLen(session, "\xE9", 0), 12);
-}
-
-TEST(TextMeasure, WidthBelowTheFirstCharacterLeavesAnEmptyText) {
-    BareSession session;
-    char text[] = "abc";
-    EXPECT_EQ(tessarine::TruncateText(session, text, 24, 0), 1);
-    EXPECT_STREQ(text, "ab");
-    tessarine::TruncateText(session, text, 11, 0);
-    EXPECT_STREQ(text, "");
-    EXPECT_EQ(tessarine::TruncateText(session, nullptr, 11, 0), 1);
 }

@@ -1,9 +1,8 @@
 // Field items: their text, its place, and the values that it shortens.
 #include <cstring>
 
-#include "frame/text_measure.h"
+#include "paint/text_measure.h"
 #include "run/record_driver.h"
-#include "run/text_extent.h"
 #include "run/text_items.h"
 #include "tests/support/composition.h"
 
@@ -175,7 +174,7 @@ TEST_F(FieldItems, PrintersContextKeepsNoFontOfTheFormBehindASection) {
     MakeFont(1, 30);
     Shown(TextField("value")).FontIndex = 1;
     DrawingOfLast();
-    tessarine::EndMeasuring(session);
+    tessarine::EndMeasuring(session->printer.InfoDevice);
     EXPECT_EQ(GetCurrentObject(session->printer.InfoDevice, OBJ_FONT), GetStockObject(SYSTEM_FONT));
 }
 

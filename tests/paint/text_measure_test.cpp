@@ -1,5 +1,6 @@
-#include "run/text_extent.h"
+#include "paint/text_measure.h"
 
+#include <algorithm>
 #include <cstring>
 #include <iterator>
 
@@ -12,7 +13,7 @@ using namespace tessarine;
 namespace {
 
 // A session on the real printer, whose font row 0 is measured.
-class TextExtentTest : public FormSession {
+class PrinterExtent : public FormSession {
 protected:
     void SetUp() override { ASSERT_EQ(StartOn(form, KIND_REPORT), 0) << boxes.LastText(); }
 
@@ -25,25 +26,61 @@ protected:
         return size;
     }
 
+    SIZE Extent(int font, const char *text, bool height_alone) {
+        PrinterState &printer = session->printer;
+        const HFONT made = session->form.Fonts[font].Font;
+        return TextExtent({printer.InfoDevice, printer.InfoPixelsX, made, &printer.Measures[font]},
+                          text, height_alone);
+    }
+
     FullForm form;
 };
 
+// Every character 12 wide, lines 40 high.
+FontEntry EvenFont() {
+    FontEntry font{};
+    std::fill(std::begin(font.CharWidth), std::end(font.CharWidth), 12);
+    font.Height = 40;
+    return font;
+}
+
 } // namespace
 
-TEST_F(TextExtentTest, IsThePrintersOwnAlsoOnceTheAdvancesAreKnown) {
+TEST(TextMeasure, HeightCountsLineFeedsAlone) {
+    EXPECT_EQ(GetLabelHeight(EvenFont(), "a\rb"), 40);
+    EXPECT_EQ(GetLabelHeight(EvenFont(), "a\r\nb"), 80);
+}
+
+TEST(TextMeasure, LengthIsThatOfTheWidestLine) {
+    EXPECT_EQ(GetLabelLen(EvenFont(), "ab\r\nabcd\r\na"), 48);
+    FontEntry font = EvenFont();
+    font.CharWidth[0xE9] = 17;
+    EXPECT_EQ(GetLabelLen(font, "\xE9"), 17);
+}
+
+TEST(TextMeasure, WidthBelowTheFirstCharacterLeavesAnEmptyText) {
+    char text[] = "abc";
+    TruncateText(EvenFont(), text, 24);
+    EXPECT_STREQ(text, "ab");
+    TruncateText(EvenFont(), text, 11);
+    EXPECT_STREQ(text, "");
+    TruncateText(EvenFont(), nullptr, 11);
+}
+
+TEST_F(PrinterExtent, IsThePrintersOwnAlsoOnceTheAdvancesAreKnown) {
     const std::string pieces[] = {"1", "12",  "1,234.56", "-0.5",    "Wide words", "iiiiiiii",
                                   "A", "(7)", "99999999", "$ 12.00", "\xE9t\xE9"};
     for (int round = 0; round < 2; ++round)
         for (const std::string &head : pieces)
             for (const std::string &tail : pieces) {
                 const std::string text = head + tail;
-                const SIZE size = TextExtent(session, 0, text.c_str(), false);
+                const SIZE size = Extent(0, text.c_str(), false);
                 EXPECT_EQ(size.cx, ByThePrinter(text).cx) << text;
                 EXPECT_EQ(size.cy, ByThePrinter(text).cy) << text;
             }
 }
 
-TEST_F(TextExtentTest, IsThePrintersOwnInFontsOfAnySizeAndCut) {
+TEST_F(PrinterExtent, IsThePrintersOwnInFontsOfAnySizeAndCut) {
     const struct {
         const char *face;
         int height, weight;
@@ -64,45 +101,45 @@ TEST_F(TextExtentTest, IsThePrintersOwnInFontsOfAnySizeAndCut) {
         for (int round = 0; round < 2; ++round)
             for (const char *text : {"1", "-1,234,567.89", "AVAToWa.", "fi fl ffi", "(12%)",
                                      "\xC4\xD6\xDC \xDF", "iiiiiiiiiiiiWWWWWWWW"}) {
-                const SIZE size = TextExtent(session, row, text, false);
+                const SIZE size = Extent(row, text, false);
                 EXPECT_EQ(size.cx, ByThePrinter(text, row).cx) << font.face << " " << text;
                 EXPECT_EQ(size.cy, ByThePrinter(text, row).cy) << font.face << " " << text;
             }
     }
 }
 
-TEST_F(TextExtentTest, KnownAdvancesAreNotMeasuredAgain) {
-    TextExtent(session, 0, "0123456789", false);
-    TextExtent(session, 0, "0123456789", false); // now each digit is known
+TEST_F(PrinterExtent, KnownAdvancesAreNotMeasuredAgain) {
+    Extent(0, "0123456789", false);
+    Extent(0, "0123456789", false); // now each digit is known
     int asked = 0;
     for (const char *text : {"1", "12", "123", "1234", "12345", "123456"}) {
         const FailingCall counts("GetTextExtentPoint32A", GetTextExtentPoint32A, 0, 1, 0);
-        TextExtent(session, 0, text, false);
+        Extent(0, text, false);
         asked += counts.Seen();
     }
     EXPECT_LE(asked, 3); // of six, those that would round a half
 }
 
-TEST_F(TextExtentTest, HeightAloneIsAskedOnce) {
-    EXPECT_EQ(TextExtent(session, 0, "x", true).cy, ByThePrinter("x").cy);
+TEST_F(PrinterExtent, HeightAloneIsAskedOnce) {
+    EXPECT_EQ(Extent(0, "x", true).cy, ByThePrinter("x").cy);
     const FailingCall fails("GetTextExtentPoint32A", GetTextExtentPoint32A, 0, 1, EVERY_CALL);
-    EXPECT_GT(TextExtent(session, 0, "y", true).cy, 0);
+    EXPECT_GT(Extent(0, "y", true).cy, 0);
     EXPECT_EQ(fails.Seen(), 0);
 }
 
-TEST_F(TextExtentTest, AnotherPrinterIsMeasuredAnew) {
-    TextExtent(session, 0, "0", false);
-    TextExtent(session, 0, "0", false);
-    EXPECT_NE(session->run.Measures[0].Advances['0'], 0);
+TEST_F(PrinterExtent, AnotherPrinterIsMeasuredAnew) {
+    Extent(0, "0", false);
+    Extent(0, "0", false);
+    EXPECT_NE(session->printer.Measures[0].Advances['0'], 0);
     ProcessPrinterData(session);
-    EXPECT_EQ(session->run.Measures[0].Advances['0'], 0);
-    EXPECT_EQ(session->run.Measures[0].Height, 0);
+    EXPECT_EQ(session->printer.Measures[0].Advances['0'], 0);
+    EXPECT_EQ(session->printer.Measures[0].Height, 0);
 }
 
-TEST_F(TextExtentTest, CharacterWithoutAWholeAdvanceIsAlwaysMeasured) {
-    TextExtent(session, 0, "5", false);
-    session->run.Measures[0].Advances['5'] = 65535;
+TEST_F(PrinterExtent, CharacterWithoutAWholeAdvanceIsAlwaysMeasured) {
+    Extent(0, "5", false);
+    session->printer.Measures[0].Advances['5'] = 65535;
     const FailingCall counts("GetTextExtentPoint32A", GetTextExtentPoint32A, 0, 1, 0);
-    EXPECT_EQ(TextExtent(session, 0, "55", false).cx, ByThePrinter("55").cx);
+    EXPECT_EQ(Extent(0, "55", false).cx, ByThePrinter("55").cx);
     EXPECT_GE(counts.Seen(), 1);
 }
