@@ -31,10 +31,6 @@ struct DeviceState {
         HDC ScreenDC;     // the window's context
         HDC OutputDevice; // the same slot in a run to the printer: the printer's context
     };
-    HDC MemoryDC;  // offscreen
-    HDC MemoryDC2; // offscreen, for pictures
-    HBITMAP OffscreenBitmap;
-    HBITMAP OldBitmap; // what MemoryDC held before OffscreenBitmap
     HMENU Menu;
     HACCEL AccelTable;  // always null: commands 600 to 605 have no keys of their own here
     int32_t LogPixelsX; // pixels per inch of the device being drawn on

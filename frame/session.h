@@ -7,6 +7,7 @@
 
 #include <type_traits>
 
+#include "canvas/view_state.h"
 #include "designer/designer_state.h"
 #include "device/printer_state.h"
 #include "form/form_state.h"
@@ -60,6 +61,7 @@ struct Session {
     tessarine::RunState run;
     tessarine::PageStoreState pages;
     tessarine::ViewState view;
+    tessarine::PreviewState preview;
     tessarine::ProgressState progress; // of a run to a printer or to disk
     tessarine::PreviewJobState job;
     tessarine::DesignerState designer;

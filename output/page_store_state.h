@@ -23,20 +23,8 @@ struct PageStoreState {
     ReportFileHeader Header;  // of a saved report
 };
 
-struct ViewState {
-    int32_t OriginX; // form units: top left of what is shown
-    int32_t OriginY;
-    int32_t ViewWidth; // form units: the page area of the window
-    int32_t ViewHeight;
-    uint32_t FitPage;
-    int32_t ScrollPosX; // 0 to 100
-    int32_t ScrollPosY;
-    uint32_t HorzScroll; // the window has that scroll bar
-    uint32_t VertScroll;
-    uint32_t PaintEnabled;   // the session has a window of its own to paint
-    uint32_t WindowGone;     // that window was destroyed by another's hand
-    int32_t RulerBandHeight; // form units: the band above the page area, 0 in a report's window
-    RECT ClipRect;           // pixels
+struct PreviewState {
+    uint32_t FitPage; // the whole sheet in the window, not its actual size
 };
 
 // A modeless dialog that shows how far a job is and lets the user stop it, with the procedures in

@@ -24,8 +24,6 @@ INT_PTR CALLBACK JumpParam(HWND dialog, UINT message, WPARAM wParam, LPARAM lPar
 
 // Enables the commands of the menu that make sense now.
 void SetMenuState(Session *session);
-// Names the fit command after what it will do next.
-void SetFitText(Session *session);
 // The status strip and the page on view; nothing in a session without a window of its own.
 void PaintPreview(Session *session);
 void PaintStatusStrip(Session *session);

@@ -1,6 +1,6 @@
-#include <algorithm>
 #include <cstdio>
 
+#include "canvas/canvas.h"
 #include "frame/owned.h"
 #include "output/preview.h"
 #include "paint/text_measure.h"
@@ -11,25 +11,6 @@ namespace {
 
 constexpr int FIT_BORDER = 25; // form units kept free beside a fitted sheet
 constexpr int TEXT_LENGTH = 80;
-
-void SetViewOrigin(const Session *session) {
-    const int x = std::max(session->view.OriginX, 0);
-    const int y = std::max(session->view.OriginY, 0);
-    SetWindowOrgEx(session->device.ScreenDC, x, y, nullptr);
-    SetWindowOrgEx(session->device.MemoryDC, x, y, nullptr);
-}
-
-RECT VisibleRectangle(const Session *session) {
-    const ViewState &view = session->view;
-    const int x = std::max(view.OriginX, 0);
-    const int y = std::max(view.OriginY, 0);
-    return RECT{x, y, x + view.ViewWidth, y + view.ViewHeight};
-}
-
-void CopyToWindow(const Session *session, const RECT &part) {
-    BitBlt(session->device.ScreenDC, part.left, part.top, part.right - part.left,
-           part.bottom - part.top, session->device.MemoryDC, part.left, part.top, SRCCOPY);
-}
 
 // A page may leave its own pens, colours and modes behind.
 void PlayPage(const Session *session, HDC device) {
@@ -48,7 +29,7 @@ void DrawLine(HDC device, int left, int top, int right, int bottom) {
 void MarkPageEnd(const Session *session) {
     const bool last = session->run.RunPhase == PHASE_FINISHED &&
                       session->pages.ShownPageIndex == session->run.PageCount - 1;
-    const HDC device = session->device.MemoryDC;
+    const HDC device = session->view.MemoryDC;
     const HGDIOBJ old_pen =
         SelectObject(device, last ? session->device.GroupPen : session->device.DotPen);
     DrawLine(device, 0, session->run.PageBottomUnits, session->run.PageWidthUnits,
@@ -57,7 +38,7 @@ void MarkPageEnd(const Session *session) {
 }
 
 void PaintActualSize(const Session *session) {
-    const HDC device = session->device.MemoryDC;
+    const HDC device = session->view.MemoryDC;
     const RECT visible = VisibleRectangle(session);
     FillRect(device, &visible, session->device.BackBrush);
     const OwnedDrawingObject clip(CreateRectRgnIndirect(&session->view.ClipRect));
@@ -158,7 +139,7 @@ void PaintFitted(const Session *session) {
 }
 
 void StripText(const Session *session, const RECT &strip, int x, int line, const char *text) {
-    ExtTextOutA(session->device.MemoryDC, x, strip.top + line * session->device.FontHeight,
+    ExtTextOutA(session->view.MemoryDC, x, strip.top + line * session->device.FontHeight,
                 ETO_CLIPPED, &strip, text, static_cast<UINT>(lstrlenA(text)), nullptr);
 }
 
@@ -181,7 +162,7 @@ void WriteStrip(const Session *session, const RECT &strip) {
 
 void PaintStatusStrip(Session *session) {
     if (!session->view.PaintEnabled || session->IgnoreMessages) return;
-    const HDC device = session->device.MemoryDC;
+    const HDC device = session->view.MemoryDC;
     RECT strip = VisibleRectangle(session);
     strip.bottom = strip.top;
     strip.top -= session->view.RulerBandHeight;
@@ -198,10 +179,10 @@ void PaintStatusStrip(Session *session) {
 
 void PaintPreview(Session *session) {
     if (!session->view.PaintEnabled || session->IgnoreMessages) return;
-    if (session->view.FitPage) session->view.OriginX = session->view.OriginY = 0;
-    SetViewOrigin(session);
+    if (session->preview.FitPage) session->view.OriginX = session->view.OriginY = 0;
+    ApplyOrigin(session);
     PaintStatusStrip(session);
-    if (session->view.FitPage)
+    if (session->preview.FitPage)
         PaintFitted(session);
     else
         PaintActualSize(session);

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "canvas/scroll_bars.h"
 #include "output/page_store.h"
 #include "output/preview.h"
 #include "output/report_file.h"
@@ -9,19 +10,10 @@ namespace tessarine {
 
 namespace {
 
-constexpr int SCROLL_RANGE = 100;
-
 void GoToPage(Session *session, int page, int originY) {
     TakePage(session, page);
     session->view.OriginY = originY;
     PaintPreview(session);
-}
-
-void MoveBar(Session *session, int bar, int32_t *position, int64_t value) {
-    const int wanted = static_cast<int>(std::clamp<int64_t>(value, 0, SCROLL_RANGE));
-    if (*position == wanted) return;
-    *position = wanted;
-    SetScrollPos(session->device.Window, bar, wanted, TRUE);
 }
 
 } // namespace
@@ -38,7 +30,7 @@ void TakePage(Session *session, int page) {
 void ScrollUp(Session *session, int amount) {
     ViewState &view = session->view;
     if (FinishedPages(session) < 1) return;
-    if (view.OriginY > 0 && !view.FitPage) {
+    if (view.OriginY > 0 && !session->preview.FitPage) {
         view.OriginY = std::max(view.OriginY - amount, 0);
         PaintPreview(session);
     } else if (session->pages.ShownPageIndex >= 1) {
@@ -51,7 +43,7 @@ void ScrollUp(Session *session, int amount) {
 void ScrollDown(Session *session, int amount) {
     ViewState &view = session->view;
     if (FinishedPages(session) < 1) return;
-    if (view.OriginY + amount < session->run.PageBottomUnits && !view.FitPage) {
+    if (view.OriginY + amount < session->run.PageBottomUnits && !session->preview.FitPage) {
         view.OriginY += amount;
         PaintPreview(session);
     } else if (session->pages.ShownPageIndex + 1 < FinishedPages(session)) {
@@ -61,14 +53,14 @@ void ScrollDown(Session *session, int amount) {
 
 void ScrollLeft(Session *session, int amount) {
     ViewState &view = session->view;
-    if (view.FitPage || FinishedPages(session) < 1 || view.OriginX < 1) return;
+    if (session->preview.FitPage || FinishedPages(session) < 1 || view.OriginX < 1) return;
     view.OriginX = std::max(view.OriginX - amount, 0);
     PaintPreview(session);
 }
 
 void ScrollRight(Session *session, int amount) {
     ViewState &view = session->view;
-    if (view.FitPage || FinishedPages(session) < 1) return;
+    if (session->preview.FitPage || FinishedPages(session) < 1) return;
     if (view.OriginX >= session->run.PageWidthUnits) return;
     view.OriginX += amount;
     PaintPreview(session);
@@ -77,37 +69,32 @@ void ScrollRight(Session *session, int amount) {
 void TrackVertical(Session *session, int position) {
     const int finished = FinishedPages(session);
     if (finished < 1) return;
-    const int page = std::clamp(position * finished / SCROLL_RANGE, 0, finished - 1);
+    const int page = std::clamp(PlaceOfThumb(position, finished), 0, finished - 1);
     if (page != session->pages.ShownPageIndex) GoToPage(session, page, 0);
 }
 
 void TrackHorizontal(Session *session, int position) {
-    session->view.OriginX = position * session->run.PageWidthUnits / SCROLL_RANGE;
+    session->view.OriginX = PlaceOfThumb(position, session->run.PageWidthUnits);
     PaintPreview(session);
 }
 
 void PlaceScrollBars(Session *session) {
-    ViewState &view = session->view;
-    const int64_t hidden = int64_t{session->run.PageWidthUnits} - view.ViewWidth;
-    const int64_t place = hidden > 0 ? int64_t{view.OriginX} * SCROLL_RANGE / hidden : 0;
-    view.ScrollPosX = static_cast<int32_t>(std::min<int64_t>(place, SCROLL_RANGE));
-    view.ScrollPosY = 0;
-    SetScrollPos(session->device.Window, SB_HORZ, view.ScrollPosX, TRUE);
-    SetScrollPos(session->device.Window, SB_VERT, view.ScrollPosY, TRUE);
+    const ViewState &view = session->view;
+    MoveScrollBar(session, SB_HORZ, view.OriginX, session->run.PageWidthUnits - view.ViewWidth);
+    MoveScrollBar(session, SB_VERT, 0, 0);
 }
 
 void UpdateScrollBars(Session *session) {
-    ViewState &view = session->view;
+    const ViewState &view = session->view;
     const int64_t page_bottom = session->run.PageBottomUnits;
     const int64_t page_width = session->run.PageWidthUnits;
     const int64_t finished = FinishedPages(session);
     if (finished < 1) return;
     if (page_bottom > 0) {
         const int64_t seen = session->pages.ShownPageIndex * page_bottom + view.OriginY;
-        MoveBar(session, SB_VERT, &view.ScrollPosY, seen * SCROLL_RANGE / (finished * page_bottom));
+        MoveScrollBar(session, SB_VERT, seen, finished * page_bottom);
     }
-    if (page_width > view.ViewWidth)
-        MoveBar(session, SB_HORZ, &view.ScrollPosX, view.OriginX * SCROLL_RANGE / page_width);
+    if (page_width > view.ViewWidth) MoveScrollBar(session, SB_HORZ, view.OriginX, page_width);
 }
 
 } // namespace tessarine

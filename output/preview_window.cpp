@@ -1,3 +1,5 @@
+#include "canvas/canvas.h"
+#include "canvas/command_table.h"
 #include "device/device_properties.h"
 #include "frame/boundary.h"
 #include "frame/cursor.h"
@@ -49,9 +51,13 @@ void CopyReport(Session *session, const char *path) {
     file.Whole();
 }
 
+bool ReportFinished(const Session *session) {
+    return session->run.RunPhase == PHASE_FINISHED && !session->run.ViewingFile;
+}
+
 // The whole report file goes to the chosen name; only a finished run has one.
 void SaveReport(Session *session) {
-    if (session->run.RunPhase != PHASE_FINISHED || session->run.ViewingFile) return;
+    if (!ReportFinished(session)) return;
     char name[MAX_PATH] = "";
     if (AskReportName(session, name, sizeof name, "Save the Report to a Disk File") &&
         !SameFile(name, session->pages.ReportPath))
@@ -68,12 +74,22 @@ void Jump(Session *session) {
 
 void PrintWithDialog(Session *session) { PrintPages(session, 1); }
 
+// Names the command after what it will do next.
+void SetFitText(const Session *session) {
+    ModifyMenuA(session->device.Menu, COMMAND_FIT, MF_BYCOMMAND | MF_STRING, COMMAND_FIT,
+                session->preview.FitPage ? "&Zoom" : "Pre&view");
+    DrawMenuBar(session->device.Window);
+}
+
 // Nothing else clears the area around a fitted sheet.
 void ToggleFit(Session *session) {
-    session->view.FitPage = !session->view.FitPage;
+    const RunState &run = session->run;
+    const bool fitted = !session->preview.FitPage;
+    session->preview.FitPage = fitted;
+    session->view.FixedBitmap = fitted ? SIZE{run.PageWidthUnits, run.PageBottomUnits} : SIZE{};
     SetFitText(session);
     ResizeCanvas(session);
-    if (session->view.FitPage) {
+    if (fitted) {
         const RECT area{0, 0, session->view.ViewWidth, session->view.ViewHeight};
         SetWindowOrgEx(session->device.ScreenDC, 0, 0, nullptr);
         FillRect(session->device.ScreenDC, &area, session->device.BackBrush);
@@ -96,42 +112,41 @@ void StopOrEnd(Session *session) {
         session->run.CancelState = CANCEL_STOP;
 }
 
-struct ActionRow {
-    int number;
-    void (*action)(Session *session);
+bool PagesFinished(const Session *session) { return FinishedPages(session) >= 1; }
+bool PagesToChoose(const Session *session) { return FinishedPages(session) >= 2; }
+bool Always(const Session *) { return true; }
+
+constexpr CommandRow commands[] = {
+    {COMMAND_PAGE_UP, PageUp},
+    {COMMAND_PAGE_DOWN, PageDown},
+    {COMMAND_LINE_UP, LineUp},
+    {COMMAND_LINE_DOWN, LineDown},
+    {COMMAND_LEFT, ColumnLeft},
+    {COMMAND_RIGHT, ColumnRight},
+    {COMMAND_SAVE, SaveReport, ReportFinished},
+    {COMMAND_JUMP, Jump, PagesToChoose},
+    {COMMAND_PRINT, PrintWithDialog, PagesFinished},
+    {COMMAND_FIT, ToggleFit, PagesFinished},
+    {COMMAND_EXIT, StopOrEnd, Always},
 };
 
-constexpr ActionRow commands[] = {
-    {COMMAND_PAGE_UP, PageUp},     {COMMAND_PAGE_DOWN, PageDown}, {COMMAND_LINE_UP, LineUp},
-    {COMMAND_LINE_DOWN, LineDown}, {COMMAND_LEFT, ColumnLeft},    {COMMAND_RIGHT, ColumnRight},
-    {COMMAND_SAVE, SaveReport},    {COMMAND_JUMP, Jump},          {COMMAND_PRINT, PrintWithDialog},
-    {COMMAND_FIT, ToggleFit},      {COMMAND_EXIT, StopOrEnd},
-};
-
-constexpr ActionRow vertical_codes[] = {
+constexpr CommandRow vertical_codes[] = {
     {SB_LINEUP, LineUp}, {SB_LINEDOWN, LineDown}, {SB_PAGEUP, PageUp}, {SB_PAGEDOWN, PageDown}};
 
-constexpr ActionRow horizontal_codes[] = {{SB_LINELEFT, ColumnLeft},
-                                          {SB_LINERIGHT, ColumnRight},
-                                          {SB_PAGELEFT, ViewLeft},
-                                          {SB_PAGERIGHT, ViewRight}};
+constexpr CommandRow horizontal_codes[] = {{SB_LINELEFT, ColumnLeft},
+                                           {SB_LINERIGHT, ColumnRight},
+                                           {SB_PAGELEFT, ViewLeft},
+                                           {SB_PAGERIGHT, ViewRight}};
 
-template <size_t Rows> bool Act(const ActionRow (&rows)[Rows], int number, Session *session) {
-    for (const ActionRow &row : rows) {
-        if (row.number != number) continue;
-        row.action(session);
-        return true;
-    }
-    return false;
+bool OnCommand(Session *session, WPARAM wParam) {
+    return RunCommand(session, commands, LOWORD(wParam));
 }
-
-bool OnCommand(Session *session, WPARAM wParam) { return Act(commands, LOWORD(wParam), session); }
 
 bool OnVerticalScroll(Session *session, WPARAM wParam) {
     if (LOWORD(wParam) == SB_THUMBTRACK)
         TrackVertical(session, static_cast<short>(HIWORD(wParam)));
     else
-        Act(vertical_codes, LOWORD(wParam), session);
+        RunCommand(session, vertical_codes, LOWORD(wParam));
     return true;
 }
 
@@ -139,7 +154,7 @@ bool OnHorizontalScroll(Session *session, WPARAM wParam) {
     if (LOWORD(wParam) == SB_THUMBTRACK)
         TrackHorizontal(session, static_cast<short>(HIWORD(wParam)));
     else
-        Act(horizontal_codes, LOWORD(wParam), session);
+        RunCommand(session, horizontal_codes, LOWORD(wParam));
     return true;
 }
 
@@ -204,6 +219,12 @@ bool HandleWhole(Session *session, UINT message, WPARAM wParam) {
 }
 
 } // namespace
+
+// Drawing the bar takes longer than turning a page, so it is drawn only when it changes.
+void SetMenuState(Session *session) {
+    const DeviceState &device = session->device;
+    if (device.Menu && EnableCommands(session, commands, device.Menu)) DrawMenuBar(device.Window);
+}
 
 LRESULT CALLBACK RepWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     Session *session = window ? GetSessionPointer(window, 0) : nullptr;

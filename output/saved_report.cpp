@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "device/device_properties.h"
+#include "canvas/canvas.h"
 #include "device/printer.h"
 #include "form/file_dialog.h"
 #include "frame/boundary.h"

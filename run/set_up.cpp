@@ -1,4 +1,4 @@
-#include "device/device_properties.h"
+#include "canvas/canvas.h"
 #include "device/printer.h"
 #include "expr/postfix.h"
 #include "form/defaults.h"

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "canvas/canvas.h"
 #include "device/device_properties.h"
 #include "device/printer.h"
 #include "form/built_in_tables.h"
@@ -91,6 +92,7 @@ int CreateFormWindow(Session *session, uint32_t style, int x, int y, int width, 
     else
         session->device.Window = session->ParentWindow;
     InitDeviceProp(session);
+    MakeCanvas(session);
     session->WindowInMaking = 0;
     if (!session->run.ViewingFile && !OpenForm(session, session->CurrentFile))
         return CodeOfUnreadForm(session);
@@ -138,6 +140,7 @@ void CloseSession(Session *session) {
     ReleaseLock(session);
     session->IgnoreMessages = 1;
     FreeDevMode(&session->printer);
+    ReleaseCanvas(session);
     ReleaseDeviceProp(session);
     if (form.TablesAllocated)
         for (int row = 0; row < MAX_FONTS; ++row) ReleaseFontRow(session, row);

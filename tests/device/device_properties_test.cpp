@@ -69,7 +69,7 @@ TEST_F(DeviceProperties, EachResourceThatCannotBeMadeIsFatalWithItsWords) {
 TEST_F(DeviceProperties, ContextsCountFormUnits) {
     ASSERT_EQ(StartOn(form), 0);
     const DeviceState &device = session->device;
-    for (const HDC context : {device.ScreenDC, device.MemoryDC, device.MemoryDC2}) {
+    for (const HDC context : {device.ScreenDC, session->view.MemoryDC, session->view.MemoryDC2}) {
         EXPECT_EQ(GetMapMode(context), MM_ANISOTROPIC);
         SIZE window{};
         SIZE view{};

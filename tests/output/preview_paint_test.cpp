@@ -180,13 +180,13 @@ TEST_F(PreviewPaint, BitmapHasTheClientsSizeOrFittedAPixelAUnit) {
     BITMAP bitmap{};
     RECT client{};
     GetClientRect(Window(), &client);
-    GetObjectA(session->device.OffscreenBitmap, sizeof bitmap, &bitmap);
+    GetObjectA(session->view.OffscreenBitmap, sizeof bitmap, &bitmap);
     EXPECT_EQ(bitmap.bmWidth, client.right);
     EXPECT_EQ(bitmap.bmHeight, client.bottom);
     EXPECT_EQ(session->view.ViewWidth, MulDiv(client.right, 250, session->device.LogPixelsX) + 1);
     EXPECT_EQ(session->view.ViewHeight, MulDiv(client.bottom, 250, session->device.LogPixelsY) + 1);
     Command(696);
-    GetObjectA(session->device.OffscreenBitmap, sizeof bitmap, &bitmap);
+    GetObjectA(session->view.OffscreenBitmap, sizeof bitmap, &bitmap);
     EXPECT_EQ(bitmap.bmWidth, session->run.PageWidthUnits);
     EXPECT_EQ(bitmap.bmHeight, session->run.PageBottomUnits);
 }

@@ -210,7 +210,7 @@ TEST_F(PreviewScroll, FittedPagesTurnWholeAndDoNotMoveSideways) {
     Finish(15);
     Command(605);
     Command(696);
-    EXPECT_EQ(session->view.FitPage, 1u);
+    EXPECT_EQ(session->preview.FitPage, 1u);
     EXPECT_EQ(OriginX(), 0);
     EXPECT_EQ(MenuText(696), "&Zoom");
     for (const int command : {604, 605}) Command(command);
@@ -228,7 +228,7 @@ TEST_F(PreviewScroll, FittedPagesTurnWholeAndDoNotMoveSideways) {
         EXPECT_EQ(OriginY(), 0);
     }
     Command(696);
-    EXPECT_EQ(session->view.FitPage, 0u);
+    EXPECT_EQ(session->preview.FitPage, 0u);
     EXPECT_EQ(MenuText(696), "Pre&view");
 }
 

@@ -354,7 +354,7 @@ TEST_F(Preview, BitmapThatCannotBeMadeIsToldWithItsWords) {
     EXPECT_EQ(boxes.LastText(), "Unable to create compatible DC");
     EXPECT_EQ(session->ErrorCode, 12);
     Send(WM_PAINT, 0); // and the next one has it
-    EXPECT_NE(session->device.OffscreenBitmap, nullptr);
+    EXPECT_NE(session->view.OffscreenBitmap, nullptr);
 }
 
 TEST_F(Preview, CancelledRunLeavesNoFileOfItsPages) {

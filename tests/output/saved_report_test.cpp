@@ -317,7 +317,7 @@ TEST_F(ReportView, FiguresThatNoPaperHasHarmNothing) {
         WriteWholeFile(run.params.OutputFile, report);
         const ViewingSession viewing(block, [&](Session *session) {
             for (const uint32_t fitted : {0u, 1u}) {
-                session->view.FitPage = fitted;
+                session->preview.FitPage = fitted;
                 tessarine::PaintPreview(session);
             }
         });

@@ -54,7 +54,7 @@ decltype(&ExtTextOutA) real_ext_text_out;
 decltype(&TextOutA) real_text_out;
 
 void Note(HDC device, int x, int y, const std::string &text) {
-    if (!drawing || drawing->run.TrialMode || device == drawing->device.MemoryDC) return;
+    if (!drawing || drawing->run.TrialMode || device == drawing->view.MemoryDC) return;
     drawn.push_back("page " + std::to_string(drawing->run.PageCount) + " at " + std::to_string(x) +
                     "," + std::to_string(y) + " " + text);
 }

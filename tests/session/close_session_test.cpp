@@ -144,7 +144,7 @@ TEST_F(CloseSessionTest, AllMemoryIsGivenBack) {
     EXPECT_EQ(session->printer.DevModeMemory, nullptr);
     EXPECT_EQ(session->printer.InfoDevice, nullptr);
     EXPECT_EQ(session->device.ScreenDC, nullptr);
-    EXPECT_EQ(session->device.MemoryDC, nullptr);
+    EXPECT_EQ(session->view.MemoryDC, nullptr);
     EXPECT_EQ(session->device.SolidPen, nullptr);
     EXPECT_EQ(session->device.BackBrush, nullptr);
     EXPECT_EQ(session->form.FormLock, INVALID_HANDLE_VALUE);
