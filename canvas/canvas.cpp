@@ -31,7 +31,7 @@ void DropContext(HDC *device) {
 void MakeContexts(Session *session) {
     ReleaseCanvas(session);
     for (HDC *context : {&session->view.MemoryDC, &session->view.MemoryDC2}) {
-        *context = CreateCompatibleDC(session->device.ScreenDC);
+        *context = CreateCompatibleDC(session->drawing.ScreenDC);
         if (!*context) Refuse(session);
         ApplyMapping(session, *context);
     }
@@ -45,7 +45,7 @@ void RemakeBitmap(Session *session, SIZE wanted) {
     if (view.OffscreenBitmap) GetObjectA(view.OffscreenBitmap, sizeof current, &current);
     if (current.bmWidth == width && current.bmHeight == height) return;
     DropBitmap(&view);
-    view.OffscreenBitmap = CreateCompatibleBitmap(session->device.ScreenDC, width, height);
+    view.OffscreenBitmap = CreateCompatibleBitmap(session->drawing.ScreenDC, width, height);
     if (!view.OffscreenBitmap) Refuse(session);
     view.OldBitmap = static_cast<HBITMAP>(SelectObject(view.MemoryDC, view.OffscreenBitmap));
 }
@@ -58,7 +58,7 @@ POINT OriginOf(const ViewState &view) {
 void PlaceBelowBand(const Session *session, HDC device) {
     ApplyMapping(session, device);
     const int top =
-        MulDiv(session->view.RulerBandHeight, session->device.LogPixelsY, UNITS_PER_INCH);
+        MulDiv(session->view.RulerBandHeight, session->drawing.LogPixelsY, UNITS_PER_INCH);
     SetViewportOrgEx(device, 0, top, nullptr);
 }
 
@@ -69,8 +69,8 @@ void MakeCanvas(Session *session) {
     MakeContexts(session);
     ShowScrollBars(session);
     ResizeCanvas(session);
-    SetBkMode(session->device.ScreenDC, OPAQUE);
-    if (session->view.PaintEnabled) ValidateRect(session->device.Window, nullptr);
+    SetBkMode(session->drawing.ScreenDC, OPAQUE);
+    if (session->view.PaintEnabled) ValidateRect(session->Window, nullptr);
 }
 
 void ReleaseCanvas(Session *session) {
@@ -81,16 +81,15 @@ void ReleaseCanvas(Session *session) {
 
 // Areas of the window in form units; the bitmap is made anew only when its size changes.
 void ResizeCanvas(Session *session) {
-    const DeviceState &device = session->device;
     ViewState &view = session->view;
     if (!view.PaintEnabled || !view.MemoryDC) return;
     RECT client{};
-    GetClientRect(device.Window, &client);
+    GetClientRect(session->Window, &client);
     view.ClipRect = client;
-    view.ViewWidth = MulDiv(client.right, UNITS_PER_INCH, device.LogPixelsX) + 1;
-    const int height = MulDiv(client.bottom, UNITS_PER_INCH, device.LogPixelsY);
+    view.ViewWidth = MulDiv(client.right, UNITS_PER_INCH, session->drawing.LogPixelsX) + 1;
+    const int height = MulDiv(client.bottom, UNITS_PER_INCH, session->drawing.LogPixelsY);
     view.ViewHeight = std::max(height - view.RulerBandHeight, 0) + 1;
-    PlaceBelowBand(session, device.ScreenDC);
+    PlaceBelowBand(session, session->drawing.ScreenDC);
     PlaceBelowBand(session, view.MemoryDC);
     ApplyOrigin(session);
     RemakeBitmap(session,
@@ -99,7 +98,7 @@ void ResizeCanvas(Session *session) {
 
 void ApplyOrigin(const Session *session) {
     const POINT origin = OriginOf(session->view);
-    SetWindowOrgEx(session->device.ScreenDC, origin.x, origin.y, nullptr);
+    SetWindowOrgEx(session->drawing.ScreenDC, origin.x, origin.y, nullptr);
     SetWindowOrgEx(session->view.MemoryDC, origin.x, origin.y, nullptr);
 }
 
@@ -110,7 +109,7 @@ RECT VisibleRectangle(const Session *session) {
 }
 
 void CopyToWindow(const Session *session, const RECT &part) {
-    BitBlt(session->device.ScreenDC, part.left, part.top, part.right - part.left,
+    BitBlt(session->drawing.ScreenDC, part.left, part.top, part.right - part.left,
            part.bottom - part.top, session->view.MemoryDC, part.left, part.top, SRCCOPY);
 }
 

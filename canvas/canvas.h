@@ -2,7 +2,7 @@
 // copied to the window. A band may lie above it, at negative distance from its origin.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -17,8 +17,8 @@ void ShowBar(HWND window, int bar) {
 } // namespace
 
 void ShowScrollBars(Session *session) {
-    if (session->view.HorzScroll) ShowBar(session->device.Window, SB_HORZ);
-    if (session->view.VertScroll) ShowBar(session->device.Window, SB_VERT);
+    if (session->view.HorzScroll) ShowBar(session->Window, SB_HORZ);
+    if (session->view.VertScroll) ShowBar(session->Window, SB_VERT);
 }
 
 // Setting a bar draws it, so it is set only when it moves.
@@ -28,7 +28,7 @@ void MoveScrollBar(Session *session, int bar, int64_t place, int64_t extent) {
     int32_t &position = bar == SB_HORZ ? session->view.ScrollPosX : session->view.ScrollPosY;
     if (position == wanted) return;
     position = wanted;
-    SetScrollPos(session->device.Window, bar, wanted, TRUE);
+    SetScrollPos(session->Window, bar, wanted, TRUE);
 }
 
 int PlaceOfThumb(int position, int extent) { return position * extent / SCROLL_RANGE; }

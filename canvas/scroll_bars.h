@@ -1,7 +1,7 @@
 // Scroll bars that run from 0 to 100 and stand for a percentage of what there is to see.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

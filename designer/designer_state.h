@@ -1,21 +1,22 @@
-// State that only the form designer and the routines on an open form use.
+// What only the designer knows of a session: one object that the session owns from its first use
+// until it is closed.
 #pragma once
 
-#include "frame/windows.h"
-#include "tessarine_records.h"
+#include "state/session.h"
 
 namespace tessarine {
 
-struct DesignerState {
-    int32_t SelectedItem;   // row of the item with the focus, -1 none
+struct Designer {
     int32_t PendingCommand; // -1 idle, else the number of the command in progress
     RECT FocusRect;         // form units
     uint32_t SnapToGrid;
-    int32_t GridSize;
+    int32_t GridSize; // form units
     int32_t ExpressionMode;
-    FieldRecord EditField; // the field that a dialog edits
-    int32_t DialogRow;     // the row that a dialog works on
-    char HelpFile[270];    // the help file's name and the window in which it shows
 };
+
+// The session's designer, made with its start values when there is none. Fatal with code 3.
+Designer &DesignerOf(Session *session);
+// Gives an idle start to the designer, if the session has one.
+void ResetDesigner(Session *session);
 
 } // namespace tessarine

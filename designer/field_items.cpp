@@ -5,6 +5,7 @@
 #include <iterator>
 #include <limits>
 
+#include "designer/designer_state.h"
 #include "designer/item_table.h"
 #include "expr/symbols.h"
 #include "expr/validate.h"
@@ -12,9 +13,9 @@
 #include "form/field_sample.h"
 #include "form/field_table.h"
 #include "form/host_field.h"
+#include "form/modified.h"
 #include "form/sections.h"
 #include "frame/message_box.h"
-#include "frame/modified.h"
 #include "frame/text.h"
 
 namespace tessarine {
@@ -46,12 +47,12 @@ bool IsInForm(const Session *session, int section) {
 }
 
 void FocusOnBar(Session *session, int section) {
-    session->designer.SelectedItem = session->form.Sections[section].BarItem;
+    session->form.SelectedItem = session->form.Sections[section].BarItem;
 }
 
 // The row for the new item's field, NO_SLOT when no item can be made.
 int BeginField(Session *session, int section, int x, int y) {
-    if (session->designer.PendingCommand != IDLE) return NO_SLOT;
+    if (DesignerOf(session).PendingCommand != IDLE) return NO_SLOT;
     if (session->form.TotalItems >= MAX_ITEMS) {
         ShowSessionBox(session, "Item Table Full!");
         return NO_SLOT;
@@ -97,7 +98,7 @@ void SettleByType(FieldRecord *field, ItemRecord *item) {
 
 // A field item with the rectangle FocusRect.
 ItemRecord MakeFieldItem(Session *session, int slot, int section) {
-    const RECT &place = session->designer.FocusRect;
+    const RECT &place = DesignerOf(session).FocusRect;
     ItemRecord item = DefaultItem(session);
     item.ItemType = ITEM_FIELD;
     item.x = static_cast<int16_t>(place.left);
@@ -118,7 +119,7 @@ int PlaceFieldAt(Session *session, int slot, int section, int x, int y) {
         ReleaseField(session, slot);
         return NO_ITEM;
     }
-    session->designer.FocusRect = place;
+    DesignerOf(session).FocusRect = place;
     const ItemRecord item = MakeFieldItem(session, slot, section);
     // A section's bar comes before its items, also before one that lies on the caption.
     const int row =
@@ -145,7 +146,7 @@ bool GrowSection(Session *session, int section, int y, int growth) {
 }
 
 bool MakeCalculation(Session *session, const char *text, FieldRecord *field) {
-    const int mode = session->designer.ExpressionMode;
+    const int mode = DesignerOf(session).ExpressionMode;
     uint16_t cells[MAX_CELLS];
     int32_t position = 0;
     int type = 0;
@@ -199,7 +200,7 @@ int AddNewCalcField(Session *session, const char *text, int section, const char 
                   description);
     FieldRecord *field = &session->form.Fields[slot];
     *field = record; // in use from here on: the compiler takes slots too
-    session->designer.ExpressionMode = IsFooter(section) ? MODE_FOOTER : MODE_OTHER;
+    DesignerOf(session).ExpressionMode = IsFooter(section) ? MODE_FOOTER : MODE_OTHER;
     if (!MakeCalculation(session, text, field)) {
         FreeFieldSlot(session, slot);
         return NO_ITEM;

@@ -5,7 +5,7 @@
 // (after a message), the section is not in the form or the place is beyond a form's range.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

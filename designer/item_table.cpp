@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "designer/designer_state.h"
 #include "frame/memory.h"
 #include "frame/owned.h"
 
@@ -65,10 +66,10 @@ bool StandsBehind(const ItemRecord &item, int section, const RECT &place) {
 
 } // namespace
 
-int InsertionRow(const Session *session, int section) {
+int InsertionRow(Session *session, int section) {
     int row = 0;
     while (row < session->form.TotalItems &&
-           !StandsBehind(session->form.Items[row], section, session->designer.FocusRect))
+           !StandsBehind(session->form.Items[row], section, DesignerOf(session).FocusRect))
         ++row;
     return row;
 }

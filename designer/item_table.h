@@ -2,14 +2,14 @@
 // y and x. Nothing sorts the table; whatever writes it asks for its place here.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 
 enum { SHIFT_OPEN = 'B', SHIFT_REMOVE = 'D' };
 
 // The row at which an item of the section with the rectangle FocusRect has its place.
-int InsertionRow(const Session *session, int section);
+int InsertionRow(Session *session, int section);
 // Opens or removes count rows at the row and renews the BarItem of the sections. Does nothing when
 // the rows don't fit the table.
 void ShiftItems(Session *session, int row, int count, int operation);

@@ -2,9 +2,9 @@
 #include <cstring>
 
 #include "device/printer.h"
+#include "form/modified.h"
 #include "frame/memory.h"
 #include "frame/message_box.h"
-#include "frame/modified.h"
 #include "frame/text.h"
 
 namespace tessarine {

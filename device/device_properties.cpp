@@ -22,18 +22,17 @@ void ClearFontTable(Session *session) {
 }
 
 void OpenScreen(Session *session) {
-    DeviceState &device = session->device;
-    if (session->run.OutputToFile) {
+    if (session->OutputToFile) {
         const HDC screen = GetDC(nullptr);
         if (!screen) FatalError(session, "Unable to retrieve a Display Context.", CODE_DISPLAY);
         TakePixels(session, screen);
         ReleaseDC(nullptr, screen);
     }
-    device.ScreenDC = GetDC(device.Window);
-    if (!device.ScreenDC)
+    session->drawing.ScreenDC = GetDC(session->Window);
+    if (!session->drawing.ScreenDC)
         FatalError(session, "Unable to allocate a Display Context.", CODE_DISPLAY);
-    TakePixels(session, device.ScreenDC);
-    ApplyMapping(session, device.ScreenDC);
+    TakePixels(session, session->drawing.ScreenDC);
+    ApplyMapping(session, session->drawing.ScreenDC);
 }
 
 const char *DefaultFace(const Session *session) {
@@ -45,12 +44,12 @@ const char *DefaultFace(const Session *session) {
 void MakeSystemFont(Session *session) {
     DeviceState &device = session->device;
     session->form.FontCount = 1;
-    if (!SetDefaultFont(session, device.ScreenDC, 0, DefaultFace(session), FONT_POINTS))
+    if (!SetDefaultFont(session, session->drawing.ScreenDC, 0, DefaultFace(session), FONT_POINTS))
         FatalError(session, "Error Creating Font(InitDeviceProp)", CODE_DISPLAY);
     device.FontHeight = static_cast<int32_t>(session->form.Fonts[0].Height);
-    if (!SelectObject(device.ScreenDC, session->form.Fonts[0].Font))
+    if (!SelectObject(session->drawing.ScreenDC, session->form.Fonts[0].Font))
         FatalError(session, "Unable to select the font.", CODE_DISPLAY);
-    if (!GetTextMetricsA(device.ScreenDC, &device.Metrics))
+    if (!GetTextMetricsA(session->drawing.ScreenDC, &device.Metrics))
         FatalError(session, "Unable to get text metric for the font.", CODE_DISPLAY);
 }
 
@@ -61,14 +60,16 @@ void SelectStockObjects(HDC device) {
 
 void MakeBrushesAndPens(Session *session) {
     DeviceState &device = session->device;
-    if (!device.BackBrush) device.BackBrush = CreateSolidBrush(device.BackColor);
-    if (!device.ForeBrush) device.ForeBrush = CreateSolidBrush(device.ForeColor);
-    if (!device.GreyBrush) device.GreyBrush = CreateSolidBrush(device.GreyColor);
+    if (!device.BackBrush) device.BackBrush = CreateSolidBrush(session->palette.BackColor);
+    if (!device.ForeBrush) device.ForeBrush = CreateSolidBrush(session->palette.ForeColor);
+    if (!device.GreyBrush) device.GreyBrush = CreateSolidBrush(session->palette.GreyColor);
     if (!device.BackBrush || !device.ForeBrush || !device.GreyBrush)
         FatalError(session, "Unable to create brushes.", CODE_DISPLAY);
-    if (!device.SolidPen) device.SolidPen = CreatePen(PS_SOLID, PEN_WIDTH, device.ForeColor);
-    if (!device.DotPen) device.DotPen = CreatePen(PS_DOT, PEN_WIDTH, device.ForeColor);
-    if (!device.GroupPen) device.GroupPen = CreatePen(PS_SOLID, PEN_WIDTH, device.GroupColor);
+    if (!device.SolidPen)
+        device.SolidPen = CreatePen(PS_SOLID, PEN_WIDTH, session->palette.ForeColor);
+    if (!device.DotPen) device.DotPen = CreatePen(PS_DOT, PEN_WIDTH, session->palette.ForeColor);
+    if (!device.GroupPen)
+        device.GroupPen = CreatePen(PS_SOLID, PEN_WIDTH, session->palette.GroupColor);
     if (!device.SolidPen || !device.DotPen || !device.GroupPen)
         FatalError(session, "Unable to create pens.", CODE_DISPLAY);
 }
@@ -86,7 +87,7 @@ void LoadDesignerCursors(DeviceState *device) {
 void RegisterClipFormat(Session *session) {
     char name[32];
     std::snprintf(name, sizeof name, "RepClip%x",
-                  static_cast<unsigned>(reinterpret_cast<UINT_PTR>(session->device.Window)));
+                  static_cast<unsigned>(reinterpret_cast<UINT_PTR>(session->Window)));
     session->device.ClipFormat = RegisterClipboardFormatA(name);
 }
 
@@ -110,7 +111,7 @@ void InitDeviceProp(Session *session) {
     ClearFontTable(session);
     device.WaitCursor = StockCursor(IDC_WAIT);
     device.ArrowCursor = StockCursor(IDC_ARROW);
-    if (session->run.OutputToPrinter) return;
+    if (session->OutputToPrinter) return;
     OpenScreen(session);
     MakeSystemFont(session);
     device.PropertiesMade = 1;
@@ -120,14 +121,13 @@ void InitDeviceProp(Session *session) {
 }
 
 void ReleaseScreen(Session *session) {
-    DeviceState &device = session->device;
-    if (!device.ScreenDC) return;
-    SelectStockObjects(device.ScreenDC);
-    if (session->run.OutputToPrinter)
-        DeleteDC(device.ScreenDC);
+    if (!session->drawing.ScreenDC) return;
+    SelectStockObjects(session->drawing.ScreenDC);
+    if (session->OutputToPrinter)
+        DeleteDC(session->drawing.ScreenDC);
     else
-        ReleaseDC(device.Window, device.ScreenDC);
-    device.ScreenDC = nullptr;
+        ReleaseDC(session->Window, session->drawing.ScreenDC);
+    session->drawing.ScreenDC = nullptr;
 }
 
 void ReleaseDeviceProp(Session *session) {

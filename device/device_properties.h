@@ -1,7 +1,7 @@
 // The display resources of a session.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -48,7 +48,7 @@ int ValidateMargins(Session *session, int showMessage) {
         if (!IsTested(item) || !Offends(item, bounds)) continue;
         if (showMessage)
             ShowSessionBox(session, session->LabelMode ? LABEL_WARNING : MARGIN_WARNING, "Warning");
-        if (session->view.PaintEnabled) InvalidateRect(session->device.Window, nullptr, FALSE);
+        if (session->view.PaintEnabled) InvalidateRect(session->Window, nullptr, FALSE);
         return row;
     }
     return 0;

@@ -1,7 +1,7 @@
 // The check of items against the margins.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -52,7 +52,7 @@ void RemakeInfoDevice(Session *session) {
     if (!printer.InfoDevice) FatalError(session, "Printer Driver Error!", CODE_PRINTER);
     const PixelsOf pixels(session, printer.InfoDevice);
     ApplyMapping(session, printer.InfoDevice);
-    printer.InfoPixelsX = session->device.LogPixelsX;
+    printer.InfoPixelsX = session->drawing.LogPixelsX;
     ZeroMemory(printer.Measures, sizeof printer.Measures);
 }
 
@@ -74,7 +74,7 @@ void SettlePaper(Session *session) {
 
 // The preview measures the form's first font on the printer; the row keeps the measures alone.
 void MeasurePreviewFont(Session *session) {
-    if (session->SessionKind != KIND_REPORT || !session->run.OutputToScreen) return;
+    if (session->SessionKind != KIND_REPORT || !session->OutputToScreen) return;
     const HDC device = session->printer.InfoDevice;
     if (!MakeFont(session, device, 0, true)) return;
     FontEntry *row = &session->form.Fonts[0];

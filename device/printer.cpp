@@ -149,14 +149,14 @@ void BindFormPrinter(Session *session) {
     if (!keep) TakeFormDevice(session);
     TakeFormPaper(session);
     CallPrinterDriver(session, DM_IN_BUFFER | DM_OUT_BUFFER);
-    if (session->run.OutputToPrinter) RemakeOutputDevice(session);
+    if (session->OutputToPrinter) RemakeOutputDevice(session);
 }
 
 void RemakeOutputDevice(Session *session) {
-    const OwnedContext old(std::exchange(session->device.OutputDevice, nullptr));
+    const OwnedContext old(std::exchange(session->drawing.OutputDevice, nullptr));
     const HDC device = CreatePrinterContext(session);
     if (!device) FatalError(session, "Can not initialize printing", CODE_NO_DEVICE);
-    session->device.OutputDevice = device;
+    session->drawing.OutputDevice = device;
     TakePixels(session, device);
     ApplyMapping(session, device);
     if (!GetTextMetricsA(device, &session->device.Metrics))

@@ -1,7 +1,7 @@
 // The printer that a session is bound to.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

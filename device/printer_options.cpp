@@ -1,11 +1,11 @@
 #include <cstring>
 
 #include "device/printer.h"
+#include "form/modified.h"
 #include "frame/fatal_error.h"
 #include "frame/mapping.h"
 #include "frame/memory.h"
 #include "frame/message_box.h"
-#include "frame/modified.h"
 #include "frame/owned.h"
 #include "frame/text.h"
 
@@ -49,7 +49,7 @@ bool AskForPrinter(Session *session, OwnedGlobal *names) {
     UnlockHandle(printer.DevModeMemory);
     PRINTDLGA dialog{};
     dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = session->device.Window;
+    dialog.hwndOwner = session->Window;
     dialog.hDevMode = printer.DevModeMemory;
     dialog.hDevNames = names->Leave();
     dialog.Flags = PD_PRINTSETUP;
@@ -88,7 +88,7 @@ int FrPrintOptions(Session *session) {
     ProcessPrinterData(session);
     FitFirstDetail(session);
     SetModified(session, 1);
-    InvalidateRect(session->device.Window, nullptr, FALSE);
+    InvalidateRect(session->Window, nullptr, FALSE);
     return 1;
 }
 

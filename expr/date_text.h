@@ -1,7 +1,7 @@
 // Dates written as text.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -1,7 +1,7 @@
 // The value of a postfix list.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -1,7 +1,7 @@
 // Infix cells to postfix cells.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -9,8 +9,8 @@
 #include "form/defaults.h"
 #include "form/field_table.h"
 #include "form/host_field.h"
+#include "form/modified.h"
 #include "frame/message_box.h"
-#include "frame/modified.h"
 #include "frame/text.h"
 #include "frame/text_numbers.h"
 

@@ -1,7 +1,7 @@
 // Expression text as cells, with a row of the field table for every operand.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -33,7 +33,7 @@ struct Reader {
         return token_class;
     }
     char Fail(const char *message, bool owned = true) {
-        ShowBox(owned ? session->device.Window : nullptr, message);
+        ShowBox(owned ? session->Window : nullptr, message);
         return Finish('E');
     }
 };

@@ -1,7 +1,7 @@
 // Expression text cut into tokens.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -1,7 +1,7 @@
 // Type check and copies of expressions.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -1,7 +1,7 @@
 // The tables that every form shares: section names, system fields, summary and date format names.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

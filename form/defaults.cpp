@@ -12,7 +12,6 @@ namespace tessarine {
 
 namespace {
 
-constexpr int GRID_SIZE = 12; // form units
 constexpr int FILLER_CHARACTER = 215;
 
 void ClearCounters(Session *session) {
@@ -22,25 +21,22 @@ void ClearCounters(Session *session) {
     form.Header.ReportFilter[0] = CELL_END; // it named rows that are gone
     ReleaseLock(session);                   // a host may start over on an open form
     form.FontMarker = FONT_MARKER;
-    session->designer.SelectedItem = -1;
-    session->designer.PendingCommand = -1;
+    session->form.SelectedItem = -1;
 }
 
 void SetColors(Session *session) {
-    DeviceState &device = session->device;
-    device.ForeColor = 0x000000;
-    device.BackColor = 0xFFFFFF;
-    device.GreyColor = 0x7F7F7F;
-    device.GroupColor = 0x0000FF;
-    device.TealColor = 0x7F7F00;
+    session->palette.ForeColor = 0x000000;
+    session->palette.BackColor = 0xFFFFFF;
+    session->palette.GreyColor = 0x7F7F7F;
+    session->palette.GroupColor = 0x0000FF;
+    session->palette.TealColor = 0x7F7F00;
 }
 
 } // namespace
 
 void SetHelpFile(Session *session) {
-    DesignerState &designer = session->designer;
     const char *name = host_data.HelpFileName ? host_data.HelpFileName : "REP.HLP";
-    std::snprintf(designer.HelpFile, sizeof designer.HelpFile, "%.259s>SECOND", name);
+    std::snprintf(session->dialog.HelpFile, sizeof session->dialog.HelpFile, "%.259s>SECOND", name);
 }
 
 void InitSections(Session *session) {
@@ -59,8 +55,6 @@ void InitSections(Session *session) {
 void InitVariables(Session *session) {
     ClearCounters(session);
     SetColors(session);
-    session->designer.SnapToGrid = 1;
-    session->designer.GridSize = GRID_SIZE;
     SetHelpFile(session);
     session->printer.PaperWidth = 8.5F;
     session->printer.PaperHeight = 11.0F;
@@ -81,9 +75,9 @@ ItemRecord DefaultItem(const Session *session) {
     ItemRecord item{};
     item.ItemType = ITEM_LABEL;
     item.ItemFlags = FLAG_LEFT | FLAG_MIDDLE;
-    item.OutlineColor = session->device.ForeColor;
-    item.LineColor = session->device.ForeColor;
-    item.Background.Color = session->device.BackColor;
+    item.OutlineColor = session->palette.ForeColor;
+    item.LineColor = session->palette.ForeColor;
+    item.Background.Color = session->palette.BackColor;
     return item;
 }
 

@@ -1,7 +1,7 @@
 // The start state of a session and of its records.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

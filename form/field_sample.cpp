@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "form/label_measure.h"
 #include "frame/text.h"
-#include "paint/text_measure.h"
 
 namespace tessarine {
 

@@ -1,7 +1,7 @@
 // The sample text that stands for a field's value in the designer.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "form/defaults.h"
-#include "frame/modified.h"
+#include "form/modified.h"
 
 namespace tessarine {
 

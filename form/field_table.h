@@ -1,7 +1,7 @@
 // The rows of the field table: slots, references, release.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

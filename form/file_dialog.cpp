@@ -31,7 +31,7 @@ bool AskFileName(Session *session, char *name, const char *filter, const char *t
     parts[length + 1] = 0;
     std::replace(parts, parts + length, '|', '\0');
 
-    const HWND window = session->device.Window ? session->device.Window : session->ParentWindow;
+    const HWND window = session->Window ? session->Window : session->ParentWindow;
     OPENFILENAMEA dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = window;

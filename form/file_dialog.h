@@ -1,7 +1,7 @@
 // The one routine for the common file dialogs.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -2,10 +2,10 @@
 
 #include "form/field_sample.h"
 #include "form/fonts.h"
+#include "form/label_measure.h"
+#include "form/modified.h"
 #include "frame/memory.h"
 #include "frame/message_box.h"
-#include "frame/modified.h"
-#include "paint/text_measure.h"
 
 namespace tessarine {
 
@@ -82,19 +82,18 @@ int TakeFontRow(Session *session, const LOGFONTA &font) {
         return NO_ROW;
     }
     session->form.Fonts[row].LogFont = font;
-    if (MakeFont(session, session->device.ScreenDC, row, false)) return row;
+    if (MakeFont(session, session->drawing.ScreenDC, row, false)) return row;
     ReleaseFontRow(session, row);
     return NO_ROW;
 }
 
 bool ChooseFontOf(Session *session, ItemRecord *item, LOGFONTA *font) {
-    const DeviceState &device = session->device;
     *font = session->form.Fonts[item->FontIndex].LogFont;
-    font->lfHeight = MulDiv(font->lfHeight, device.LogPixelsY, UNITS_PER_INCH);
-    font->lfWidth = MulDiv(font->lfWidth, device.LogPixelsX, UNITS_PER_INCH);
+    font->lfHeight = MulDiv(font->lfHeight, session->drawing.LogPixelsY, UNITS_PER_INCH);
+    font->lfWidth = MulDiv(font->lfWidth, session->drawing.LogPixelsX, UNITS_PER_INCH);
     CHOOSEFONTA choice{};
     choice.lStructSize = sizeof choice;
-    choice.hwndOwner = device.Window;
+    choice.hwndOwner = session->Window;
     choice.hDC = session->printer.InfoDevice;
     choice.lpLogFont = font;
     choice.rgbColors = item->TextColor;
@@ -102,7 +101,8 @@ bool ChooseFontOf(Session *session, ItemRecord *item, LOGFONTA *font) {
     if (!ChooseFontA(&choice)) return false;
     item->TextColor = choice.rgbColors;
     font->lfHeight = -(choice.iPointSize * UNITS_PER_INCH / 720);
-    if (device.LogPixelsX) font->lfWidth = MulDiv(font->lfWidth, UNITS_PER_INCH, device.LogPixelsX);
+    if (session->drawing.LogPixelsX)
+        font->lfWidth = MulDiv(font->lfWidth, UNITS_PER_INCH, session->drawing.LogPixelsX);
     return true;
 }
 
@@ -168,14 +168,14 @@ int CreateDefaultBoldFont(Session *session) {
     FontEntry *font = &session->form.Fonts[row];
     font->LogFont = session->form.Fonts[0].LogFont;
     font->LogFont.lfWeight = BOLD_WEIGHT;
-    if (MakeFont(session, session->device.ScreenDC, row, false)) return row;
+    if (MakeFont(session, session->drawing.ScreenDC, row, false)) return row;
     ShowSessionBox(session, "Unable to create default bold font.");
     ReleaseFontRow(session, row);
     return 0;
 }
 
 int FrFonts(Session *session, const LOGFONTA *font) {
-    const int selected = session->designer.SelectedItem;
+    const int selected = session->form.SelectedItem;
     if (selected < 0 || selected >= session->form.TotalItems) return 1;
     ItemRecord *item = &session->form.Items[selected];
     if (!TakesFont(session, *item)) return 1;

@@ -17,7 +17,7 @@ constexpr int TENTHS_PER_INCH = 720; // tenths of a point
 
 void SelectStockFonts(const Session *session) {
     const HGDIOBJ system_font = GetStockObject(SYSTEM_FONT);
-    if (session->device.ScreenDC) SelectObject(session->device.ScreenDC, system_font);
+    if (session->drawing.ScreenDC) SelectObject(session->drawing.ScreenDC, system_font);
     if (session->printer.InfoDevice) SelectObject(session->printer.InfoDevice, system_font);
 }
 
@@ -130,8 +130,7 @@ int MakeFont(Session *session, HDC device, int number, bool normalise) {
     if (row->IsPicture) return 1;
     DeleteOldFont(session, row);
     row->LogFont.lfFaceName[LF_FACESIZE - 1] = 0;
-    if (!session->run.OutputToPrinter)
-        return MakeMeasured(session, device, device, number, normalise);
+    if (!session->OutputToPrinter) return MakeMeasured(session, device, device, number, normalise);
     // A run to the printer has the screen's measures, so that all outputs break lines and pages
     // alike.
     const MappedScreen screen(session);

@@ -1,7 +1,7 @@
 // Fonts of a form: creation, measuring, and the table's rows.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

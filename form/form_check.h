@@ -2,7 +2,7 @@
 // lists and texts end inside their fields.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -1,7 +1,7 @@
 // The open handle by which a session keeps its form's file.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

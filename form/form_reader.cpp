@@ -115,7 +115,7 @@ void ReadItems(Session *session, HANDLE file) {
             form.Fonts[item->FontIndex].InUse = 1;
         if (item->ItemType == ITEM_BAR) form.ReportHeight += item->height;
     }
-    session->designer.SelectedItem = 0;
+    session->form.SelectedItem = 0;
 }
 
 void ReadUserFields(Session *session, HANDLE file) {
@@ -170,7 +170,7 @@ public:
         form.TotalItems = form.FieldCount = form.BreakCount = form.UserFieldCount = 0;
         InitSections(session_);
         for (UserFieldRecord &user : form.UserFields) user.InUse = 0;
-        session_->designer.SelectedItem = -1;
+        session_->form.SelectedItem = -1;
     }
     void IsWhole() { whole_ = true; }
 
@@ -195,7 +195,7 @@ bool FitsSession(const Session *session, const FormHeader &header) {
 bool PeekFormHeader(Session *session, const char *path, FormHeader *header) {
     const OwnedFile file(OpenForReading(path));
     if (!file) {
-        ShowSystemMessage(session->device.Window, GetLastError(), "Open");
+        ShowSystemMessage(session->Window, GetLastError(), "Open");
         return false;
     }
     DWORD moved = 0;
@@ -211,7 +211,7 @@ FormRead ReadFormFile(Session *session, char *path) {
     if (!FitsSession(session, header)) return FormRead::Refused;
     const OpenedForm opened = OpenFormFile(session, path, header);
     if (opened.file == INVALID_HANDLE_VALUE) {
-        ShowSystemMessage(session->device.Window, GetLastError(), "Open");
+        ShowSystemMessage(session->Window, GetLastError(), "Open");
         return FormRead::Unopened;
     }
     OwnedFile file(opened.file);

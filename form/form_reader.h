@@ -1,7 +1,7 @@
 // Reading a form file into the session's tables.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -6,10 +6,10 @@
 #include "form/form_blocks.h"
 #include "form/form_check.h"
 #include "form/form_lock.h"
+#include "form/modified.h"
 #include "frame/fatal_error.h"
 #include "frame/host_data.h"
 #include "frame/message_box.h"
-#include "frame/modified.h"
 #include "frame/text.h"
 
 namespace tessarine {
@@ -128,7 +128,7 @@ Save WriteForm(Session *session, const char *path) {
     case FontWrite::Done: break;
     }
     SetModified(session, 0);
-    if (session->SessionKind == KIND_DESIGNER) SetWindowTextA(session->device.Window, path);
+    if (session->SessionKind == KIND_DESIGNER) SetWindowTextA(session->Window, path);
     return Save::Done;
 }
 
@@ -140,7 +140,7 @@ int FrSave(Session *session, char *path) {
         return 0;
     }
     if (!TablesAgree(session) || !UserFieldsFit(session)) {
-        ShowBox(session->device.Window, "The form contradicts itself and can't be saved.");
+        ShowBox(session->Window, "The form contradicts itself and can't be saved.");
         return 0;
     }
     if (!*path && (!AskFileName(session, path, FORM_FILTER, "Save", true) || !*path)) return 0;

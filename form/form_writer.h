@@ -1,7 +1,7 @@
 // Saving a form with its backup and its lock.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -38,7 +38,7 @@ bool AskHostForField(const Session *session, FieldRecord *record) {
     bool known = false;
     {
         const OwnFloatState own; // the routine may leave the floating point units as it likes
-        known = check(session->device.Window, record, 0, host_data.HostContext);
+        known = check(session->Window, record, 0, host_data.HostContext);
     }
     EndTexts(record);
     record->FieldKind = before.FieldKind;

@@ -1,7 +1,7 @@
 // Data fields are the host's: it knows them by name.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

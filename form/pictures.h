@@ -1,7 +1,7 @@
 // Pictures of a form.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

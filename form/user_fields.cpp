@@ -6,8 +6,8 @@
 #include <iterator>
 
 #include "form/field_table.h"
+#include "form/modified.h"
 #include "frame/message_box.h"
-#include "frame/modified.h"
 #include "frame/text.h"
 
 namespace tessarine {

@@ -2,7 +2,7 @@
 // Refusals are told in boxes and change nothing.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -1,7 +1,7 @@
 // How forms of older versions are brought up to date.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -1,7 +1,7 @@
 // Dates as text; a date is the number year x 10000 + month x 100 + day.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -1,7 +1,7 @@
 // A field's current value as the text that is painted.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

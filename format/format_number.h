@@ -1,7 +1,7 @@
 // Numbers as text.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

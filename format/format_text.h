@@ -1,7 +1,7 @@
 // The case rules of text fields.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

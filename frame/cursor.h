@@ -1,7 +1,7 @@
 // The cursor around long work.
 #pragma once
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 namespace tessarine {
 

@@ -13,7 +13,7 @@ namespace tessarine {
 INT_PTR RunDialog(Session *session, const char *templateName, DLGPROC procedure, LPARAM extra,
                   HWND owner) {
     DialogStart start{session, extra};
-    const HWND parent = owner ? owner : session->device.Window;
+    const HWND parent = owner ? owner : session->Window;
     const INT_PTR result = DialogBoxParamA(module_instance, templateName, parent, procedure,
                                            reinterpret_cast<LPARAM>(&start));
     RaisePending(session);
@@ -98,7 +98,7 @@ Session *DialogSession(HWND dialog) {
 }
 
 void ShowHelp(Session *session, int helpNumber) {
-    WinHelpA(session->ParentWindow, session->designer.HelpFile, HELP_CONTEXT,
+    WinHelpA(session->ParentWindow, session->dialog.HelpFile, HELP_CONTEXT,
              static_cast<ULONG_PTR>(helpNumber));
 }
 

@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -9,7 +9,7 @@
 #include <new>
 
 #include "frame/float_state.h"
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 namespace tessarine {
 

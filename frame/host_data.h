@@ -1,7 +1,7 @@
 // The host's blocks: HostData, of which up to 10 are remembered, and NewFormData.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -13,7 +13,7 @@ void Map(HDC device, int pixelsX, int pixelsY) {
 } // namespace
 
 void ApplyMapping(const Session *session, HDC device) {
-    Map(device, session->device.LogPixelsX, session->device.LogPixelsY);
+    Map(device, session->drawing.LogPixelsX, session->drawing.LogPixelsY);
 }
 
 void ApplyOwnMapping(HDC device) {
@@ -21,8 +21,8 @@ void ApplyOwnMapping(HDC device) {
 }
 
 void TakePixels(Session *session, HDC device) {
-    session->device.LogPixelsX = GetDeviceCaps(device, LOGPIXELSX);
-    session->device.LogPixelsY = GetDeviceCaps(device, LOGPIXELSY);
+    session->drawing.LogPixelsX = GetDeviceCaps(device, LOGPIXELSX);
+    session->drawing.LogPixelsY = GetDeviceCaps(device, LOGPIXELSY);
 }
 
 } // namespace tessarine

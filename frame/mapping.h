@@ -1,7 +1,7 @@
 // One logical unit is 1/250 inch on every device.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 
@@ -18,14 +18,14 @@ void TakePixels(Session *session, HDC device);
 class PixelsOf {
 public:
     PixelsOf(Session *session, HDC device)
-        : session_(session), x_(session->device.LogPixelsX), y_(session->device.LogPixelsY) {
+        : session_(session), x_(session->drawing.LogPixelsX), y_(session->drawing.LogPixelsY) {
         TakePixels(session, device);
     }
     PixelsOf(const PixelsOf &) = delete;
     PixelsOf &operator=(const PixelsOf &) = delete;
     ~PixelsOf() {
-        session_->device.LogPixelsX = x_;
-        session_->device.LogPixelsY = y_;
+        session_->drawing.LogPixelsX = x_;
+        session_->drawing.LogPixelsY = y_;
     }
 
 private:

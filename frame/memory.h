@@ -1,8 +1,10 @@
-// Allocation with a message on failure, and the fixed tables of a session.
+// Allocation with a message on failure.
 // Every allocator adds one byte to the size, shows its own message box on failure and returns null.
 #pragma once
 
-#include "frame/session.h"
+#include <cstddef>
+
+#include "state/windows.h"
 
 namespace tessarine {
 
@@ -21,10 +23,6 @@ int FreeHandle(HGLOBAL handle);   // 1
 void *MemAlloc(size_t size);
 void *MemReAlloc(void *memory, size_t size);
 int MemFree(void *memory); // 1, also for null
-
-// Makes the four fixed tables: items, fonts, fields, temporary fields. Fatal with code 3.
-int AllocArrayMem(Session *session);
-void FreeArrayMem(Session *session);
 
 // For tests of failure: the allocation with this number from now on fails (0: none does), and
 // how many blocks of the allocators above are live.

@@ -9,7 +9,7 @@ int ShowBox(HWND owner, const char *text, const char *title, UINT flags) {
 }
 
 int ShowSessionBox(const Session *session, const char *text, const char *title, UINT flags) {
-    const int button = ShowBox(session->device.Window, text, title, flags);
+    const int button = ShowBox(session->Window, text, title, flags);
     RaisePending(session);
     return button;
 }

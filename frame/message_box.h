@@ -1,7 +1,7 @@
 // The one routine for message boxes.
 #pragma once
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 struct Session;
 

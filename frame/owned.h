@@ -1,7 +1,7 @@
 // Small owners of system objects, for handles that are held across a call that can fail.
 #pragma once
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 namespace tessarine {
 

@@ -1,7 +1,7 @@
 // The process-wide list of live sessions and table of run sessions, and how a session is found.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

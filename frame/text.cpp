@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "frame/message_box.h"
-#include "frame/windows.h"
+#include "state/windows.h"
 
 namespace tessarine {
 

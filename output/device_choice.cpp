@@ -1,8 +1,8 @@
 #include "output/device_choice.h"
 
 #include "form/defaults.h"
+#include "form/modified.h"
 #include "frame/dialogs.h"
-#include "frame/modified.h"
 #include "rep_dlg.h"
 
 namespace tessarine {
@@ -19,7 +19,7 @@ void AddChoice(HWND dialog, const char *text) {
 bool Open(HWND dialog, Session *session, LPARAM) {
     AddChoice(dialog, "Screen");
     AddChoice(dialog, "Printer");
-    if (!session->run.ViewingFile) AddChoice(dialog, "Disk File");
+    if (!session->ViewingFile) AddChoice(dialog, "Disk File");
     SendDlgItemMessageA(dialog, LIST_CHOICE, LB_SETCURSEL, 0, 0);
     return true;
 }
@@ -37,7 +37,7 @@ constexpr Dialog device_dialog{DEVICE_HELP, Open, controls, CANCELLED};
 // The session's variables have their start state only when its printer is bound.
 int AskDevice(Session *session) {
     SetHelpFile(session);
-    const HWND owner = session->device.Window ? nullptr : session->ParentWindow;
+    const HWND owner = session->Window ? nullptr : session->ParentWindow;
     return static_cast<int>(RunDialog(session, "DeviceParam", DeviceParam, 0, owner));
 }
 

@@ -1,7 +1,7 @@
 // The dialog that asks for the output device.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

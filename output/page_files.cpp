@@ -29,7 +29,7 @@ void FillDirectory(char *directory, size_t size) {
 }
 
 void PageDirectory(Session *session, char (&directory)[DIRECTORY_LIMIT + 2]) {
-    char *own = session->run.ViewingFile ? session->ViewBlock.TempDir : session->RunBlock.TempDir;
+    char *own = session->ViewingFile ? session->ViewBlock.TempDir : session->RunBlock.TempDir;
     FillDirectory(own, sizeof session->RunBlock.TempDir);
     CopyText(own, directory, DIRECTORY_LIMIT + 1);
     const size_t length = std::strlen(directory);
@@ -37,7 +37,7 @@ void PageDirectory(Session *session, char (&directory)[DIRECTORY_LIMIT + 2]) {
 }
 
 void BaseName(const Session *session, char (&base)[BASE_LENGTH + 1]) {
-    CopyText(session->run.TimeText, base, sizeof base);
+    CopyText(session->report.TimeText, base, sizeof base);
     base[2] = base[5] = 'R';
 }
 
@@ -126,17 +126,16 @@ void MakePageFileNames(Session *session) {
     Compose(pages.TransferPath, directory, base, ".MFT");
     Compose(pages.ScreenPagePath, directory, base, ".MFS");
     Compose(pages.PrintPagePath, directory, base, ".MFP");
-    if (session->run.OutputToFile)
+    if (session->OutputToFile)
         CopyText(pages.OutputPath, pages.ReportPath, sizeof pages.ReportPath);
-    else if (session->run.ViewingFile)
+    else if (session->ViewingFile)
         CopyText(session->ViewBlock.ReportFileName, pages.ReportPath, sizeof pages.ReportPath);
 }
 
 void DeletePageFiles(Session *session) {
     PageStoreState &pages = session->pages;
-    const RunState &run = session->run;
-    if (run.OutputToScreen && !run.ViewingFile) DeleteNamed(pages.ReportPath);
-    if (run.OutputToFile && !pages.ReportWhole) DeleteNamed(pages.OutputPath);
+    if (session->OutputToScreen && !session->ViewingFile) DeleteNamed(pages.ReportPath);
+    if (session->OutputToFile && !pages.ReportWhole) DeleteNamed(pages.OutputPath);
     for (const char *path : {pages.ScreenPagePath, pages.PrintPagePath, pages.TransferPath})
         DeleteNamed(path);
     ReleaseClaim(&pages);

@@ -1,7 +1,7 @@
 // The names of a session's page files and the claim on them.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -42,7 +42,7 @@ constexpr Dialog range_dialog{PRINT_HELP, OpenRange, range_controls};
 
 // The job has the paper of the report and not of the present printer set-up.
 void TakeReportPaper(Session *session) {
-    if (!session->run.ViewingFile) return;
+    if (!session->ViewingFile) return;
     DEVMODEA *mode = session->printer.DevMode;
     const ReportFileHeader &header = session->pages.Header;
     mode->dmOrientation = static_cast<short>(header.Orientation);
@@ -93,17 +93,17 @@ public:
         : session_(session), device_(device), silent_(silent) {
         if (silent_) return;
         ProgressState &progress = session->job.Progress;
-        OpenProgress(session, &progress, "ScrPrintAbortParam", ScrPrintAbortParam,
-                     session->device.Window, session->printer.DeviceName);
+        OpenProgress(session, &progress, "ScrPrintAbortParam", ScrPrintAbortParam, session->Window,
+                     session->printer.DeviceName);
         UpdateWindow(progress.AbortDialog);
-        EnableWindow(session->device.Window, FALSE);
+        EnableWindow(session->Window, FALSE);
     }
     JobDocument(const JobDocument &) = delete;
     JobDocument &operator=(const JobDocument &) = delete;
     ~JobDocument() {
         if (!ended_) AbortDoc(device_);
         if (silent_) return;
-        EnableWindow(session_->device.Window, TRUE);
+        EnableWindow(session_->Window, TRUE);
         CloseProgress(&session_->job.Progress);
     }
     void End() {
@@ -120,7 +120,7 @@ private:
 };
 
 int PrintJob(Session *session, HDC device) {
-    const bool silent = session->run.ViewingFile && session->ViewBlock.Silent;
+    const bool silent = session->ViewingFile && session->ViewBlock.Silent;
     NotePrinterContext(session, device);
     if (!silent) {
         session->job.Progress.AbortProc = ScrPrintProc;

@@ -101,7 +101,7 @@ void StartRecorder(Session *session, const char *failure) {
 
 void TransferMetaFile(Session *session) {
     PageStoreState &pages = session->pages;
-    const int page_count = session->run.PageCount;
+    const int page_count = session->report.PageCount;
     if (page_count == 1) {
         MakePageFileNames(session);
         pages.PageTable[0] = FIRST_PAGE_OFFSET;

@@ -1,7 +1,7 @@
 // Finished pages on their way to and from the report file.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

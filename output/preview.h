@@ -1,7 +1,7 @@
 // The preview window of a run, and what the run tells it.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

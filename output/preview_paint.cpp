@@ -1,9 +1,9 @@
 #include <cstdio>
 
 #include "canvas/canvas.h"
+#include "form/label_measure.h"
 #include "frame/owned.h"
 #include "output/preview.h"
-#include "paint/text_measure.h"
 
 namespace tessarine {
 
@@ -27,13 +27,13 @@ void DrawLine(HDC device, int left, int top, int right, int bottom) {
 
 // The true end of a report shows at a glance: solid red instead of dots.
 void MarkPageEnd(const Session *session) {
-    const bool last = session->run.RunPhase == PHASE_FINISHED &&
-                      session->pages.ShownPageIndex == session->run.PageCount - 1;
+    const bool last = session->report.RunPhase == PHASE_FINISHED &&
+                      session->pages.ShownPageIndex == session->report.PageCount - 1;
     const HDC device = session->view.MemoryDC;
     const HGDIOBJ old_pen =
         SelectObject(device, last ? session->device.GroupPen : session->device.DotPen);
-    DrawLine(device, 0, session->run.PageBottomUnits, session->run.PageWidthUnits,
-             session->run.PageBottomUnits);
+    DrawLine(device, 0, session->report.PageBottomUnits, session->report.PageWidthUnits,
+             session->report.PageBottomUnits);
     SelectObject(device, old_pen);
 }
 
@@ -83,7 +83,7 @@ Mapping MappingOf(HDC device) {
 
 // Maps the paper on the sheet, with the page's origin at the printer's unprintable offset.
 void MapPaperOnSheet(const Session *session, const RECT &sheet, int paperWidth, int paperHeight) {
-    const HDC device = session->device.ScreenDC;
+    const HDC device = session->drawing.ScreenDC;
     const Mapping old = MappingOf(device);
     const int width = sheet.right - sheet.left;
     const int height = sheet.bottom - sheet.top;
@@ -111,7 +111,7 @@ RECT PixelFurther(HDC device, RECT place) {
 }
 
 void DrawSheetFrame(const Session *session, const RECT &sheet) {
-    const HDC device = session->device.ScreenDC;
+    const HDC device = session->drawing.ScreenDC;
     const RECT shadow = PixelFurther(device, sheet);
     const HGDIOBJ old_pen = SelectObject(device, GetStockObject(BLACK_PEN));
     DrawLine(device, sheet.left, sheet.top, sheet.right, sheet.top);
@@ -129,7 +129,7 @@ void PaintFitted(const Session *session) {
     if (paper_width < 1 || paper_height < 1) return;
     const RECT sheet = FittedSheet(session);
     if (sheet.right <= sheet.left) return;
-    const HDC device = session->device.ScreenDC;
+    const HDC device = session->drawing.ScreenDC;
     FillRect(device, &sheet, session->device.BackBrush);
     const int saved = SaveDC(device);
     MapPaperOnSheet(session, sheet, paper_width, paper_height);
@@ -144,16 +144,15 @@ void StripText(const Session *session, const RECT &strip, int x, int line, const
 }
 
 void WriteStrip(const Session *session, const RECT &strip) {
-    const RunState &run = session->run;
-    const bool finished = run.RunPhase == PHASE_FINISHED;
+    const bool finished = session->report.RunPhase == PHASE_FINISHED;
     char text[TEXT_LENGTH];
     std::snprintf(text, sizeof text, finished ? "   Last Page: %d" : "   Processing Page# %d",
-                  run.PageCount);
+                  session->report.PageCount);
     StripText(session, strip, strip.left, 0, text);
     std::snprintf(text, sizeof text, finished ? "   Record Count: %d" : "   Processing Record#: %d",
-                  run.RecordCount);
+                  session->report.RecordCount);
     StripText(session, strip, strip.left, 1, text);
-    if (!finished && run.PageCount < 2) return;
+    if (!finished && session->report.PageCount < 2) return;
     std::snprintf(text, sizeof text, "Current Page: %d   ", session->pages.ShownPageIndex + 1);
     StripText(session, strip, strip.right - GetLabelLen(session->form.Fonts[0], text), 1, text);
 }
@@ -171,7 +170,7 @@ void PaintStatusStrip(Session *session) {
     SelectObject(device, session->form.Fonts[0].Font ? session->form.Fonts[0].Font
                                                      : GetStockObject(SYSTEM_FONT));
     SetBkMode(device, TRANSPARENT);
-    SetTextColor(device, session->device.ForeColor);
+    SetTextColor(device, session->palette.ForeColor);
     WriteStrip(session, strip);
     RestoreDC(device, saved);
     CopyToWindow(session, strip);
@@ -186,7 +185,7 @@ void PaintPreview(Session *session) {
         PaintFitted(session);
     else
         PaintActualSize(session);
-    ValidateRect(session->device.Window, nullptr);
+    ValidateRect(session->Window, nullptr);
 }
 
 } // namespace tessarine

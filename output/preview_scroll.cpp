@@ -36,14 +36,14 @@ void ScrollUp(Session *session, int amount) {
     } else if (session->pages.ShownPageIndex >= 1) {
         const int overlap = amount - session->device.FontHeight; // a line of text stays in view
         GoToPage(session, session->pages.ShownPageIndex - 1,
-                 session->run.PageBottomUnits - overlap);
+                 session->report.PageBottomUnits - overlap);
     }
 }
 
 void ScrollDown(Session *session, int amount) {
     ViewState &view = session->view;
     if (FinishedPages(session) < 1) return;
-    if (view.OriginY + amount < session->run.PageBottomUnits && !session->preview.FitPage) {
+    if (view.OriginY + amount < session->report.PageBottomUnits && !session->preview.FitPage) {
         view.OriginY += amount;
         PaintPreview(session);
     } else if (session->pages.ShownPageIndex + 1 < FinishedPages(session)) {
@@ -61,7 +61,7 @@ void ScrollLeft(Session *session, int amount) {
 void ScrollRight(Session *session, int amount) {
     ViewState &view = session->view;
     if (session->preview.FitPage || FinishedPages(session) < 1) return;
-    if (view.OriginX >= session->run.PageWidthUnits) return;
+    if (view.OriginX >= session->report.PageWidthUnits) return;
     view.OriginX += amount;
     PaintPreview(session);
 }
@@ -74,20 +74,20 @@ void TrackVertical(Session *session, int position) {
 }
 
 void TrackHorizontal(Session *session, int position) {
-    session->view.OriginX = PlaceOfThumb(position, session->run.PageWidthUnits);
+    session->view.OriginX = PlaceOfThumb(position, session->report.PageWidthUnits);
     PaintPreview(session);
 }
 
 void PlaceScrollBars(Session *session) {
     const ViewState &view = session->view;
-    MoveScrollBar(session, SB_HORZ, view.OriginX, session->run.PageWidthUnits - view.ViewWidth);
+    MoveScrollBar(session, SB_HORZ, view.OriginX, session->report.PageWidthUnits - view.ViewWidth);
     MoveScrollBar(session, SB_VERT, 0, 0);
 }
 
 void UpdateScrollBars(Session *session) {
     const ViewState &view = session->view;
-    const int64_t page_bottom = session->run.PageBottomUnits;
-    const int64_t page_width = session->run.PageWidthUnits;
+    const int64_t page_bottom = session->report.PageBottomUnits;
+    const int64_t page_width = session->report.PageWidthUnits;
     const int64_t finished = FinishedPages(session);
     if (finished < 1) return;
     if (page_bottom > 0) {

@@ -52,7 +52,7 @@ void CopyReport(Session *session, const char *path) {
 }
 
 bool ReportFinished(const Session *session) {
-    return session->run.RunPhase == PHASE_FINISHED && !session->run.ViewingFile;
+    return session->report.RunPhase == PHASE_FINISHED && !session->ViewingFile;
 }
 
 // The whole report file goes to the chosen name; only a finished run has one.
@@ -78,21 +78,21 @@ void PrintWithDialog(Session *session) { PrintPages(session, 1); }
 void SetFitText(const Session *session) {
     ModifyMenuA(session->device.Menu, COMMAND_FIT, MF_BYCOMMAND | MF_STRING, COMMAND_FIT,
                 session->preview.FitPage ? "&Zoom" : "Pre&view");
-    DrawMenuBar(session->device.Window);
+    DrawMenuBar(session->Window);
 }
 
 // Nothing else clears the area around a fitted sheet.
 void ToggleFit(Session *session) {
-    const RunState &run = session->run;
     const bool fitted = !session->preview.FitPage;
     session->preview.FitPage = fitted;
-    session->view.FixedBitmap = fitted ? SIZE{run.PageWidthUnits, run.PageBottomUnits} : SIZE{};
+    session->view.FixedBitmap =
+        fitted ? SIZE{session->report.PageWidthUnits, session->report.PageBottomUnits} : SIZE{};
     SetFitText(session);
     ResizeCanvas(session);
     if (fitted) {
         const RECT area{0, 0, session->view.ViewWidth, session->view.ViewHeight};
-        SetWindowOrgEx(session->device.ScreenDC, 0, 0, nullptr);
-        FillRect(session->device.ScreenDC, &area, session->device.BackBrush);
+        SetWindowOrgEx(session->drawing.ScreenDC, 0, 0, nullptr);
+        FillRect(session->drawing.ScreenDC, &area, session->device.BackBrush);
     }
     PaintPreview(session);
 }
@@ -105,11 +105,12 @@ bool StartFailed(const Session *session) {
 // A run that goes on is asked to stop, but behind a print job only the job is. All else ends as
 // soon as nothing works on it: behind a box, a dialog or a job that is in hand.
 void StopOrEnd(Session *session) {
-    session->job.CancelState = CANCEL_STOP;
     if (session->State == STATE_FINISHED || StartFailed(session))
         WantEnd(session);
-    else if (!session->job.InHand)
-        session->run.CancelState = CANCEL_STOP;
+    else if (session->job.InHand)
+        session->job.CancelState = CANCEL_STOP;
+    else
+        session->report.CancelState = CANCEL_STOP;
 }
 
 bool PagesFinished(const Session *session) { return FinishedPages(session) >= 1; }
@@ -160,15 +161,16 @@ bool OnHorizontalScroll(Session *session, WPARAM wParam) {
 
 bool OnPaint(Session *session, WPARAM) {
     PAINTSTRUCT paint;
-    BeginPaint(session->device.Window, &paint);
-    EndPaint(session->device.Window, &paint);
+    BeginPaint(session->Window, &paint);
+    EndPaint(session->Window, &paint);
     ResizeCanvas(session);
     PaintPreview(session);
     return true;
 }
 
 bool OnClose(Session *session, WPARAM) {
-    const bool closing = session->State == STATE_RUNNING && session->run.RunPhase == PHASE_CLOSING;
+    const bool closing =
+        session->State == STATE_RUNNING && session->report.RunPhase == PHASE_CLOSING;
     if (!closing) StopOrEnd(session);
     return true;
 }
@@ -179,9 +181,9 @@ bool OnDestroy(Session *session, WPARAM) {
     ReleaseScreen(session);
     session->view.PaintEnabled = 0;
     session->view.WindowGone = 1;
-    SetWindowLongA(session->device.Window, 0, 0);
-    session->device.Window = nullptr;
-    session->run.CancelState = CANCEL_STOP;
+    SetWindowLongA(session->Window, 0, 0);
+    session->Window = nullptr;
+    session->job.CancelState = session->report.CancelState = CANCEL_STOP;
     StopOrEnd(session);
     return true;
 }
@@ -223,7 +225,7 @@ bool HandleWhole(Session *session, UINT message, WPARAM wParam) {
 // Drawing the bar takes longer than turning a page, so it is drawn only when it changes.
 void SetMenuState(Session *session) {
     const DeviceState &device = session->device;
-    if (device.Menu && EnableCommands(session, commands, device.Menu)) DrawMenuBar(device.Window);
+    if (device.Menu && EnableCommands(session, commands, device.Menu)) DrawMenuBar(session->Window);
 }
 
 LRESULT CALLBACK RepWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

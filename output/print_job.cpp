@@ -23,7 +23,7 @@ Session *SessionOfDevice(HDC device) {
 }
 
 void OpenPrinterProgress(Session *session) {
-    const HDC device = session->device.OutputDevice;
+    const HDC device = session->drawing.OutputDevice;
     OpenProgress(session, &session->progress, "PrintAbortParam", PrintAbortParam,
                  session->ParentWindow, session->printer.DeviceName);
     session->progress.AbortProc = PrintProc;
@@ -34,7 +34,7 @@ void OpenPrinterProgress(Session *session) {
 // The printer may call its abort procedure ahead of a page too, and a page's end passes over a run
 // that has been cancelled before.
 void StopIfCancelled(Session *session) {
-    if (session->run.CancelState == CANCEL_STOP) FatalError(session, "", CODE_CANCELLED);
+    if (session->report.CancelState == CANCEL_STOP) FatalError(session, "", CODE_CANCELLED);
 }
 
 void ShowProgress(const Session *session) {
@@ -44,8 +44,8 @@ void ShowProgress(const Session *session) {
 
 // A run that its first record ended has a document as well.
 void EndDocument(Session *session) {
-    session->run.DocumentOpen = 0;
-    EndDoc(session->device.OutputDevice);
+    session->report.DocumentOpen = 0;
+    EndDoc(session->drawing.OutputDevice);
 }
 
 void ShowPages(const ProgressState &progress, int pages) {
@@ -55,7 +55,7 @@ void ShowPages(const ProgressState &progress, int pages) {
 void ReportCount(const Session *session) {
     char text[40];
     std::snprintf(text, sizeof text, "%ld Record(s) Printed",
-                  static_cast<long>(session->run.RecordCount));
+                  static_cast<long>(session->report.RecordCount));
     ShowBox(session->ParentWindow, text, "Report Over", MB_OK | MB_ICONSTOP);
 }
 
@@ -77,15 +77,15 @@ bool StartDocument(const Session *session, HDC device) {
 void StartPrinterRun(Session *session) {
     const bool silent = session->RunBlock.Silent;
     if (!silent) OpenPrinterProgress(session);
-    const bool started = StartDocument(session, session->device.OutputDevice);
+    const bool started = StartDocument(session, session->drawing.OutputDevice);
     RaisePending(session);
     if (!started) FatalError(session, "Unable to Start the Print Job", CODE_PRINTER);
-    session->run.DocumentOpen = 1;
+    session->report.DocumentOpen = 1;
     StopIfCancelled(session);
     StartPrinterPage(session);
     if (!silent) ShowProgress(session);
     const RunState &run = session->run;
-    session->view.ViewWidth = run.PageWidthUnits + run.LeftOrigin + run.RightOrigin;
+    session->view.ViewWidth = session->report.PageWidthUnits + run.LeftOrigin + run.RightOrigin;
 }
 
 void StartFileRun(Session *session) {
@@ -96,39 +96,39 @@ void StartFileRun(Session *session) {
 }
 
 void EndPrinterPage(Session *session) {
-    EndPage(session->device.OutputDevice);
+    EndPage(session->drawing.OutputDevice);
     RaisePending(session);
-    PrintProc(session->device.OutputDevice, 0);
+    PrintProc(session->drawing.OutputDevice, 0);
     RaisePending(session);
 }
 
 // A new page resets the device.
 void StartPrinterPage(Session *session) {
-    StartPage(session->device.OutputDevice);
+    StartPage(session->drawing.OutputDevice);
     RaisePending(session);
-    ApplyMapping(session, session->device.OutputDevice);
+    ApplyMapping(session, session->drawing.OutputDevice);
     StopIfCancelled(session);
 }
 
 void FilePrintPump(Session *session) {
     const ProgressState &progress = session->progress;
     if (!progress.AbortDialog) return;
-    ShowPages(progress, session->run.PageCount);
-    PumpProgress(progress.AbortDialog, &session->run.CancelState, 0);
+    ShowPages(progress, session->report.PageCount);
+    PumpProgress(progress.AbortDialog, &session->report.CancelState, 0);
     RaisePending(session);
 }
 
 void FinishOutput(Session *session, bool whole) {
-    const RunState &run = session->run;
     const bool silent = session->RunBlock.Silent;
-    if (run.RecordCount > 0 && !silent) PrintProc(session->device.OutputDevice, 0);
-    if (run.DocumentOpen) EndDocument(session);
+    if (session->report.RecordCount > 0 && !silent) PrintProc(session->drawing.OutputDevice, 0);
+    if (session->report.DocumentOpen) EndDocument(session);
     if (session->progress.AbortDialogProc) {
         if (session->ParentWindow) EnableWindow(session->ParentWindow, TRUE);
         CloseProgress(&session->progress);
     }
-    if (whole && run.CancelState != CANCEL_STOP && !silent) ReportCount(session);
-    if (run.OutputToFile && run.RecordCount == 0) DeleteFileA(session->pages.OutputPath);
+    if (whole && session->report.CancelState != CANCEL_STOP && !silent) ReportCount(session);
+    if (session->OutputToFile && session->report.RecordCount == 0)
+        DeleteFileA(session->pages.OutputPath);
 }
 
 BOOL CALLBACK PrintProc(HDC device, int code) {
@@ -136,13 +136,12 @@ BOOL CALLBACK PrintProc(HDC device, int code) {
     if (!session) return TRUE;
     return Guarded(session, BOOL{TRUE}, [&] {
         const ProgressState &progress = session->progress;
-        RunState &run = session->run;
-        if (ShownNumber(progress, PROGRESS_RECORDS) != run.RecordCount) {
-            ShowNumber(progress, PROGRESS_PAGES, run.PageCount);
-            ShowNumber(progress, PROGRESS_RECORDS, run.RecordCount);
+        if (ShownNumber(progress, PROGRESS_RECORDS) != session->report.RecordCount) {
+            ShowNumber(progress, PROGRESS_PAGES, session->report.PageCount);
+            ShowNumber(progress, PROGRESS_RECORDS, session->report.RecordCount);
         }
-        if (device == session->device.OutputDevice)
-            PumpProgress(progress.AbortDialog, &run.CancelState, code);
+        if (device == session->drawing.OutputDevice)
+            PumpProgress(progress.AbortDialog, &session->report.CancelState, code);
         return BOOL{TRUE};
     });
 }

@@ -1,7 +1,7 @@
 // Jobs on a printer, and the progress of runs to a printer or a disk file.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -32,7 +32,7 @@ INT_PTR CALLBACK PrintAbortParam(HWND dialog, UINT message, WPARAM, LPARAM) {
     if (message == WM_INITDIALOG) return Open(dialog);
     Session *session = Cancelled(dialog, message);
     if (!session) return FALSE;
-    session->run.CancelState = CANCEL_STOP;
+    session->report.CancelState = CANCEL_STOP;
     return TRUE;
 }
 
@@ -49,7 +49,7 @@ INT_PTR CALLBACK FilePrintAbortParam(HWND dialog, UINT message, WPARAM, LPARAM) 
     if (message == WM_INITDIALOG) return Open(dialog);
     Session *session = Cancelled(dialog, message);
     if (!session) return FALSE;
-    session->run.CancelState = CANCEL_STOP;
+    session->report.CancelState = CANCEL_STOP;
     TellOfCancel(dialog);
     return TRUE;
 }

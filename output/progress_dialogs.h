@@ -1,7 +1,7 @@
 // The modeless dialogs that show how far a job is and let the user stop it.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -67,12 +67,13 @@ ReportFileHeader MakeHeader(const Session *session) {
     const PrinterState &printer = session->printer;
     const DEVMODEA &mode = *printer.DevMode;
     header.Magic = SIGNATURE_REPORT;
-    header.PageCount = session->run.PageCount;
-    header.PageTableOffset = static_cast<int32_t>(session->pages.PageTable[session->run.PageCount]);
-    header.RecordCount = session->run.RecordCount;
+    header.PageCount = session->report.PageCount;
+    header.PageTableOffset =
+        static_cast<int32_t>(session->pages.PageTable[session->report.PageCount]);
+    header.RecordCount = session->report.RecordCount;
     header.PageWidth = printer.UsableWidth;
     header.PageHeight = printer.UsableHeight;
-    header.PageBottom = static_cast<float>(session->run.PageBottomUnits / 250.0);
+    header.PageBottom = static_cast<float>(session->report.PageBottomUnits / 250.0);
     header.PaperWidth = printer.PaperWidth;
     header.PaperHeight = printer.PaperHeight;
     header.Orientation = mode.dmOrientation;
@@ -100,7 +101,7 @@ HANDLE OpenFinishedFile(Session *session, const char *path) {
 bool MayReplace(const Session *session, const char *path) {
     char text[MAX_PATH + 60];
     std::snprintf(text, sizeof text, "%s already exists.\nDo you want to replace it?", path);
-    const HWND owner = session->device.Window ? session->device.Window : session->ParentWindow;
+    const HWND owner = session->Window ? session->Window : session->ParentWindow;
     return ShowBox(owner, text, "Replace File", MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;
 }
 
@@ -122,8 +123,8 @@ bool PagesLieInFile(const Session *session) {
 } // namespace
 
 int32_t FinishedPages(const Session *session) {
-    const RunState &run = session->run;
-    return run.RunPhase == PHASE_FINISHED ? run.PageCount : run.PageCount - 1;
+    return session->report.RunPhase == PHASE_FINISHED ? session->report.PageCount
+                                                      : session->report.PageCount - 1;
 }
 
 const char *ReportFileFilter() {
@@ -180,7 +181,7 @@ int ReadPageTable(Session *session, const char *path) {
     if (!SeekTo(file.Get(), TablePlace(header)))
         return Refuse("Error positioning at the page table(ReadPageTable)");
     const bool fits = header.PageCount >= 0 && header.PageCount <= MAX_SCR_PAGES;
-    session->run.PageCount = fits ? header.PageCount : 0;
+    session->report.PageCount = fits ? header.PageCount : 0;
     if (!fits || !ReadAll(file.Get(), session->pages.PageTable, TableBytes(header.PageCount)))
         return Refuse("Error reading the page table(ReadPageTable)");
     return PagesLieInFile(session) ? 1 : Refuse("Invalid Report File!");

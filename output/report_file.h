@@ -1,7 +1,7 @@
 // Header and page table of a report file.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

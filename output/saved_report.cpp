@@ -5,13 +5,13 @@
 #include "canvas/canvas.h"
 #include "device/printer.h"
 #include "form/file_dialog.h"
+#include "form/modified.h"
 #include "frame/boundary.h"
-#include "frame/clock.h"
 #include "frame/host_data.h"
 #include "frame/mapping.h"
-#include "frame/modified.h"
 #include "frame/owned.h"
 #include "frame/session_table.h"
+#include "output/clock.h"
 #include "output/device_choice.h"
 #include "output/page_store.h"
 #include "output/preview.h"
@@ -29,7 +29,7 @@ void TakeBlock(Session *session, const RepViewParams *block) {
     session->SessionKind = KIND_REPORT;
     session->WindowProcedure = RepWndProc;
     session->EndSession = EndPageSession;
-    session->run.RunPhase = PHASE_SETUP;
+    session->report.RunPhase = PHASE_SETUP;
     session->ViewBlock = *block;
     Terminate(session->ViewBlock.ReportFileName);
     Terminate(session->ViewBlock.TempDir);
@@ -58,7 +58,7 @@ void CheckReadable(Session *session) {
 }
 
 bool ChooseDevice(Session *session) {
-    session->run.ViewingFile = 1;
+    session->ViewingFile = 1;
     char &device = session->ViewBlock.Device;
     if (device == 'A') {
         const int answer = AskDevice(session);
@@ -66,10 +66,10 @@ bool ChooseDevice(Session *session) {
         device = answer == 0 ? 'S' : 'P';
     }
     if (device == 'S') {
-        session->run.OutputToScreen = 1;
+        session->OutputToScreen = 1;
         session->view.HorzScroll = session->view.VertScroll = 1;
     } else {
-        session->run.OutputToPrinter = 1;
+        session->OutputToPrinter = 1;
     }
     return true;
 }
@@ -79,7 +79,7 @@ bool OpenWindow(Session *session, HGLOBAL devNames, HGLOBAL devMode) {
     if (CreateFormWindow(session, block.WindowStyle, block.WindowX, block.WindowY,
                          block.WindowWidth, block.WindowHeight))
         return false;
-    if (session->run.OutputToScreen) {
+    if (session->OutputToScreen) {
         session->form.Header.RulerFlags = 0;
         ResizeCanvas(session);
     }
@@ -93,14 +93,13 @@ bool OpenWindow(Session *session, HGLOBAL devNames, HGLOBAL devMode) {
 
 void TakeReportHeader(Session *session) {
     const ReportFileHeader &header = session->pages.Header;
-    RunState &run = session->run;
-    run.RecordCount = header.RecordCount;
+    session->report.RecordCount = header.RecordCount;
     session->printer.UsableWidth = header.PageWidth;
     session->printer.UsableHeight = header.PageHeight;
     session->printer.PaperWidth = header.PaperWidth;
     session->printer.PaperHeight = header.PaperHeight;
-    run.PageBottomUnits = InchesToUnits(header.PageBottom);
-    run.PageWidthUnits = InchesToUnits(header.PageWidth);
+    session->report.PageBottomUnits = InchesToUnits(header.PageBottom);
+    session->report.PageWidthUnits = InchesToUnits(header.PageWidth);
 }
 
 void TakePrintOffset(Session *session) {
@@ -114,12 +113,12 @@ HMETAFILE FetchPage(Session *session, int wanted) {
     const int index = std::max(wanted, 0) - 1; // no page has a number below 1
     session->pages.ShownPageIndex = index;
     session->pages.ShownPage = nullptr;
-    session->run.CancelState = CANCEL_NONE;
-    session->run.RunPhase = PHASE_FINISHED;
+    session->report.CancelState = CANCEL_NONE;
+    session->report.RunPhase = PHASE_FINISHED;
     TakeReportHeader(session);
     TakePrintOffset(session);
     MakePageFileNames(session);
-    if (session->run.OutputToScreen) PlaceScrollBars(session);
+    if (session->OutputToScreen) PlaceScrollBars(session);
     return ReadMetaFilePage(session, index, session->pages.ScreenPagePath, nullptr);
 }
 
@@ -136,7 +135,7 @@ HMETAFILE ViewPage(Session *session, RepViewParams *block, int32_t *pageNumber, 
     if (!ReadPageTable(session, session->ViewBlock.ReportFileName)) return nullptr;
     ReadLocalClock(session);
     const HMETAFILE page = FetchPage(session, *pageNumber);
-    *pageNumber = session->run.PageCount;
+    *pageNumber = session->report.PageCount;
     return page;
 }
 

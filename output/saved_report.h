@@ -1,7 +1,7 @@
 // Access to the pages of a saved report.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -1,7 +1,7 @@
 // Backgrounds, outlines and lines of items, alike on a page and in the designer's window.
 #pragma once
 
-#include "frame/windows.h"
+#include "state/windows.h"
 #include "tessarine_records.h"
 
 namespace tessarine {

@@ -1,16 +1,11 @@
-// Measures of text in form units: by the widths of a font row, and by a device's own metrics.
+// Measures of text in form units by the metrics of a device.
 #pragma once
 
-#include "frame/windows.h"
-#include "paint/measures_state.h"
+#include "state/measures_state.h"
+#include "state/windows.h"
 #include "tessarine_records.h"
 
 namespace tessarine {
-
-int GetLabelLen(const FontEntry &font, const char *text);    // the widest line
-int GetLabelHeight(const FontEntry &font, const char *text); // (line feeds + 1) lines
-// Cuts the text, which may be null, to the width.
-void TruncateText(const FontEntry &font, char *text, int width);
 
 // A font on a measuring context, and what is known of it there.
 struct MeasuredFont {

@@ -1,7 +1,7 @@
 // Where text stands in its item's rectangle, and how it looks.
 #pragma once
 
-#include "frame/windows.h"
+#include "state/windows.h"
 #include "tessarine_records.h"
 
 namespace tessarine {

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "form/label_measure.h"
 #include "format/format_field.h"
 #include "format/postnet.h"
 #include "frame/text.h"

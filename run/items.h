@@ -1,7 +1,7 @@
 // Painting one item of a section on the page.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

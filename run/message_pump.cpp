@@ -10,14 +10,14 @@ void PumpMessages(Session *session) {
             PostQuitMessage(static_cast<int>(message.wParam));
             break;
         }
-        if (!TranslateAcceleratorA(session->device.Window, session->device.AccelTable, &message)) {
+        if (!TranslateAcceleratorA(session->Window, session->device.AccelTable, &message)) {
             TranslateMessage(&message);
             DispatchMessageA(&message);
         }
         RaisePending(session);
-        if (session->run.CancelState == CANCEL_STOP) break;
+        if (session->report.CancelState == CANCEL_STOP) break;
     }
-    if (session->run.CancelState == CANCEL_STOP && session->run.RunPhase == PHASE_RECORDS)
+    if (session->report.CancelState == CANCEL_STOP && session->report.RunPhase == PHASE_RECORDS)
         FatalError(session, "", CODE_CANCELLED);
 }
 

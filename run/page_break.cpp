@@ -15,13 +15,13 @@ bool FooterPrints(const Session *session) {
     const bool own_page =
         (session->form.Header.FormFlags & FORM_REPORT_HEADER_FIRST) &&
         (session->form.Sections[SECTION_REPORT_HEADER].SectionFlags & SECTION_ADVANCE_AFTER);
-    return session->run.PageCount != 1 || !own_page;
+    return session->report.PageCount != 1 || !own_page;
 }
 
 // False when the run was cancelled while it finishes; a run that is still going unwinds.
 bool GoesOn(Session *session) {
-    if (session->run.CancelState != CANCEL_STOP) return true;
-    if (session->run.RunPhase == PHASE_FINISHED) return false;
+    if (session->report.CancelState != CANCEL_STOP) return true;
+    if (session->report.RunPhase == PHASE_FINISHED) return false;
     FatalError(session, "", CODE_CANCELLED);
 }
 
@@ -36,20 +36,21 @@ bool FinishPrinterPage(Session *session) {
 bool FinishFilePage(Session *session) {
     TransferMetaFile(session);
     FilePrintPump(session);
-    if (session->run.CancelState == CANCEL_STOP)
+    if (session->report.CancelState == CANCEL_STOP)
         WriteOutputHdrFtr(session, session->pages.ReportPath);
     return GoesOn(session);
 }
 
 bool FinishPage(Session *session) {
-    if (session->run.OutputToPrinter) return FinishPrinterPage(session);
-    if (session->run.OutputToFile) return FinishFilePage(session);
+    if (session->OutputToPrinter) return FinishPrinterPage(session);
+    if (session->OutputToFile) return FinishFilePage(session);
     TransferMetaFile(session);
     return true;
 }
 
-void NumberPage(RunState *run) {
-    ++run->PageCount;
+void NumberPage(Session *session) {
+    RunState *run = &session->run;
+    ++session->report.PageCount;
     run->PageNumber = run->ResetPageNumber ? 1 : run->PageNumber + 1;
     run->ResetPageNumber = 0;
 }
@@ -90,10 +91,10 @@ void PrintPageTop(Session *session, int section) {
 }
 
 void TurnToPreview(Session *session) {
-    if (session->run.PageCount == 2) {
+    if (session->report.PageCount == 2) {
         SetMenuState(session);
         PaintPreview(session);
-    } else if (session->run.PageCount == 3) {
+    } else if (session->report.PageCount == 3) {
         SetMenuState(session);
     }
 }
@@ -103,19 +104,19 @@ void TurnToPreview(Session *session) {
 int PageBreak(Session *session, int section) {
     RunState &run = session->run;
     // A Cancel that the host's own loop gave to the progress dialog waits for this page end.
-    if (run.CancelState == CANCEL_STOP && !session->progress.AbortDialog) return 1;
+    if (session->report.CancelState == CANCEL_STOP && !session->progress.AbortDialog) return 1;
     if (run.PageFresh || run.InPageBreak) return 0;
     run.InPageBreak = 1;
     run.CurrentY = run.BodyBottom;
     if (FooterPrints(session)) PrintSection(session, SECTION_PAGE_FOOTER, 0);
     if (!FinishPage(session)) return 0;
-    NumberPage(&run);
+    NumberPage(session);
     run.CurrentY = run.TopOrigin;
     RenewPageFields(session);
     if (!run.TrialMode) PrintPageTop(session, section);
     run.InPageBreak = 0;
     run.PageFresh = 1;
-    if (run.OutputToScreen) TurnToPreview(session);
+    if (session->OutputToScreen) TurnToPreview(session);
     run.FirstOnPage = 1;
     return 1;
 }

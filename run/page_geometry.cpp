@@ -47,15 +47,15 @@ void SettlePageGeometry(Session *session, int feedMode) {
     RunState &run = session->run;
     const PrinterState &printer = session->printer;
     TakeMargins(session);
-    run.PageWidthUnits = InchesToUnits(printer.UsableWidth);
+    session->report.PageWidthUnits = InchesToUnits(printer.UsableWidth);
     ReadPrintOffset(printer.InfoDevice, &session->printer.PrintOffsetX,
                     &session->printer.PrintOffsetY);
     run.LeftOrigin = WithoutOffset(run.LeftOrigin, printer.PrintOffsetX);
     if (session->LabelMode && feedMode != KEEP_CENTRED) run.LeftOrigin -= run.FeedOffset;
     run.TopOrigin = WithoutOffset(run.TopOrigin, printer.PrintOffsetY);
-    run.PageBottomUnits = InchesToUnits(printer.UsableHeight) + run.TopOrigin;
+    session->report.PageBottomUnits = InchesToUnits(printer.UsableHeight) + run.TopOrigin;
     const SectionRecord &footer = session->form.Sections[SECTION_PAGE_FOOTER];
-    run.BodyBottom = run.PageBottomUnits - (footer.InUse ? footer.SectionHeight : 0);
+    run.BodyBottom = session->report.PageBottomUnits - (footer.InUse ? footer.SectionHeight : 0);
 }
 
 } // namespace tessarine

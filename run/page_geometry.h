@@ -1,7 +1,7 @@
 // The geometry of a run's page, in form units from the top left of the printable area.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

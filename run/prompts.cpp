@@ -4,9 +4,9 @@
 #include <cstring>
 
 #include "expr/date_text.h"
+#include "form/modified.h"
 #include "frame/dialogs.h"
 #include "frame/message_box.h"
-#include "frame/modified.h"
 #include "frame/text.h"
 #include "frame/text_numbers.h"
 #include "rep_dlg.h"
@@ -20,7 +20,7 @@ constexpr int PROMPT_HELP = 3016;
 constexpr int LONGEST_ANSWER = 49; // characters
 
 UserFieldRecord *AskedField(Session *session) {
-    return &session->form.UserFields[session->designer.DialogRow];
+    return &session->form.UserFields[session->dialog.DialogRow];
 }
 
 // ---- answers -----------------------------------------------------------------------------------
@@ -107,7 +107,7 @@ bool Open(HWND dialog, Session *session, LPARAM place) {
     SetDlgItemTextA(dialog, PROMPT_TEXT, user.UserPrompt);
     PlaceInput(dialog, user);
     SetDlgItemTextA(dialog, PROMPT_INPUT, user.UserText);
-    if (place == 0 || session->designer.DialogRow == 0)
+    if (place == 0 || session->dialog.DialogRow == 0)
         SetDlgItemTextA(dialog, PROMPT_PREVIOUS, "Cancel");
     if (place == LAST_PLACE) SetDlgItemTextA(dialog, PROMPT_NEXT, "Ok");
     SetFocus(GetDlgItem(dialog, PROMPT_INPUT));
@@ -156,7 +156,7 @@ int AskUserFields(Session *session) {
     ListPrompts(session);
     const int total = session->run.PromptTotal;
     for (int index = 0; index < total;) {
-        session->designer.DialogRow = session->run.PromptRows[index];
+        session->dialog.DialogRow = session->run.PromptRows[index];
         const int place = index == total - 1 ? LAST_PLACE : index;
         if (RunDialog(session, "DlgInputParam", DlgInputParam, place) != 1) {
             if (index == 0) return 0;

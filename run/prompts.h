@@ -1,7 +1,7 @@
 // Asking the user fields of a form when a run starts.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -51,9 +51,9 @@ Selection SelectRecord(Session *session) {
 }
 
 void OpenOutput(Session *session) {
-    if (session->run.OutputToScreen)
+    if (session->OutputToScreen)
         SetMenuState(session);
-    else if (session->run.OutputToPrinter)
+    else if (session->OutputToPrinter)
         StartPrinterRun(session);
     else
         StartFileRun(session);
@@ -84,7 +84,7 @@ void PrintOpeningSections(Session *session) {
 void StartPrinting(Session *session) {
     MoveRecord(session);
     CalcFields(session, SECTION_PAGE_HEADER, SECTION_PAGE_FOOTER);
-    session->run.CancelState = CANCEL_NONE;
+    session->report.CancelState = CANCEL_NONE;
     OpenOutput(session);
     session->run.CurrentY = session->run.TopOrigin;
     session->run.PageFresh = 1;
@@ -93,7 +93,7 @@ void StartPrinting(Session *session) {
 
 // The strip is painted into the window directly, so not for every record.
 void TurnToPreview(Session *session) {
-    const int count = session->run.RecordCount;
+    const int count = session->report.RecordCount;
     if (count < 50 ? count % 5 == 0 : count % 10 == 0) PaintStatusStrip(session);
     PumpMessages(session);
 }
@@ -101,7 +101,7 @@ void TurnToPreview(Session *session) {
 int ProcessRecord(Session *session, uint32_t outline) {
     session->State = STATE_RUNNING;
     if (session->view.WindowGone) FatalError(session, "", CODE_CANCELLED);
-    session->run.RunPhase = PHASE_RECORDS;
+    session->report.RunPhase = PHASE_RECORDS;
     UpdateSystemFields(session);
     const Selection selection = SelectRecord(session);
     if (selection == Selection::Failed) return CODE_EXPRESSION;
@@ -110,7 +110,7 @@ int ProcessRecord(Session *session, uint32_t outline) {
         const OnInputTable swapped(session);
         EvalBreakFields(session);
     }
-    if (session->run.RecordCount == 0) StartPrinting(session);
+    if (session->report.RecordCount == 0) StartPrinting(session);
     const int level = DetectBreak(session);
     MoveRecord(session);
     CalcFields(session, SECTION_PAGE_HEADER, SECTION_PAGE_FOOTER);
@@ -118,8 +118,8 @@ int ProcessRecord(Session *session, uint32_t outline) {
     for (int section = SECTION_DETAIL_1; section <= SECTION_DETAIL_9; ++section)
         PrintSection(session, section, outline);
     AccumulateSummaries(session);
-    if (session->run.OutputToScreen) TurnToPreview(session);
-    ++session->run.RecordCount;
+    if (session->OutputToScreen) TurnToPreview(session);
+    ++session->report.RecordCount;
     return CODE_DONE;
 }
 

@@ -1,7 +1,7 @@
 // The steps of a record: system fields, calculations, breaks, headers, summaries.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -1,7 +1,7 @@
 // The three entry points of a run, and its end.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -31,8 +31,8 @@ bool SheetHasRoom(const Session *session) {
 // would never fill it, so the sheet is left as it is then.
 void FillSheet(Session *session, uint32_t outline) {
     RunState &run = session->run;
-    const int phase = run.RunPhase;
-    run.RunPhase = PHASE_FILL;
+    const int phase = session->report.RunPhase;
+    session->report.RunPhase = PHASE_FILL;
     int row_top = INT_MIN;
     while (SheetHasRoom(session)) {
         if (run.AcrossIndex == 0) {
@@ -41,12 +41,12 @@ void FillSheet(Session *session, uint32_t outline) {
         }
         if (!PrintSection(session, SECTION_DETAIL_1, outline)) break;
     }
-    run.RunPhase = phase;
+    session->report.RunPhase = phase;
 }
 
 void PrintClosingSections(Session *session) {
     RunState &run = session->run;
-    run.RunPhase = PHASE_CLOSING;
+    session->report.RunPhase = PHASE_CLOSING;
     CalcFields(session, SECTION_SORT_FOOTER_9, SECTION_REPORT_FOOTER);
     for (int level = session->form.BreakCount - 1; level >= 0; --level)
         PrintSection(session, FooterOf(session->form.Breaks[level].SectionIndex), 0);
@@ -59,46 +59,49 @@ void PrintClosingSections(Session *session) {
 }
 
 void FinishPages(Session *session) {
-    session->run.RunPhase = PHASE_FINISHED;
-    if (session->run.OutputToPrinter) {
-        EndPage(session->device.OutputDevice);
+    session->report.RunPhase = PHASE_FINISHED;
+    if (session->OutputToPrinter) {
+        EndPage(session->drawing.OutputDevice);
         RaisePending(session);
         return;
     }
     TransferMetaFile(session);
     WriteOutputHdrFtr(session, session->pages.ReportPath);
-    if (!session->run.OutputToScreen) return;
+    if (!session->OutputToScreen) return;
     SetMenuState(session);
     PaintPreview(session);
 }
 
 // What the host called for: the closing sections, the last page and the page count.
 void FinishRun(Session *session, int fill, int32_t *pageCount) {
-    RunState &run = session->run;
-    const bool cancelled = run.CancelState == CANCEL_STOP;
+    const bool cancelled = session->report.CancelState == CANCEL_STOP;
     if (session->LabelMode && fill && !cancelled) FillSheet(session, static_cast<uint32_t>(fill));
-    if (!cancelled && run.RecordCount >= 1) PrintClosingSections(session);
-    if (run.CancelState != CANCEL_STOP) FinishPages(session);
-    if (pageCount) *pageCount = run.PageCount > 1 || run.RecordCount != 0 ? run.PageCount : 0;
+    if (!cancelled && session->report.RecordCount >= 1) PrintClosingSections(session);
+    if (session->report.CancelState != CANCEL_STOP) FinishPages(session);
+    if (pageCount)
+        *pageCount = session->report.PageCount > 1 || session->report.RecordCount != 0
+                         ? session->report.PageCount
+                         : 0;
 }
 
 // The host has no further call for this run, whatever came: a preview stays to be read, until its
 // user closes it, and all else is released.
 int LeaveRun(Session *session, int code) {
-    RunState &run = session->run;
     const bool whole = code == CODE_DONE;
-    if (!run.OutputToScreen || run.CancelState == CANCEL_STOP || session->view.WindowGone) {
+    if (!session->OutputToScreen || session->report.CancelState == CANCEL_STOP ||
+        session->view.WindowGone) {
         EndRun(session, whole);
         return code;
     }
-    if (!whole) run.RunPhase = PHASE_CLOSING; // the page in hand isn't one of the report
+    if (!whole)
+        session->report.RunPhase = PHASE_CLOSING; // the page in hand isn't one of the report
     session->State = STATE_FINISHED;
     return code;
 }
 
 // A page that could not be kept has left no recording to go on with.
 bool PagesAreLost(const Session *session) {
-    return !session->run.OutputToPrinter && !session->pages.PageRecorder;
+    return !session->OutputToPrinter && !session->pages.PageRecorder;
 }
 
 } // namespace
@@ -117,9 +120,8 @@ int RepExit(int sessionId, int fill, int32_t *pageCount) {
 }
 
 void EndRun(Session *session, bool whole) {
-    const RunState &run = session->run;
     session->job.CancelState = CANCEL_STOP;
-    if (run.OutputToPrinter || run.OutputToFile) FinishOutput(session, whole);
+    if (session->OutputToPrinter || session->OutputToFile) FinishOutput(session, whole);
     WantEnd(session);
 }
 

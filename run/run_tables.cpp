@@ -113,7 +113,7 @@ Session *RunOf(int sessionId) {
 
 void AllocRepMem(Session *session) {
     RunState &run = session->run;
-    if (!run.OutputToPrinter) AllocPageStore(session);
+    if (!session->OutputToPrinter) AllocPageStore(session);
     run.InputTable = AllocRows(session, &run.InputMemory, session->form.FieldCount + 1);
     run.BreakTable = AllocRows(session, &run.BreakMemory, session->form.BreakCount + 1);
     ShrinkFieldTable(session);

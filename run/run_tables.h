@@ -1,7 +1,7 @@
 // The field tables of a run and the texts that their rows own.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

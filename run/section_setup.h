@@ -1,7 +1,7 @@
 // A form's sections in the shape that composition needs.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

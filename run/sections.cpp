@@ -37,7 +37,7 @@ void PaintRow(Session *session, int section, int row, uint32_t outline) {
     const ItemRecord &item = session->form.Items[row];
     if (session->LabelMode && item.ItemType == ITEM_BAR) {
         PrintLabelFrame(session, row, outline);
-    } else if (session->run.RunPhase != PHASE_FILL) {
+    } else if (session->report.RunPhase != PHASE_FILL) {
         if (item.ItemType == ITEM_GROUP || item.SectionIndex != section) return;
         PrintItem(session, PageDevice(session), row);
     }
@@ -80,8 +80,7 @@ void AdvanceDetail(Session *session, const SectionRecord &record) {
 } // namespace
 
 HDC PageDevice(const Session *session) {
-    return session->run.OutputToPrinter ? session->device.OutputDevice
-                                        : session->pages.PageRecorder;
+    return session->OutputToPrinter ? session->drawing.OutputDevice : session->pages.PageRecorder;
 }
 
 int SectionSelected(Session *session, int section) {

@@ -1,7 +1,7 @@
 // Where a section lands, and when a page ends.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -4,11 +4,11 @@
 #include "form/defaults.h"
 #include "form/fonts.h"
 #include "frame/boundary.h"
-#include "frame/clock.h"
 #include "frame/files.h"
 #include "frame/message_box.h"
 #include "frame/session_table.h"
 #include "frame/text.h"
+#include "output/clock.h"
 #include "output/device_choice.h"
 #include "output/page_store.h"
 #include "output/preview.h"
@@ -36,7 +36,7 @@ void TakeParams(Session *session, const RepParams *params) {
     session->SessionKind = KIND_REPORT;
     session->WindowProcedure = RepWndProc;
     session->EndSession = ReleaseRun;
-    session->run.RunPhase = PHASE_SETUP;
+    session->report.RunPhase = PHASE_SETUP;
     session->RunBlock = *params;
     Terminate(session->RunBlock.FormFile);
     Terminate(session->RunBlock.TempDir);
@@ -72,7 +72,7 @@ bool MayBeOutput(const Session *session, const char *path) {
 }
 
 int OpenOutputFile(Session *session, const RepParams *params) {
-    session->run.OutputToFile = 1;
+    session->OutputToFile = 1;
     if (!*params->OutputFile) return CODE_NO_OUTPUT_FILE;
     char path[sizeof session->pages.OutputPath];
     TakeWholePath(params->OutputFile, path);
@@ -87,11 +87,11 @@ int ChooseOutput(Session *session, RepParams *params) {
         if (const int code = AskOutput(session, params)) return code;
     if (params->Device == 'F') return OpenOutputFile(session, params);
     if (params->Device == 'S') {
-        session->run.OutputToScreen = 1;
+        session->OutputToScreen = 1;
         session->view.HorzScroll = 1;
         session->view.VertScroll = 1;
     } else {
-        session->run.OutputToPrinter = 1;
+        session->OutputToPrinter = 1;
     }
     return CODE_DONE;
 }
@@ -127,10 +127,10 @@ void ResetTempFields(Session *session) {
 
 void SetStartState(Session *session) {
     RunState &run = session->run;
-    run.RunPhase = PHASE_SETUP;
-    run.CancelState = CANCEL_NONE;
-    run.RecordCount = 0;
-    run.PageCount = 1;
+    session->report.RunPhase = PHASE_SETUP;
+    session->report.CancelState = CANCEL_NONE;
+    session->report.RecordCount = 0;
+    session->report.PageCount = 1;
     run.PageNumber = 1;
     run.CurrentX = run.CurrentY = run.RowBottom = 0;
     run.AcrossIndex = 0;
@@ -175,9 +175,9 @@ void TakeHostPrinter(Session *session, HGLOBAL devNames, HGLOBAL devMode) {
     SetDevNames(session, devNames);
     SetDevMode(session, devMode, 0);
     ProcessPrinterData(session);
-    if (session->run.OutputToPrinter) RemakeOutputDevice(session);
+    if (session->OutputToPrinter) RemakeOutputDevice(session);
     // A preview draws and measures its first font as the report file does.
-    if (session->run.OutputToScreen) MakeFont(session, session->device.ScreenDC, 0, false);
+    if (session->OutputToScreen) MakeFont(session, session->drawing.ScreenDC, 0, false);
 }
 
 // Output, window, printer and form.
@@ -192,7 +192,7 @@ int OpenRun(Session *session, RepParams *params, HGLOBAL devNames, HGLOBAL devMo
                                           block.WindowWidth, block.WindowHeight))
         return code;
     TakeHostPrinter(session, devNames, devMode);
-    if (session->run.OutputToScreen) {
+    if (session->OutputToScreen) {
         session->form.Header.RulerFlags = 0;
         ResizeCanvas(session);
     }
@@ -216,7 +216,7 @@ int SetUpRun(Session *session, RepParams *params, int feedMode, HGLOBAL devNames
     SettleFeedOffset(session);
     AllocRepMem(session);
     if (!AskUserFields(session)) {
-        session->run.CancelState = CANCEL_STOP;
+        session->report.CancelState = CANCEL_STOP;
         EndRun(session, true);
         return CODE_CANCELLED;
     }
@@ -226,8 +226,8 @@ int SetUpRun(Session *session, RepParams *params, int feedMode, HGLOBAL devNames
         ShowSessionBox(session, "Page Too Small!");
         return CODE_PRINTER;
     }
-    if (session->run.OutputToScreen) StartPreview(session);
-    if (session->run.OutputToFile) StartRecorder(session, "Error creating metafile(a)");
+    if (session->OutputToScreen) StartPreview(session);
+    if (session->OutputToFile) StartRecorder(session, "Error creating metafile(a)");
     SetSystemFields(session);
     FillOutputFields(session);
     session->State = STATE_READY;

@@ -1,7 +1,7 @@
 // Lines, pictures and outlines of the page under construction.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -14,11 +14,11 @@ void SetPage(Session *session, FieldRecord *row) {
     row->LongValue = run.PageNumber + (run.CurrentY >= run.BodyBottom ? 1 : 0);
 }
 
-void SetDate(Session *session, FieldRecord *row) { row->LongValue = session->run.RunDate; }
+void SetDate(Session *session, FieldRecord *row) { row->LongValue = session->report.RunDate; }
 
 // The clock at the start of the run, as hours, minutes and, in the 12-hour form, a suffix.
 void SetTime(Session *session, FieldRecord *row) {
-    const char *clock = session->run.TimeText;
+    const char *clock = session->report.TimeText;
     int hours = (clock[0] - '0') * 10 + (clock[1] - '0');
     const bool twelve_hours = row->TimeForm == 0;
     const char *suffix = !twelve_hours ? "" : hours >= 12 ? "PM" : "AM";
@@ -29,7 +29,7 @@ void SetTime(Session *session, FieldRecord *row) {
 }
 
 void SetRecordCount(Session *session, FieldRecord *row) {
-    row->LongValue = session->run.RecordCount + 1;
+    row->LongValue = session->report.RecordCount + 1;
 }
 
 void SetParagraphBreak(Session *, FieldRecord *row) { SetRowText(row, "\r"); }

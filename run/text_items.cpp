@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "form/label_measure.h"
 #include "frame/fatal_error.h"
 #include "frame/memory.h"
 #include "paint/text_measure.h"

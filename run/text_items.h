@@ -1,7 +1,7 @@
 // Labels, field values and wrapped text on the page.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -24,7 +24,7 @@ void EjectTrial(Session *session) {
         PageBreak(session, section);
         break;
     }
-    session->run.PageCount = 1;
+    session->report.PageCount = 1;
 }
 
 bool Asks(const Session *session, const char *text, const char *title) {

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <utility>
 
+#include "form/label_measure.h"
 #include "format/format_field.h"
 #include "frame/text.h"
 #include "paint/text_measure.h"

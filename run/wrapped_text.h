@@ -1,7 +1,7 @@
 // Text that runs over several lines, and over the end of the page.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

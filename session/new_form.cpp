@@ -5,10 +5,10 @@
 #include "form/defaults.h"
 #include "form/form_check.h"
 #include "form/form_writer.h"
+#include "form/modified.h"
 #include "form/sections.h"
 #include "frame/host_data.h"
 #include "frame/mapping.h"
-#include "frame/modified.h"
 #include "frame/text.h"
 #include "session/open_form.h"
 
@@ -156,7 +156,7 @@ int InitNewForm(Session *session) {
         MakeLabelItems(session);
     else
         MakeReportItems(session);
-    session->designer.SelectedItem = 0;
+    session->form.SelectedItem = 0;
     const ItemRecord &last_bar = session->form.Items[session->LabelMode ? 0 : 2];
     session->form.ReportHeight = last_bar.y + last_bar.height;
     if (preset) {

@@ -40,8 +40,8 @@ void MakeFontRows(Session *session) {
         if (!font.InUse) {
             ReleaseFontRow(session, row);
         } else if (font.IsPicture) {
-            RestoreBitmap(session, session->device.ScreenDC, row);
-        } else if (!MakeFont(session, session->device.ScreenDC, row, true)) {
+            RestoreBitmap(session, session->drawing.ScreenDC, row);
+        } else if (!MakeFont(session, session->drawing.ScreenDC, row, true)) {
             FatalErrorWith(session, "Error Creating Font: %s", font.LogFont.lfFaceName,
                            CODE_DISPLAY);
         }
@@ -50,7 +50,7 @@ void MakeFontRows(Session *session) {
 
 // A data field is the host's: it is found anew by its name.
 void OfferDataFields(Session *session) {
-    const bool asked = IsWindow(session->device.Window);
+    const bool asked = IsWindow(session->Window);
     for (int row = 0; row < session->form.FieldCount; ++row) {
         FieldRecord *field = &session->form.Fields[row];
         if (field->FieldKind != FIELD_DATA) continue;

@@ -1,7 +1,7 @@
 // Opening a form: reading the file, binding its printer, making its fonts.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -9,12 +9,13 @@
 #include "form/defaults.h"
 #include "form/fonts.h"
 #include "form/form_lock.h"
+#include "form/form_tables.h"
 #include "form/form_writer.h"
+#include "form/modified.h"
 #include "frame/fatal_error.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/message_box.h"
-#include "frame/modified.h"
 #include "frame/session_table.h"
 #include "session/open_form.h"
 
@@ -59,7 +60,7 @@ void MakeSessionWindow(Session *session, uint32_t style, const RECT &place) {
     RaisePending(session);
     if (!window) FatalError(session, "Unable to allocate a Display Context.", CODE_DISPLAY);
     SetWindowLongA(window, 0, reinterpret_cast<LONG>(session));
-    session->device.Window = window;
+    session->Window = window;
     session->view.PaintEnabled = 1;
     if (session->SessionKind == KIND_DESIGNER)
         session->FormBlock.FormWindow = window;
@@ -87,14 +88,14 @@ int CreateFormWindow(Session *session, uint32_t style, int x, int y, int width, 
                            session->printer.PortName))
         return CODE_PRINTER;
     InitPrinter(session);
-    if (session->run.OutputToScreen)
+    if (session->OutputToScreen)
         MakeSessionWindow(session, style, RECT{x, y, width, height});
     else
-        session->device.Window = session->ParentWindow;
+        session->Window = session->ParentWindow;
     InitDeviceProp(session);
     MakeCanvas(session);
     session->WindowInMaking = 0;
-    if (!session->run.ViewingFile && !OpenForm(session, session->CurrentFile))
+    if (!session->ViewingFile && !OpenForm(session, session->CurrentFile))
         return CodeOfUnreadForm(session);
     SetModified(session, 0);
     if (session->SessionKind == KIND_DESIGNER) session->State = STATE_FORM_OPEN;
@@ -119,7 +120,7 @@ bool SettleModifiedForm(Session *session) {
 
 // A window that another has destroyed is told by the handle that it had.
 HWND WindowOfEnd(const Session *session) {
-    return session->view.WindowGone ? session->ViewBlock.ReportWindow : session->device.Window;
+    return session->view.WindowGone ? session->ViewBlock.ReportWindow : session->Window;
 }
 
 void TellHostOfEnd(Session *session) {
@@ -145,10 +146,10 @@ void CloseSession(Session *session) {
     if (form.TablesAllocated)
         for (int row = 0; row < MAX_FONTS; ++row) ReleaseFontRow(session, row);
     if (designer) session->FormBlock.DesignerOpen = 0;
-    if (session->run.OutputToScreen && session->device.Window)
-        DestroyWindow(session->device.Window);
+    if (session->OutputToScreen && session->Window) DestroyWindow(session->Window);
     if (session->pages.ShownPage) DeleteMetaFile(session->pages.ShownPage);
     session->pages.ShownPage = nullptr;
+    if (session->designer) session->DropDesigner(session);
     FreeArrayMem(session); // also tables of which not all could be had
     FreeOperatorTable(session);
     TellHostOfEnd(session);

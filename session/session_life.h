@@ -1,7 +1,7 @@
 // The common start and end of all sessions.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -12,16 +12,16 @@ namespace {
 class Canvas : public testing::Test {
 protected:
     Canvas() {
-        session->device.Window = window;
-        session->device.ScreenDC = GetDC(window);
-        session->device.LogPixelsX = session->device.LogPixelsY = 125;
+        session->Window = window;
+        session->drawing.ScreenDC = GetDC(window);
+        session->drawing.LogPixelsX = session->drawing.LogPixelsY = 125;
         session->device.PropertiesMade = 1;
         session->view.PaintEnabled = 1;
         MakeCanvas(session);
     }
     ~Canvas() override {
         ReleaseCanvas(session);
-        ReleaseDC(window, session->device.ScreenDC);
+        ReleaseDC(window, session->drawing.ScreenDC);
         DestroyWindow(window);
     }
 
@@ -90,9 +90,9 @@ TEST_F(Canvas, PartOfTheDrawingComesToTheWindow) {
     ShowWindow(window, SW_SHOW);
     const RECT all = VisibleRectangle(session);
     FillRect(session->view.MemoryDC, &all, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
-    FillRect(session->device.ScreenDC, &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    FillRect(session->drawing.ScreenDC, &all, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
     CopyToWindow(session, {100, 40, 200, 80});
-    const HDC pixels = session->device.ScreenDC;
+    const HDC pixels = session->drawing.ScreenDC;
     EXPECT_EQ(GetPixel(pixels, 150, 60), RGB(0, 0, 0));
     EXPECT_EQ(GetPixel(pixels, 50, 60), RGB(255, 255, 255));
     EXPECT_EQ(GetPixel(pixels, 150, 100), RGB(255, 255, 255));

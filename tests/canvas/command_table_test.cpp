@@ -12,11 +12,11 @@ constexpr int COUNTS = 600;
 constexpr int NEEDS_A_RECORD = 601;
 constexpr int NO_COMMAND = 699;
 
-bool HasRecord(const Session *session) { return session->run.RecordCount > 0; }
+bool HasRecord(const Session *session) { return session->report.RecordCount > 0; }
 
 constexpr CommandRow table[] = {
-    {COUNTS, [](Session *session) { ++session->run.PageCount; }},
-    {NEEDS_A_RECORD, [](Session *session) { session->run.PageCount = 0; }, HasRecord},
+    {COUNTS, [](Session *session) { ++session->report.PageCount; }},
+    {NEEDS_A_RECORD, [](Session *session) { session->report.PageCount = 0; }, HasRecord},
 };
 
 class CommandTables : public testing::Test {
@@ -38,25 +38,25 @@ protected:
 } // namespace
 
 TEST_F(CommandTables, CommandOfATableRunsAndAnotherIsLeft) {
-    session->run.PageCount = 5;
+    session->report.PageCount = 5;
     EXPECT_TRUE(RunCommand(session, table, COUNTS));
-    EXPECT_EQ(session->run.PageCount, 6);
+    EXPECT_EQ(session->report.PageCount, 6);
     EXPECT_FALSE(RunCommand(session, table, NO_COMMAND));
-    EXPECT_EQ(session->run.PageCount, 6);
+    EXPECT_EQ(session->report.PageCount, 6);
 }
 
 TEST_F(CommandTables, ConditionGreysTheEntryAndStopsNoCommand) {
-    session->run.PageCount = 5;
+    session->report.PageCount = 5;
     EXPECT_TRUE(EnableCommands(session, table, menu));
     EXPECT_TRUE(Greyed(NEEDS_A_RECORD));
     EXPECT_TRUE(RunCommand(session, table, NEEDS_A_RECORD));
-    EXPECT_EQ(session->run.PageCount, 0);
+    EXPECT_EQ(session->report.PageCount, 0);
 }
 
 TEST_F(CommandTables, ChangeIsToldOnce) {
     EXPECT_TRUE(EnableCommands(session, table, menu));
     EXPECT_FALSE(EnableCommands(session, table, menu));
-    session->run.RecordCount = 1;
+    session->report.RecordCount = 1;
     EXPECT_TRUE(EnableCommands(session, table, menu));
     EXPECT_FALSE(Greyed(NEEDS_A_RECORD));
 }

@@ -12,7 +12,7 @@ namespace {
 class ScrollBars : public testing::Test {
 protected:
     ScrollBars() {
-        session->device.Window = window;
+        session->Window = window;
         session->view.HorzScroll = session->view.VertScroll = 1;
         ShowScrollBars(session);
     }

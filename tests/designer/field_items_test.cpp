@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "designer/designer_state.h"
 #include "designer/item_table.h"
 #include "form/defaults.h"
 #include "form/field_sample.h"
@@ -100,7 +101,7 @@ TEST_F(FieldItems, DataFieldStandsAtItsPlaceWithItsSample) {
     EXPECT_STREQ(FieldOf(row).FieldName, "TEXT");
     EXPECT_EQ(+FieldOf(row).HostTable, 3);
     EXPECT_EQ(session->form.FormModified, 1u);
-    EXPECT_EQ(session->designer.SelectedItem, session->form.Sections[SECTION_DETAIL_1].BarItem);
+    EXPECT_EQ(session->form.SelectedItem, session->form.Sections[SECTION_DETAIL_1].BarItem);
     EXPECT_EQ(+session->form.Sections[SECTION_PAGE_FOOTER].BarItem, 4);
 }
 
@@ -246,9 +247,9 @@ TEST_F(FieldItems, CalculationFieldHoldsItsExpression) {
     EXPECT_EQ(+field.SummaryType, SUMMARY_TOTAL);
     const uint16_t cells[] = {2, 503, 3, 505, 4, CELL_END};
     EXPECT_EQ(memcmp(field.FieldTokens, cells, sizeof cells), 0);
-    EXPECT_EQ(session->designer.ExpressionMode, 1);
+    EXPECT_EQ(DesignerOf(session).ExpressionMode, 1);
     AddNewCalcField(session, "A", SECTION_DETAIL_1, "", 100, 450);
-    EXPECT_EQ(session->designer.ExpressionMode, 2);
+    EXPECT_EQ(DesignerOf(session).ExpressionMode, 2);
 }
 
 TEST_F(FieldItems, DescriptionHasAtMost43Characters) {
@@ -293,7 +294,7 @@ TEST_F(FieldItems, FullFieldTableIsTold) {
 }
 
 TEST_F(FieldItems, PendingCommandRefusesNewItems) {
-    session->designer.PendingCommand = 608;
+    DesignerOf(session).PendingCommand = 608;
     EXPECT_EQ(Data("A", SECTION_DETAIL_1, 100, 450), -1);
     EXPECT_EQ(Calc("A", SECTION_DETAIL_1), -1);
     EXPECT_EQ(AddNewSysField(session, 0, SECTION_DETAIL_1, 100, 450), -1);

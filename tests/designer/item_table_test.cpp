@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "designer/designer_state.h"
 #include "form/defaults.h"
 #include "frame/memory.h"
 #include "tests/support/message_boxes.h"
@@ -46,7 +47,7 @@ protected:
         return names;
     }
     int PlaceOf(int section, int x, int y) {
-        session->designer.FocusRect = {x, y, x + 10, y + 10};
+        DesignerOf(session).FocusRect = {x, y, x + 10, y + 10};
         return InsertionRow(session, section);
     }
     int Bar(int section) { return session->form.Sections[section].BarItem; }

@@ -68,8 +68,8 @@ TEST_F(DeviceProperties, EachResourceThatCannotBeMadeIsFatalWithItsWords) {
 
 TEST_F(DeviceProperties, ContextsCountFormUnits) {
     ASSERT_EQ(StartOn(form), 0);
-    const DeviceState &device = session->device;
-    for (const HDC context : {device.ScreenDC, session->view.MemoryDC, session->view.MemoryDC2}) {
+    for (const HDC context :
+         {session->drawing.ScreenDC, session->view.MemoryDC, session->view.MemoryDC2}) {
         EXPECT_EQ(GetMapMode(context), MM_ANISOTROPIC);
         SIZE window{};
         SIZE view{};
@@ -77,20 +77,20 @@ TEST_F(DeviceProperties, ContextsCountFormUnits) {
         GetViewportExtEx(context, &view);
         EXPECT_EQ(window.cx, 250);
         EXPECT_EQ(window.cy, 250);
-        EXPECT_EQ(view.cx, device.LogPixelsX);
-        EXPECT_EQ(view.cy, device.LogPixelsY);
+        EXPECT_EQ(view.cx, session->drawing.LogPixelsX);
+        EXPECT_EQ(view.cy, session->drawing.LogPixelsY);
     }
-    EXPECT_EQ(GetBkMode(device.ScreenDC), OPAQUE);
+    EXPECT_EQ(GetBkMode(session->drawing.ScreenDC), OPAQUE);
 }
 
 TEST_F(DeviceProperties, ColoursBrushesAndPensAreThoseOfTheHouse) {
     ASSERT_EQ(StartOn(form), 0);
     const DeviceState &device = session->device;
-    EXPECT_EQ(device.ForeColor, 0u);
-    EXPECT_EQ(device.BackColor, 0xFFFFFFu);
-    EXPECT_EQ(device.GreyColor, 0x7F7F7Fu);
-    EXPECT_EQ(device.GroupColor, 0x0000FFu);
-    EXPECT_EQ(device.TealColor, 0x7F7F00u);
+    EXPECT_EQ(session->palette.ForeColor, 0u);
+    EXPECT_EQ(session->palette.BackColor, 0xFFFFFFu);
+    EXPECT_EQ(session->palette.GreyColor, 0x7F7F7Fu);
+    EXPECT_EQ(session->palette.GroupColor, 0x0000FFu);
+    EXPECT_EQ(session->palette.TealColor, 0x7F7F00u);
     LOGBRUSH brush{};
     GetObjectA(device.GreyBrush, sizeof brush, &brush);
     EXPECT_EQ(brush.lbColor, 0x7F7F7Fu);
@@ -128,7 +128,7 @@ TEST_F(DeviceProperties, ClipboardFormatIsTheWindowsOwn) {
     char expected[32];
     char name[32] = "";
     std::snprintf(expected, sizeof expected, "RepClip%x",
-                  static_cast<unsigned>(reinterpret_cast<UINT_PTR>(session->device.Window)));
+                  static_cast<unsigned>(reinterpret_cast<UINT_PTR>(session->Window)));
     GetClipboardFormatNameA(session->device.ClipFormat, name, sizeof name);
     EXPECT_STREQ(name, expected);
 }
@@ -146,7 +146,7 @@ int RunOnce(char device) {
     run.params.WindowWidth = run.params.WindowHeight = 300;
     if (const int code = run.Run({{{"NAME", "a"}}, {{"NAME", "b"}}})) return code;
     if (Session *session = GetSessionPointer(nullptr, run.params.SessionId))
-        SendMessageA(session->device.Window, WM_CLOSE, 0, 0);
+        SendMessageA(session->Window, WM_CLOSE, 0, 0);
     return GetSessionPointer(nullptr, run.params.SessionId) ? -1 : 0;
 }
 

@@ -98,11 +98,11 @@ TEST_F(Margins, WindowOfTheSessionIsPaintedAnewBehindTheWarning) {
     HostWindow own;
     ShowWindow(own.Get(), SW_SHOW);
     ValidateRect(own.Get(), nullptr);
-    session->device.Window = own.Get();
+    session->Window = own.Get();
     session->view.PaintEnabled = 1;
     EXPECT_EQ(Row(200, 50, 100, 40), 0);
     EXPECT_FALSE(GetUpdateRect(own.Get(), nullptr, FALSE));
     EXPECT_EQ(Row(0, 50, 100, 40), 1);
     EXPECT_TRUE(GetUpdateRect(own.Get(), nullptr, FALSE));
-    session->device.Window = nullptr;
+    session->Window = nullptr;
 }

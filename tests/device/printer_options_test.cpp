@@ -101,7 +101,7 @@ TEST_F(PrinterOptions, DialogGetsTheSetUpWithNamesInFixedFields) {
     EXPECT_EQ(Run(), 1);
     EXPECT_EQ(given.size, 66u);
     EXPECT_EQ(given.flags, 64u);
-    EXPECT_EQ(given.owner, session->device.Window);
+    EXPECT_EQ(given.owner, session->Window);
     EXPECT_EQ(given.mode, before.DevModeMemory);
     EXPECT_EQ(given.locks, 0u); // the dialog may move or replace the settings
     EXPECT_EQ(given.names_size, 143u);

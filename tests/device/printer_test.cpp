@@ -349,9 +349,9 @@ TEST_F(Printer, PreviewAloneMeasuresItsDefaultFontOnThePrinterAndKeepsNoFontOfIt
     ProcessPrinterData(session);
     EXPECT_TRUE(technologies.empty());
     EXPECT_NE(session->form.Fonts[0].Font, nullptr);
-    session->run.OutputToScreen = 1;
+    session->OutputToScreen = 1;
     ProcessPrinterData(session);
-    session->run.OutputToScreen = 0;
+    session->OutputToScreen = 0;
     EXPECT_EQ(technologies, std::set<int>{DT_RASPRINTER});
     EXPECT_EQ(session->form.Fonts[0].Font, nullptr);
     EXPECT_GT(session->form.Fonts[0].Height, 0);

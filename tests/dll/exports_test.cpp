@@ -17,7 +17,7 @@
 namespace {
 
 std::vector<std::string> NamesOfTheModuleDefinition() {
-    std::ifstream file(TEST_ROOT "/frame/tessarine.def");
+    std::ifstream file(TEST_ROOT "/dll/tessarine.def");
     std::vector<std::string> names;
     std::string word;
     while (file >> word && word != "EXPORTS") {

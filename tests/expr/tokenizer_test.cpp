@@ -164,7 +164,7 @@ TEST_F(Tokenizer, BracketsHold99CharactersAndOneWith100IsNoDate) {
 
 TEST_F(Tokenizer, OnlyTooLongLiteralsAreToldWithoutAnOwner) {
     const HWND window = GetDesktopWindow();
-    session->device.Window = window;
+    session->Window = window;
     const BoxOwners owners;
     const std::string longest(100, '1');
     for (const std::string &text :

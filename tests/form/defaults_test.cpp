@@ -29,14 +29,13 @@ template <size_t Size> bool AllZero(const uint8_t (&bytes)[Size]) {
 TEST_F(Defaults, SessionStartsWithoutAFormFocusCommandOrLock) {
     FormState &form = session->form;
     form.TotalItems = form.FieldCount = form.BreakCount = form.FontCount = 3;
-    session->designer.SelectedItem = session->designer.PendingCommand = 3;
+    session->form.SelectedItem = 3;
     InitVariables(session);
     EXPECT_EQ(form.TotalItems, 0);
     EXPECT_EQ(+form.FieldCount, 0);
     EXPECT_EQ(+form.BreakCount, 0);
     EXPECT_EQ(+form.FontCount, 0);
-    EXPECT_EQ(session->designer.SelectedItem, -1);
-    EXPECT_EQ(session->designer.PendingCommand, -1);
+    EXPECT_EQ(session->form.SelectedItem, -1);
     EXPECT_EQ(form.FormLock, INVALID_HANDLE_VALUE);
     EXPECT_EQ(form.FontMarker, 190);
 }
@@ -55,29 +54,27 @@ TEST_F(Defaults, StartingOverOnAnOpenFormReleasesItsLock) {
 }
 
 TEST_F(Defaults, ColoursGridAndPageStartAsTheyShould) {
-    EXPECT_EQ(session->device.ForeColor, 0x000000u);
-    EXPECT_EQ(session->device.BackColor, 0xFFFFFFu);
-    EXPECT_EQ(session->device.GreyColor, 0x7F7F7Fu);
-    EXPECT_EQ(session->device.GroupColor, 0x0000FFu);
-    EXPECT_EQ(session->device.TealColor, 0x7F7F00u);
-    EXPECT_EQ(session->designer.SnapToGrid, 1u);
-    EXPECT_EQ(session->designer.GridSize, 12);
+    EXPECT_EQ(session->palette.ForeColor, 0x000000u);
+    EXPECT_EQ(session->palette.BackColor, 0xFFFFFFu);
+    EXPECT_EQ(session->palette.GreyColor, 0x7F7F7Fu);
+    EXPECT_EQ(session->palette.GroupColor, 0x0000FFu);
+    EXPECT_EQ(session->palette.TealColor, 0x7F7F00u);
     EXPECT_EQ(session->printer.PaperWidth, 8.5F);
     EXPECT_EQ(session->printer.PaperHeight, 11.0F);
 }
 
 TEST_F(Defaults, HelpFileIsTheHostsOrTheLibrarysOwn) {
-    EXPECT_STREQ(session->designer.HelpFile, "REP.HLP>SECOND");
+    EXPECT_STREQ(session->dialog.HelpFile, "REP.HLP>SECOND");
     host_data.HelpFileName = "HOST.HLP";
     InitVariables(session);
-    EXPECT_STREQ(session->designer.HelpFile, "HOST.HLP>SECOND");
+    EXPECT_STREQ(session->dialog.HelpFile, "HOST.HLP>SECOND");
 }
 
 TEST_F(Defaults, HelpFileNameOfAnyLengthFits) {
     const std::string name(3000, 'h');
     host_data.HelpFileName = name.c_str();
     InitVariables(session);
-    EXPECT_EQ(session->designer.HelpFile, name.substr(0, 259) + ">SECOND");
+    EXPECT_EQ(session->dialog.HelpFile, name.substr(0, 259) + ">SECOND");
 }
 
 TEST_F(Defaults, SectionsStartOutOfUseAndOneAcross) {
@@ -115,8 +112,8 @@ TEST_F(Defaults, InitVariablesBuildsItsTablesOnceOnly) {
 }
 
 TEST_F(Defaults, NewItemIsAnEmptyLabel) {
-    session->device.ForeColor = 0x123456;
-    session->device.BackColor = 0x654321;
+    session->palette.ForeColor = 0x123456;
+    session->palette.BackColor = 0x654321;
     const ItemRecord item = DefaultItem(session);
     EXPECT_EQ(+item.ItemType, 16);
     EXPECT_EQ(+item.ItemFlags, 68);

@@ -49,8 +49,8 @@ protected:
     }
     // A label with the focus.
     ItemRecord *Focus(int type = ITEM_LABEL, int font = 0) {
-        session->designer.SelectedItem = AddItem(type, font);
-        return &session->form.Items[session->designer.SelectedItem];
+        session->form.SelectedItem = AddItem(type, font);
+        return &session->form.Items[session->form.SelectedItem];
     }
 
     static std::vector<BoxRecord> NoRowBoxes() {
@@ -131,7 +131,7 @@ TEST_F(FontTable, LabelTakesTheSizeOfItsNewFont) {
 
 TEST_F(FontTable, OnlyLabelsFieldsAndTheGroupTakeAFont) {
     const LOGFONTA font = FontOfHeight(60);
-    session->designer.SelectedItem = -1;
+    session->form.SelectedItem = -1;
     EXPECT_EQ(FrFonts(session, &font), 1);
     for (const int type : {ITEM_LINE, ITEM_PICTURE, ITEM_BAR}) {
         ItemRecord *item = Focus(type);
@@ -297,7 +297,7 @@ TEST_F(FontTable, FontOfAnotherDeviceKeepsItsSizeInWholePoints) {
     const int row = FindFontRow(session);
     for (const int height : {29, 33, 36, 41, 58}) {
         Row(row).LogFont = FontOfHeight(height);
-        ASSERT_EQ(MakeFont(session, session->device.ScreenDC, row, true), 1);
+        ASSERT_EQ(MakeFont(session, session->drawing.ScreenDC, row, true), 1);
         bool whole = false;
         for (int points = 4; points < 40; ++points)
             whole |= Row(row).LogFont.lfHeight == -MulDiv(points * 10, 250, 720);
@@ -325,7 +325,7 @@ TEST_F(FontTable, SizeThatWasTruncatedToUnitsKeepsItsPoints) {
     const int row = FindFontRow(session);
     for (int points = 6; points <= 72; ++points) {
         Row(row).LogFont = FontOfHeight(points * 250 / 72);
-        ASSERT_EQ(MakeFont(session, session->device.ScreenDC, row, true), 1);
+        ASSERT_EQ(MakeFont(session, session->drawing.ScreenDC, row, true), 1);
         EXPECT_EQ(Row(row).LogFont.lfHeight, HeightOf(points));
     }
 }
@@ -333,7 +333,7 @@ TEST_F(FontTable, SizeThatWasTruncatedToUnitsKeepsItsPoints) {
 TEST_F(FontTable, HeightOfACellIsReadOffTheDeviceWithoutItsLeading) {
     const int row = FindFontRow(session);
     Row(row).LogFont = FontOfHeight(-100);
-    ASSERT_EQ(MakeFont(session, session->device.ScreenDC, row, true), 1);
+    ASSERT_EQ(MakeFont(session, session->drawing.ScreenDC, row, true), 1);
     EXPECT_NEAR(Row(row).Height, 100, 4); // as wanted, to the nearest point
     EXPECT_LT(Row(row).LogFont.lfHeight, -80);
     EXPECT_GT(Row(row).LogFont.lfHeight, -95);
@@ -344,7 +344,7 @@ TEST_F(FontTable, FontWithoutAnAscentIsRefused) {
     const int row = FindFontRow(session);
     Row(row).LogFont = FontOfHeight(60);
     const ReplacedCall metrics("GetTextMetricsA", MetricsWithoutAscent);
-    EXPECT_EQ(MakeFont(session, session->device.ScreenDC, row, false), 0);
+    EXPECT_EQ(MakeFont(session, session->drawing.ScreenDC, row, false), 0);
     EXPECT_EQ(Row(row).InUse, 0u);
 }
 
@@ -360,31 +360,31 @@ TEST_F(FontTable, ReportMeasuresCharactersAloneAndGivesTheFirstNoWidth) {
 TEST_F(FontTable, RunToThePrinterMeasuresCharactersOnTheScreen) {
     End();
     ASSERT_EQ(StartOn(form, KIND_REPORT), 0);
-    ASSERT_EQ(MakeFont(session, session->device.ScreenDC, 0, false), 1);
+    ASSERT_EQ(MakeFont(session, session->drawing.ScreenDC, 0, false), 1);
     const std::vector<int32_t> on_screen(Row(0).CharWidth, Row(0).CharWidth + 256);
-    const int32_t pixels = session->device.LogPixelsX;
+    const int32_t pixels = session->drawing.LogPixelsX;
     technologies.clear();
-    session->run.OutputToPrinter = 1;
+    session->OutputToPrinter = 1;
     {
         const ReplacedCall measure("GetTextExtentPointA", NoteTechnology);
         EXPECT_EQ(MakeFont(session, session->printer.InfoDevice, 0, false), 1);
     }
-    session->run.OutputToPrinter = 0;
+    session->OutputToPrinter = 0;
     EXPECT_EQ(technologies, std::set<int>{DT_RASDISPLAY});
     EXPECT_EQ(std::vector<int32_t>(Row(0).CharWidth, Row(0).CharWidth + 256), on_screen);
-    EXPECT_EQ(session->device.LogPixelsX, pixels);
+    EXPECT_EQ(session->drawing.LogPixelsX, pixels);
 }
 
 TEST_F(FontTable, RunToThePrinterHasTheLineHeightsOfTheScreen) {
     ASSERT_EQ(StartOn(form, KIND_REPORT), 0);
     for (const int height : {21, 28, 31, 35, 42, 83}) {
         Row(0).LogFont = FontOfHeight(height);
-        ASSERT_EQ(MakeFont(session, session->device.ScreenDC, 0, false), 1);
+        ASSERT_EQ(MakeFont(session, session->drawing.ScreenDC, 0, false), 1);
         const uint32_t line = Row(0).Height;
         const uint32_t ascent = Row(0).Ascent;
-        session->run.OutputToPrinter = 1;
+        session->OutputToPrinter = 1;
         EXPECT_EQ(MakeFont(session, session->printer.InfoDevice, 0, false), 1);
-        session->run.OutputToPrinter = 0;
+        session->OutputToPrinter = 0;
         EXPECT_EQ(Row(0).Height, line) << height;
         EXPECT_EQ(Row(0).Ascent, ascent) << height;
     }
@@ -394,14 +394,14 @@ TEST_F(FontTable, DesignersWidthsAreReducedByTheOverhang) {
     const std::vector<int32_t> before(Row(0).CharWidth, Row(0).CharWidth + 256);
     real_metrics = GetTextMetricsA;
     const ReplacedCall metrics("GetTextMetricsA", MetricsWithOverhang);
-    ASSERT_EQ(MakeFont(session, session->device.ScreenDC, 0, false), 1);
+    ASSERT_EQ(MakeFont(session, session->drawing.ScreenDC, 0, false), 1);
     for (const int character : {65, 105, 255})
         EXPECT_EQ(Row(0).CharWidth[character], before[static_cast<size_t>(character)] - 3);
 }
 
 TEST_F(FontTable, DesignerWhoseWidthsCannotBeHadMeasuresEachCharacter) {
     const FailingCall fails("GetCharWidthA", GetCharWidthA, FALSE);
-    ASSERT_EQ(MakeFont(session, session->device.ScreenDC, 0, false), 1);
+    ASSERT_EQ(MakeFont(session, session->drawing.ScreenDC, 0, false), 1);
     EXPECT_EQ(fails.Seen(), 1);
     EXPECT_EQ(Row(0).CharWidth[0], 0);
     EXPECT_GT(Row(0).CharWidth['M'], 0);

@@ -45,7 +45,7 @@ TEST_F(FormReader, FormStandsInTheTablesWithItsLiveCounters) {
     EXPECT_EQ(state.UserFieldCount, 1);
     EXPECT_STREQ(state.Header.ReportName, "Test");
     EXPECT_EQ(state.ReportHeight, 5 * 40 + 100 + 100 + 200 + 100 + 100);
-    EXPECT_EQ(session->designer.SelectedItem, 0);
+    EXPECT_EQ(session->form.SelectedItem, 0);
     EXPECT_TRUE(boxes.Log().empty());
 }
 
@@ -391,7 +391,7 @@ TEST_F(FormReader, FormThatBreaksOffOrContradictsItselfLeavesNoRowsToWorkOn) {
         const FormState &state = session->form;
         EXPECT_EQ(state.TotalItems + state.FieldCount + state.BreakCount, 0);
         EXPECT_EQ(state.UserFieldCount, 0);
-        EXPECT_EQ(session->designer.SelectedItem, -1);
+        EXPECT_EQ(session->form.SelectedItem, -1);
         for (const SectionRecord &section : state.Sections) EXPECT_EQ(+section.InUse, 0);
         for (const UserFieldRecord &user : state.UserFields) EXPECT_EQ(+user.InUse, 0);
     }

@@ -38,7 +38,7 @@ protected:
         EXPECT_EQ(session->form.Fonts[row].InfoBlock, nullptr);
         boxes.Clear();
     }
-    int Restore(int row) { return RestoreBitmap(session, session->device.ScreenDC, row); }
+    int Restore(int row) { return RestoreBitmap(session, session->drawing.ScreenDC, row); }
 
     FullForm form;
     HBITMAP bitmap;

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "form/form_tables.h"
 #include "frame/fatal_error.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
@@ -42,7 +43,7 @@ TEST(SessionTable, HighMarkStaysWhenTheTopSlotIsFreed) {
     for (int slot = 0; slot < 3; ++slot) ASSERT_EQ(sessions.Open()->SessionId, slot);
     const int high = tessarine::session_table.SessionHighMark;
     ASSERT_GE(high, 3);
-    tessarine::FreeRunSession(sessions.open.back());
+    tessarine::FreeSession(sessions.open.back());
     sessions.open.pop_back();
     EXPECT_EQ(tessarine::session_table.SessionHighMark, high);
     EXPECT_EQ(tessarine::GetSessionPointer(nullptr, 2), nullptr);
@@ -177,7 +178,7 @@ TEST(FatalError, MessageComesFirstAndTheCodeStands) {
 
 TEST(FatalError, MessageAndThoseOfTheAllocatorsHaveNoOwner) {
     BareSession session;
-    session->device.Window = GetDesktopWindow();
+    session->Window = GetDesktopWindow();
     session->ParentWindow = GetDesktopWindow();
     const BoxOwners owners;
     EXPECT_THROW(tessarine::FatalError(session, "Something", 7), tessarine::Unwinding);

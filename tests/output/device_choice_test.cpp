@@ -53,7 +53,7 @@ TEST_F(DeviceChoice, ScreenIsTheFirstOfThree) {
     Start();
     EXPECT_EQ(rows, (std::vector<std::string>{"Screen", "Printer", "Disk File"}));
     EXPECT_EQ(selected, 0);
-    EXPECT_TRUE(session->run.OutputToScreen);
+    EXPECT_TRUE(session->OutputToScreen);
     EXPECT_EQ(run.params.Device, 'A');
     Finish(2);
 }
@@ -61,13 +61,13 @@ TEST_F(DeviceChoice, ScreenIsTheFirstOfThree) {
 TEST_F(DeviceChoice, DoubleClickCountsAsOk) {
     Answer(0, MAKELONG(LIST_CHOICE, LBN_DBLCLK));
     Start();
-    EXPECT_TRUE(session->run.OutputToScreen);
+    EXPECT_TRUE(session->OutputToScreen);
 }
 
 TEST_F(DeviceChoice, PrinterIsTheSecond) {
     Answer(1);
     ASSERT_EQ(run.Start(), 0) << boxes.LastText();
-    EXPECT_TRUE(Opened()->run.OutputToPrinter);
+    EXPECT_TRUE(Opened()->OutputToPrinter);
     EXPECT_EQ(run.Finish(), 0);
 }
 
@@ -77,7 +77,7 @@ TEST_F(DeviceChoice, DiskFileAsksForItsName) {
     AnswerDialog("Report File Name Selection", FILE_NAME, folder.Path("MADE"), IDOK);
     const std::string given = run.params.OutputFile;
     ASSERT_EQ(run.Start(), 0) << boxes.LastText();
-    EXPECT_TRUE(Opened()->run.OutputToFile);
+    EXPECT_TRUE(Opened()->OutputToFile);
     EXPECT_EQ(run.params.Device, 'A');
     EXPECT_EQ(run.params.OutputFile, given);
     ASSERT_EQ(run.Feed({{"NAME", "record"}}), 0);

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 #include <psapi.h>
 

@@ -21,8 +21,8 @@ class NamedPages {
 public:
     explicit NamedPages(const TemporaryFolder &folder) {
         std::strcpy(session->RunBlock.TempDir, folder.Root().c_str());
-        std::strcpy(session->run.TimeText, "14:05:33");
-        session->run.OutputToScreen = 1;
+        std::strcpy(session->report.TimeText, "14:05:33");
+        session->OutputToScreen = 1;
         MakePageFileNames(session);
     }
     ~NamedPages() { DeletePageFiles(session); }

@@ -199,7 +199,7 @@ TEST_F(PageStore, HostsTextsAreCutToTheirPlaceInTheHeader) {
     form.HostShort = 0x5678;
     mode.dmOrientation = -2;
     mode.dmPrintQuality = -4;
-    session->run.PageBottomUnits = 2625;
+    session->report.PageBottomUnits = 2625;
     const std::string path = folder.Path("OUT.FRC");
     ASSERT_EQ(Finish(path), 0);
     const std::string bytes = ReadWholeFile(path);
@@ -224,8 +224,8 @@ TEST_F(PageStore, HeaderHoldsTheMeasuresOfPagePaperAndLabelSheet) {
     mode.dmPaperSize = -5;
     mode.dmPaperLength = 2794;
     mode.dmPaperWidth = 2159;
-    session->run.RecordCount = 70000;
-    session->run.PageCount = 2;
+    session->report.RecordCount = 70000;
+    session->report.PageCount = 2;
     const uint32_t table[] = {490, 600, 777};
     std::memcpy(session->pages.PageTable, table, sizeof table);
     FormHeader &form = session->form.Header;
@@ -254,7 +254,7 @@ TEST_F(PageStore, HeaderHoldsTheMeasuresOfPagePaperAndLabelSheet) {
 
 TEST_F(PageStore, TableBeyondTwoGigabytesIsWrittenAndFound) {
     constexpr uint32_t DISTANT = 0x90000000;
-    session->run.PageCount = 1;
+    session->report.PageCount = 1;
     session->pages.PageTable[0] = 490;
     session->pages.PageTable[1] = DISTANT;
     const std::string path = folder.Path("LONG.FRC");
@@ -270,7 +270,7 @@ TEST_F(PageStore, PageThatWouldEndBeyondWhatTheTableTellsIsFatal) {
     std::strcpy(session->pages.TransferPath, folder.Path("PAGE.MFT").c_str());
     std::strcpy(session->pages.ReportPath, folder.Path("OUT.FRC").c_str());
     StartRecorder(session, "");
-    session->run.PageCount = 2;
+    session->report.PageCount = 2;
     session->pages.PageTable[1] = UINT32_MAX - 10;
     EXPECT_EQ(Code([&] { TransferMetaFile(session); }), CODE_FILE);
     EXPECT_EQ(Last(), Fatal("Error seeking the output file(CopyFileData)"));
@@ -317,13 +317,13 @@ TEST_F(PageStore, PageTableThatCannotBeReadTellsWhy) {
     boxes.Clear();
     EXPECT_NE(read(path, 490, 0), 0);
     EXPECT_TRUE(boxes.Log().empty());
-    EXPECT_EQ(session->run.PageCount, 0);
+    EXPECT_EQ(session->report.PageCount, 0);
 }
 
 // ---- pages -------------------------------------------------------------------------------------
 
 TEST_F(PageStore, PageThatIsNoMetafileIsFatal) {
-    session->run.OutputToFile = 1;
+    session->OutputToFile = 1;
     std::strcpy(session->pages.ReportPath, Put("OUT.FRC", std::string(600, 'x')).c_str());
     session->pages.PageTable[0] = 490;
     session->pages.PageTable[1] = 600;
@@ -402,23 +402,23 @@ TEST(PageTransfer, FolderInPlaceOfTheReportStopsTheRunAtItsFirstPage) {
 // ---- names -------------------------------------------------------------------------------------
 
 TEST_F(PageStore, ReportOfARunToDiskIsItsOwnFileAndThatOfAViewTheViewedOne) {
-    std::strcpy(session->run.TimeText, "14:05:33");
+    std::strcpy(session->report.TimeText, "14:05:33");
     std::strcpy(session->RunBlock.TempDir, (folder.Root() + "\\").c_str());
     std::strcpy(session->ViewBlock.TempDir, folder.Root().c_str());
     std::strcpy(session->pages.OutputPath, "C:\\OUT.FRC");
     std::strcpy(session->ViewBlock.ReportFileName, "C:\\SEEN.FRC");
-    session->run.OutputToFile = 1;
+    session->OutputToFile = 1;
     MakePageFileNames(session);
     EXPECT_STREQ(session->pages.ReportPath, "C:\\OUT.FRC");
     EXPECT_EQ(std::string(session->pages.TransferPath), folder.Path("14R05R33.MFT"));
     EXPECT_EQ(std::string(session->pages.ScreenPagePath), folder.Path("14R05R33.MFS"));
     EXPECT_EQ(std::string(session->pages.PrintPagePath), folder.Path("14R05R33.MFP"));
     DeleteFileA(session->pages.TransferPath);
-    session->run.OutputToFile = 0;
-    session->run.ViewingFile = 1;
+    session->OutputToFile = 0;
+    session->ViewingFile = 1;
     MakePageFileNames(session);
     EXPECT_STREQ(session->pages.ReportPath, "C:\\SEEN.FRC");
-    session->run.OutputToScreen = 1; // the viewed file stays when the session ends
+    session->OutputToScreen = 1; // the viewed file stays when the session ends
 }
 
 TEST_F(PageStore, EmptyFolderBecomesTheCurrentOneInItsShortForm) {
@@ -427,8 +427,8 @@ TEST_F(PageStore, EmptyFolderBecomesTheCurrentOneInItsShortForm) {
     GetCurrentDirectoryA(sizeof before, before);
     ASSERT_TRUE(SetCurrentDirectoryA(folder.Root().c_str()));
     GetShortPathNameA(folder.Root().c_str(), expected, sizeof expected);
-    session->run.OutputToScreen = 1;
-    std::strcpy(session->run.TimeText, "01:02:03");
+    session->OutputToScreen = 1;
+    std::strcpy(session->report.TimeText, "01:02:03");
     MakePageFileNames(session);
     SetCurrentDirectoryA(before);
     EXPECT_STREQ(session->RunBlock.TempDir, expected);

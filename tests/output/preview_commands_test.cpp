@@ -91,7 +91,7 @@ TEST_F(PreviewCommands, JumpDuringTheRunReachesTheFinishedPagesAndHoldsTheRunUp)
     ASSERT_EQ(Feed(16), 0); // three pages finished, the fourth begun
     int records = 0;
     boxes.OnDialog("Page Jump", [&](HWND dialog) {
-        records = session->run.RecordCount;
+        records = session->report.RecordCount;
         SetDlgItemTextA(dialog, JUMP_PAGE, "4");
         PostMessageA(dialog, WM_COMMAND, IDOK, 0);
     });

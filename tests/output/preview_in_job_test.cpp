@@ -56,13 +56,13 @@ TEST_F(PreviewInAJob, PaintKeepsTheWindowsOwnScaleAndTheJobItsOwn) {
     Send(WM_PAINT, 0);
     const ClientPicture before = PictureOf(Window());
     const tessarine::ViewState view = session->view;
-    const int pixels = session->device.LogPixelsX;
+    const int pixels = session->drawing.LogPixelsX;
     std::vector<int> of_job;
     PrintWith("EndPage", [&] {
         Send(WM_PAINT, 0);
         EXPECT_EQ(session->view.ViewWidth, view.ViewWidth);
         EXPECT_EQ(session->view.ViewHeight, view.ViewHeight);
-        EXPECT_EQ(session->device.LogPixelsX, pixels);
+        EXPECT_EQ(session->drawing.LogPixelsX, pixels);
         EXPECT_EQ(Differences(PictureOf(Window()), before), 0);
         SIZE extent{};
         GetViewportExtEx(JobDevice(), &extent);
@@ -76,7 +76,7 @@ TEST_F(PreviewInAJob, PaintKeepsTheWindowsOwnScaleAndTheJobItsOwn) {
 
 TEST_F(PreviewInAJob, MenuBarAndPageEndAreThoseOfTheReport) {
     Finish(20); // four pages
-    session->view.OriginY = session->run.PageBottomUnits - session->view.ViewHeight / 2;
+    session->view.OriginY = session->report.PageBottomUnits - session->view.ViewHeight / 2;
     Send(WM_PAINT, 0);
     const int position = Bar();
     ASSERT_GT(position, 0);
@@ -99,7 +99,7 @@ TEST_F(PreviewInAJob, MenuOfARunThatGoesOnIsThatOfItsFinishedPages) {
         ++looks;
     });
     EXPECT_EQ(looks, 2);
-    EXPECT_EQ(session->run.PageCount, 4);
+    EXPECT_EQ(session->report.PageCount, 4);
     EXPECT_EQ(Feed(1), 0);
 }
 
@@ -140,9 +140,9 @@ TEST_F(PreviewInAJob, RecordsFedUnderTheJobGoToTheRunsOwnPages) {
     ASSERT_EQ(Feed(11), 0); // two pages finished
     int fed = 0;
     const Calls calls = PrintWith("EndPage", [&] {
-        const int page = session->run.PageCount;
+        const int page = session->report.PageCount;
         EXPECT_EQ(Feed(5), 0);
-        EXPECT_EQ(session->run.PageCount, page + 1);
+        EXPECT_EQ(session->report.PageCount, page + 1);
         ++fed;
     });
     EXPECT_EQ(fed, 2);
@@ -184,7 +184,7 @@ TEST_F(PreviewInAJob, CancelledRunThatItsHostEndsUnderTheJobIsReleasedBehindIt) 
     const Calls calls = PrintWith("EndPage", [&] {
         if (ended) return;
         ended = true;
-        session->run.CancelState = tessarine::CANCEL_STOP;
+        session->report.CancelState = tessarine::CANCEL_STOP;
         EXPECT_EQ(run.Finish(), 0);
         EXPECT_TRUE(Open()); // the job works on it
         EXPECT_EQ(run.Finish(), CODE_NO_SESSION);

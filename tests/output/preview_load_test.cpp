@@ -1,7 +1,7 @@
 // A preview of as many pages as there can be.
 #include <algorithm>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 #include <psapi.h>
 

@@ -15,12 +15,12 @@ constexpr int NEVER = 0; // of a call that is counted and not failed
 // What the window shows.
 class PreviewPaint : public PreviewRun {
 protected:
-    int Pixels(int units) const { return MulDiv(units, session->device.LogPixelsY, 250); }
+    int Pixels(int units) const { return MulDiv(units, session->drawing.LogPixelsY, 250); }
     // Brings the shown page's end into view: the row of pixels where it lies.
     int ShowPageEnd() {
-        session->view.OriginY = session->run.PageBottomUnits - session->view.ViewHeight / 2;
+        session->view.OriginY = session->report.PageBottomUnits - session->view.ViewHeight / 2;
         Send(WM_PAINT, 0);
-        return Pixels(session->run.PageBottomUnits - session->view.OriginY);
+        return Pixels(session->report.PageBottomUnits - session->view.OriginY);
     }
     // "solid red", "dotted black" or "none" for the line at the page's end.
     std::string PageEnd() {
@@ -37,7 +37,7 @@ protected:
     void Map(HDC device, int origin_x, int origin_y) const {
         SetMapMode(device, MM_ANISOTROPIC);
         SetWindowExtEx(device, 250, 250, nullptr);
-        SetViewportExtEx(device, session->device.LogPixelsX, session->device.LogPixelsY, nullptr);
+        SetViewportExtEx(device, session->drawing.LogPixelsX, session->drawing.LogPixelsY, nullptr);
         SetWindowOrgEx(device, origin_x, origin_y, nullptr);
     }
     // The shown page as it lies in the window at actual size, without the line at its end.
@@ -183,12 +183,13 @@ TEST_F(PreviewPaint, BitmapHasTheClientsSizeOrFittedAPixelAUnit) {
     GetObjectA(session->view.OffscreenBitmap, sizeof bitmap, &bitmap);
     EXPECT_EQ(bitmap.bmWidth, client.right);
     EXPECT_EQ(bitmap.bmHeight, client.bottom);
-    EXPECT_EQ(session->view.ViewWidth, MulDiv(client.right, 250, session->device.LogPixelsX) + 1);
-    EXPECT_EQ(session->view.ViewHeight, MulDiv(client.bottom, 250, session->device.LogPixelsY) + 1);
+    EXPECT_EQ(session->view.ViewWidth, MulDiv(client.right, 250, session->drawing.LogPixelsX) + 1);
+    EXPECT_EQ(session->view.ViewHeight,
+              MulDiv(client.bottom, 250, session->drawing.LogPixelsY) + 1);
     Command(696);
     GetObjectA(session->view.OffscreenBitmap, sizeof bitmap, &bitmap);
-    EXPECT_EQ(bitmap.bmWidth, session->run.PageWidthUnits);
-    EXPECT_EQ(bitmap.bmHeight, session->run.PageBottomUnits);
+    EXPECT_EQ(bitmap.bmWidth, session->report.PageWidthUnits);
+    EXPECT_EQ(bitmap.bmHeight, session->report.PageBottomUnits);
 }
 
 TEST_F(PreviewPaint, PaintLeavesNothingToPaintAndALaterSizeIsTakenUp) {
@@ -201,7 +202,7 @@ TEST_F(PreviewPaint, PaintLeavesNothingToPaintAndALaterSizeIsTakenUp) {
     UpdateWindow(Window());
     RECT client{};
     GetClientRect(Window(), &client);
-    EXPECT_EQ(session->view.ViewWidth, MulDiv(client.right, 250, session->device.LogPixelsX) + 1);
+    EXPECT_EQ(session->view.ViewWidth, MulDiv(client.right, 250, session->drawing.LogPixelsX) + 1);
     EXPECT_EQ(Differences(PictureOf(Window()), PageAlone()), 0);
 }
 
@@ -247,7 +248,7 @@ TEST_F(PreviewPaint, LayoutThatGivesTheStripAHeightShowsItAboveThePage) {
     const int band = Pixels(session->view.RulerBandHeight);
     RECT client{};
     GetClientRect(Window(), &client);
-    EXPECT_EQ(session->view.ViewHeight, MulDiv(client.bottom, 250, session->device.LogPixelsY) -
+    EXPECT_EQ(session->view.ViewHeight, MulDiv(client.bottom, 250, session->drawing.LogPixelsY) -
                                             session->view.RulerBandHeight + 1);
     const ClientPicture page = DrawnLike(Window(), [&](HDC device) {
         Map(device, 0, 0);

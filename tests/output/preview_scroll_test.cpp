@@ -14,7 +14,7 @@ protected:
     int Height() const { return session->view.ViewHeight; }
     int Width() const { return session->view.ViewWidth; }
     int VerticalPosition(int finished) const {
-        const int page_bottom = session->run.PageBottomUnits;
+        const int page_bottom = session->report.PageBottomUnits;
         return (session->pages.ShownPageIndex * page_bottom + OriginY()) * 100 /
                (finished * page_bottom);
     }
@@ -73,11 +73,11 @@ TEST_F(PreviewScroll, CommandsAndBarCodesScrollToTheRightAndBackByTheirSteps) {
     const Step right[] = {
         {WM_COMMAND, 605}, {WM_HSCROLL, SB_LINERIGHT}, {WM_HSCROLL, SB_PAGERIGHT}};
     const Step left[] = {{WM_COMMAND, 604}, {WM_HSCROLL, SB_LINELEFT}, {WM_HSCROLL, SB_PAGELEFT}};
-    ASSERT_GT(session->run.PageWidthUnits, Width());
+    ASSERT_GT(session->report.PageWidthUnits, Width());
     for (int row = 0; row < 3; ++row) {
         Send(right[row].message, right[row].argument);
         EXPECT_EQ(OriginX(), row == 2 ? Width() : column) << row;
-        EXPECT_EQ(Bar(SB_HORZ), OriginX() * 100 / session->run.PageWidthUnits) << row;
+        EXPECT_EQ(Bar(SB_HORZ), OriginX() * 100 / session->report.PageWidthUnits) << row;
         Send(left[row].message, left[row].argument);
         EXPECT_EQ(OriginX(), 0) << row;
         EXPECT_EQ(Bar(SB_HORZ), 0) << row;
@@ -87,9 +87,9 @@ TEST_F(PreviewScroll, CommandsAndBarCodesScrollToTheRightAndBackByTheirSteps) {
 TEST_F(PreviewScroll, ToTheRightItEndsBehindThePagesEdgeAndTheBarAtItsEnd) {
     Finish(1);
     for (int step = 0; step < 10; ++step) Scroll(WM_HSCROLL, SB_PAGERIGHT);
-    const int steps = (session->run.PageWidthUnits + Width() - 1) / Width();
+    const int steps = (session->report.PageWidthUnits + Width() - 1) / Width();
     EXPECT_EQ(OriginX(), steps * Width());
-    EXPECT_GE(OriginX(), session->run.PageWidthUnits);
+    EXPECT_GE(OriginX(), session->report.PageWidthUnits);
     EXPECT_EQ(Bar(SB_HORZ), 100);
     Command(604);
     EXPECT_EQ(OriginX(), steps * Width() - Width() / 10);
@@ -108,13 +108,13 @@ TEST_F(PreviewScroll, ToTheLeftItStopsAtTheEdge) {
 TEST_F(PreviewScroll, HorizontalThumbGoesToItsPartOfTheWidth) {
     Finish(1);
     Scroll(WM_HSCROLL, SB_THUMBTRACK, 37);
-    EXPECT_EQ(OriginX(), 37 * session->run.PageWidthUnits / 100);
-    EXPECT_EQ(Bar(SB_HORZ), OriginX() * 100 / session->run.PageWidthUnits);
+    EXPECT_EQ(OriginX(), 37 * session->report.PageWidthUnits / 100);
+    EXPECT_EQ(Bar(SB_HORZ), OriginX() * 100 / session->report.PageWidthUnits);
 }
 
 TEST_F(PreviewScroll, HorizontalBarRestsWhereTheWholeWidthIsInView) {
     Finish(1);
-    session->run.PageWidthUnits = Width();
+    session->report.PageWidthUnits = Width();
     session->view.OriginX = 300;
     Send(WM_PAINT, 0);
     EXPECT_EQ(Bar(SB_HORZ), 0);
@@ -164,13 +164,13 @@ TEST_F(PreviewScroll, ScrollingRunsOnAcrossPageEnds) {
     EXPECT_EQ(OriginY(), 0);
     Command(600);
     EXPECT_EQ(Page(), 1);
-    EXPECT_EQ(OriginY(), session->run.PageBottomUnits - (Height() - session->device.FontHeight));
+    EXPECT_EQ(OriginY(), session->report.PageBottomUnits - (Height() - session->device.FontHeight));
     Scroll(WM_VSCROLL, SB_THUMBTRACK, 50);
     ASSERT_EQ(Page(), 2);
     Command(602);
     EXPECT_EQ(Page(), 1);
     EXPECT_EQ(OriginY(),
-              session->run.PageBottomUnits - (Height() / 20 - session->device.FontHeight));
+              session->report.PageBottomUnits - (Height() / 20 - session->device.FontHeight));
 }
 
 TEST_F(PreviewScroll, LineStepsReachEveryPlaceUpToThePagesEnd) {
@@ -182,7 +182,7 @@ TEST_F(PreviewScroll, LineStepsReachEveryPlaceUpToThePagesEnd) {
         if (Page() == 1)
             EXPECT_EQ(OriginY(), before + line);
         else
-            EXPECT_GE(before + line, session->run.PageBottomUnits);
+            EXPECT_GE(before + line, session->report.PageBottomUnits);
     }
 }
 

@@ -92,7 +92,7 @@ TEST_F(PreviewStates, EndOfACancelledRunUnderADialogReleasesItBehindTheDialog) {
     ASSERT_EQ(Feed(12), 0);
     const HWND window = Window();
     boxes.OnDialog("Page Jump", [&](HWND dialog) {
-        session->run.CancelState = tessarine::CANCEL_STOP;
+        session->report.CancelState = tessarine::CANCEL_STOP;
         EXPECT_EQ(run.Finish(), 0);
         EXPECT_TRUE(Open());
         EXPECT_TRUE(IsWindow(dialog));

@@ -42,9 +42,9 @@ TEST(PreviewProcedure, NoWindowIsNoSessions) {
     const BareSession session;
     Session *first = tessarine::GetSessionPointer(nullptr, 0); // of the slot that 0 would name
     ASSERT_NE(first, nullptr);
-    const int32_t before = first->run.CancelState;
+    const int32_t before = first->report.CancelState;
     tessarine::RepWndProc(nullptr, WM_CLOSE, 0, 0);
-    EXPECT_EQ(first->run.CancelState, before);
+    EXPECT_EQ(first->report.CancelState, before);
 }
 
 // ---- the window and its menu -------------------------------------------------------------------
@@ -98,7 +98,7 @@ TEST_F(Preview, MenuFollowsTheRun) {
     ASSERT_EQ(Feed(5), 0);
     EXPECT_EQ(Enabled(), "----x"); // the first page is full and not finished
     ASSERT_EQ(Feed(1), 0);
-    EXPECT_EQ(session->run.PageCount, 2);
+    EXPECT_EQ(session->report.PageCount, 2);
     EXPECT_EQ(Enabled(), "-xx-x");
     ASSERT_EQ(Feed(5), 0);
     EXPECT_EQ(Enabled(), "xxx-x");
@@ -150,7 +150,7 @@ TEST_F(Preview, PagesAreReadBetweenRecords) {
 TEST_F(Preview, RunWithoutRecordsShowsOneEmptyPage) {
     ASSERT_EQ(run.Finish(), 0);
     EXPECT_EQ(run.page_count, 0);
-    EXPECT_EQ(session->run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
     EXPECT_NE(session->pages.ShownPage, nullptr);
 }
 
@@ -217,28 +217,28 @@ TEST_F(Preview, PumpStopsAtTheMessageThatCancels) {
 
 TEST_F(Preview, CloseAndExitBeforeTheFirstRecordAreTakenBackByIt) {
     Send(WM_CLOSE, 0);
-    EXPECT_EQ(session->run.CancelState, tessarine::CANCEL_STOP);
+    EXPECT_EQ(session->report.CancelState, tessarine::CANCEL_STOP);
     EXPECT_TRUE(Open());
     EXPECT_EQ(Feed(1), 0); // the first record starts the printing anew
-    EXPECT_EQ(session->run.CancelState, tessarine::CANCEL_NONE);
+    EXPECT_EQ(session->report.CancelState, tessarine::CANCEL_NONE);
 }
 
 TEST_F(Preview, CloseIsIgnoredInTheClosingSectionsButExitIsNot) {
     ASSERT_EQ(Feed(2), 0);
-    session->run.RunPhase = tessarine::PHASE_CLOSING;
+    session->report.RunPhase = tessarine::PHASE_CLOSING;
     Send(WM_CLOSE, 0);
-    EXPECT_EQ(session->run.CancelState, tessarine::CANCEL_NONE);
+    EXPECT_EQ(session->report.CancelState, tessarine::CANCEL_NONE);
     Command(697);
-    EXPECT_EQ(session->run.CancelState, tessarine::CANCEL_STOP);
-    session->run.RunPhase = tessarine::PHASE_RECORDS;
+    EXPECT_EQ(session->report.CancelState, tessarine::CANCEL_STOP);
+    session->report.RunPhase = tessarine::PHASE_RECORDS;
 }
 
 TEST_F(Preview, CloseWhileASheetIsFilledOutCancels) {
     ASSERT_EQ(Feed(2), 0);
-    session->run.RunPhase = tessarine::PHASE_FILL;
+    session->report.RunPhase = tessarine::PHASE_FILL;
     Send(WM_CLOSE, 0);
-    EXPECT_EQ(session->run.CancelState, tessarine::CANCEL_STOP);
-    session->run.RunPhase = tessarine::PHASE_RECORDS;
+    EXPECT_EQ(session->report.CancelState, tessarine::CANCEL_STOP);
+    session->report.RunPhase = tessarine::PHASE_RECORDS;
 }
 
 TEST_F(Preview, ClosingTheWindowEndsTheSessionAndItsFiles) {
@@ -361,7 +361,7 @@ TEST_F(Preview, CancelledRunLeavesNoFileOfItsPages) {
     ASSERT_EQ(Feed(6), 0);
     // A file without its header: the first 490 bytes are a hole until the run has ended.
     EXPECT_EQ(ReadWholeFile(session->pages.ReportPath).substr(0, 490), std::string(490, '\0'));
-    session->run.CancelState = tessarine::CANCEL_STOP;
+    session->report.CancelState = tessarine::CANCEL_STOP;
     EXPECT_EQ(run.Finish(), 0);
     EXPECT_FALSE(Open());
     EXPECT_EQ(FilesOfPages(), 0);

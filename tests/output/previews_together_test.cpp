@@ -35,15 +35,14 @@ TEST(PreviewsTogether, TenAtOnceInOneFolderKeepTheirPages) {
     for (const auto &preview : previews) ASSERT_EQ(preview->run.Finish(), 0) << boxes.LastText();
     for (size_t number = 0; number < previews.size(); ++number) {
         Session *session = previews[number]->session;
-        SendMessageA(session->device.Window, WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 100), 0);
+        SendMessageA(session->Window, WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 100), 0);
         EXPECT_EQ(session->pages.ShownPageIndex, 2);
         const std::string report = ReadWholeFile(session->pages.ReportPath);
         for (size_t other = 0; other < previews.size(); ++other)
             EXPECT_EQ(report.find("of " + std::to_string(other)) != std::string::npos,
                       other == number);
     }
-    for (const auto &preview : previews)
-        SendMessageA(preview->session->device.Window, WM_CLOSE, 0, 0);
+    for (const auto &preview : previews) SendMessageA(preview->session->Window, WM_CLOSE, 0, 0);
     WIN32_FIND_DATAA found{};
     EXPECT_EQ(FindFirstFileA(folder.Path("*.MF*").c_str(), &found), INVALID_HANDLE_VALUE);
     EXPECT_TRUE(boxes.Log().empty()) << boxes.LastText();

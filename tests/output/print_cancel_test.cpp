@@ -40,9 +40,9 @@ TEST_F(CancelledJob, CancelFinishesThePageInHandAndThePreviewGoesOn) {
     EXPECT_EQ(Print(1, 4), 1);
     EXPECT_EQ(calls.Log(), two_pages);
     EXPECT_EQ(device_line, "Cancelling..., Please Wait.");
-    EXPECT_EQ(session->run.CancelState, CANCEL_NONE);
-    EXPECT_EQ(session->run.PageCount, 5);
-    EXPECT_TRUE(IsWindowEnabled(session->device.Window));
+    EXPECT_EQ(session->report.CancelState, CANCEL_NONE);
+    EXPECT_EQ(session->report.PageCount, 5);
+    EXPECT_TRUE(IsWindowEnabled(session->Window));
     FeedToPage(6);
     EXPECT_EQ(run.Finish(), 0);
 }
@@ -56,7 +56,7 @@ TEST_F(CancelledJob, CancelBeforeTheFirstPageStillPrintsThatPage) {
     EXPECT_EQ(Print(1, 4), 1);
     EXPECT_EQ(calls.Count("EndPage"), 1);
     EXPECT_EQ(calls.Count("EndDoc"), 1);
-    EXPECT_EQ(session->run.CancelState, CANCEL_NONE);
+    EXPECT_EQ(session->report.CancelState, CANCEL_NONE);
 }
 
 TEST_F(CancelledJob, CancelBehindTheLastPageChangesNothing) {
@@ -73,12 +73,12 @@ TEST_F(CancelledJob, CancelWhileTheDocumentEndsLeavesTheRunGoing) {
     FeedToPage(4);
     PrinterCalls calls(PrinterCalls::PRETEND);
     calls.Before("EndDoc", [&](HDC) {
-        EXPECT_EQ(session->run.CancelState, CANCEL_NONE);
+        EXPECT_EQ(session->report.CancelState, CANCEL_NONE);
         SendMessageA(session->job.Progress.AbortDialog, WM_COMMAND, IDCANCEL, 0);
     });
     EXPECT_EQ(Print(1, 2), 1);
     EXPECT_EQ(calls.Log(), two_pages);
-    EXPECT_EQ(session->run.CancelState, CANCEL_NONE);
+    EXPECT_EQ(session->report.CancelState, CANCEL_NONE);
     FeedToPage(5);
     EXPECT_EQ(run.Finish(), 0);
 }

@@ -116,7 +116,7 @@ TEST_F(PreviewPrinting, HelpOfTheRangeIs3036AndTheDialogStays) {
     bool stays = false;
     boxes.OnDialog("Print Selected Pages", [&](HWND dialog) {
         SendMessageA(dialog, WM_COMMAND, 1054, 0);
-        stays = !IsWindowEnabled(session->device.Window); // its end would enable it
+        stays = !IsWindowEnabled(session->Window); // its end would enable it
         PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     });
     EXPECT_EQ(PrintPages(session, 1), 1);
@@ -146,24 +146,24 @@ TEST_F(PreviewPrinting, DialogCountsPagesWhileTheWindowIsDisabledUntilTheDocumen
                                 session->printer.DeviceName
                             ? ItemText(session->job.Progress.AbortDialog, 844)
                             : "another device");
-        EXPECT_FALSE(IsWindowEnabled(session->device.Window));
+        EXPECT_FALSE(IsWindowEnabled(session->Window));
     });
     bool stands_at_end = false;
     calls.Before("EndDoc", [&](HDC) {
         stands_at_end = IsWindow(session->job.Progress.AbortDialog) &&
-                        !IsWindowEnabled(session->device.Window) && session->run.PageCount == 4;
+                        !IsWindowEnabled(session->Window) && session->report.PageCount == 4;
     });
     EXPECT_EQ(Print(1, 3), 1);
     EXPECT_EQ(shown, (Calls{"0", "1", "2"}));
     EXPECT_TRUE(stands_at_end);
     EXPECT_EQ(session->job.Progress.AbortDialog, nullptr);
-    EXPECT_TRUE(IsWindowEnabled(session->device.Window));
+    EXPECT_TRUE(IsWindowEnabled(session->Window));
 }
 
 TEST_F(PreviewPrinting, PagesAreMappedByThePrintersPixelsAndTheSessionsComeBack) {
     FeedToPage(3);
     PrinterCalls calls(PrinterCalls::PRETEND);
-    const int pixels = session->device.LogPixelsX;
+    const int pixels = session->drawing.LogPixelsX;
     calls.Before("EndPage", [&](HDC device) {
         SIZE extent{};
         EXPECT_EQ(GetMapMode(device), MM_ANISOTROPIC);
@@ -174,7 +174,7 @@ TEST_F(PreviewPrinting, PagesAreMappedByThePrintersPixelsAndTheSessionsComeBack)
     });
     EXPECT_EQ(Print(1, 2), 1);
     EXPECT_EQ(calls.Count("EndPage"), 2);
-    EXPECT_EQ(session->device.LogPixelsX, pixels);
+    EXPECT_EQ(session->drawing.LogPixelsX, pixels);
 }
 
 TEST_F(PreviewPrinting, ShownPageIsNotTouchedAndTheRunGoesOn) {
@@ -186,7 +186,7 @@ TEST_F(PreviewPrinting, ShownPageIsNotTouchedAndTheRunGoesOn) {
     }
     EXPECT_EQ(session->pages.ShownPage, shown);
     EXPECT_EQ(session->pages.ShownPageIndex, 0);
-    EXPECT_EQ(session->run.PageCount, 3);
+    EXPECT_EQ(session->report.PageCount, 3);
     FeedToPage(6);
     ASSERT_EQ(run.Finish(), 0);
     EXPECT_EQ(run.page_count, 6);
@@ -199,7 +199,7 @@ TEST_F(PreviewPrinting, EntryOfTheJobStandsUntilTheSessionCloses) {
     const int slot = session->SessionId;
     EXPECT_NE(session_table.PrinterContextTable[slot], nullptr);
     run.Finish();
-    SendMessageA(session->device.Window, WM_CLOSE, 0, 0);
+    SendMessageA(session->Window, WM_CLOSE, 0, 0);
     EXPECT_EQ(session_table.PrinterContextTable[slot], nullptr);
 }
 
@@ -210,7 +210,7 @@ TEST_F(PreviewPrinting, CommandOfTheMenuAsksForTheRange) {
         ++asked;
         PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     });
-    SendMessageA(session->device.Window, WM_COMMAND, 695, 0);
+    SendMessageA(session->Window, WM_COMMAND, 695, 0);
     EXPECT_EQ(asked, 1);
 }
 
@@ -223,7 +223,7 @@ TEST_F(PreviewPrinting, PrinterWithoutAContextIsToldAndTheCommandDoesNothing) {
     EXPECT_EQ(Print(1, 2), 0);
     EXPECT_EQ(Last(), (BoxRecord{"", "Can not initialize printing", {IDOK}}));
     EXPECT_TRUE(calls.Log().empty());
-    EXPECT_TRUE(IsWindowEnabled(session->device.Window));
+    EXPECT_TRUE(IsWindowEnabled(session->Window));
 }
 
 TEST_F(PreviewPrinting, DocumentThatDoesNotStartIsToldAndTheCommandReturns) {
@@ -236,8 +236,8 @@ TEST_F(PreviewPrinting, DocumentThatDoesNotStartIsToldAndTheCommandReturns) {
         EXPECT_EQ(Last(), (BoxRecord{"", "Unable to Start the Print Job", {IDOK}}));
         EXPECT_EQ(pages.Seen(), 0);
         EXPECT_EQ(session->job.Progress.AbortDialog, nullptr);
-        EXPECT_TRUE(IsWindowEnabled(session->device.Window));
-        EXPECT_EQ(session->run.PageCount, 3);
+        EXPECT_TRUE(IsWindowEnabled(session->Window));
+        EXPECT_EQ(session->report.PageCount, 3);
     }
 }
 
@@ -248,7 +248,7 @@ TEST_F(PreviewPrinting, JobWithoutItsDialogPrintsAndEnablesTheWindow) {
     EXPECT_EQ(Print(1, 2), 1);
     EXPECT_EQ(none.Seen(), 1);
     EXPECT_EQ(calls.Log(), two_pages);
-    EXPECT_TRUE(IsWindowEnabled(session->device.Window));
+    EXPECT_TRUE(IsWindowEnabled(session->Window));
 }
 
 TEST_F(PreviewPrinting, PageThatCannotBeReadAbortsTheDocumentAndLeavesNothingBehind) {
@@ -261,14 +261,14 @@ TEST_F(PreviewPrinting, PageThatCannotBeReadAbortsTheDocumentAndLeavesNothingBeh
         SetDlgItemTextA(dialog, 897, "3");
         PostMessageA(dialog, WM_COMMAND, IDOK, 0);
     });
-    SendMessageA(session->device.Window, WM_COMMAND, 695, 0);
+    SendMessageA(session->Window, WM_COMMAND, 695, 0);
     session->pages.PageTable[1] = table_row;
     EXPECT_EQ(calls.Count("AbortDoc"), 1);
     EXPECT_EQ(calls.Count("EndDoc"), 0);
     EXPECT_EQ(Last().title, "Fatal Error");
     EXPECT_EQ(session->job.Progress.AbortDialog, nullptr);
-    EXPECT_TRUE(IsWindowEnabled(session->device.Window));
-    EXPECT_EQ(session->run.PageCount, 4);
+    EXPECT_TRUE(IsWindowEnabled(session->Window));
+    EXPECT_EQ(session->report.PageCount, 4);
 }
 
 // ---- a saved report ----------------------------------------------------------------------------
@@ -276,7 +276,7 @@ TEST_F(PreviewPrinting, PageThatCannotBeReadAbortsTheDocumentAndLeavesNothingBeh
 TEST_F(PreviewPrinting, SavedReportHasItsOwnPaper) {
     FeedToPage(3);
     ASSERT_EQ(run.Finish(), 0);
-    session->run.ViewingFile = 1;
+    session->ViewingFile = 1;
     ReportFileHeader &header = session->pages.Header;
     header.Orientation = DMORIENT_LANDSCAPE;
     header.PaperSize = DMPAPER_LETTER;
@@ -311,13 +311,13 @@ TEST_F(PreviewPrinting, RunsOwnPreviewKeepsThePrintersPaper) {
 TEST_F(PreviewPrinting, SilentJobOfASavedReportHasNoDialogAndStillADocument) {
     FeedToPage(3);
     ASSERT_EQ(run.Finish(), 0);
-    session->run.ViewingFile = 1;
+    session->ViewingFile = 1;
     session->ViewBlock.Silent = 1;
     session->pages.Header.Orientation = DMORIENT_PORTRAIT;
     PrinterCalls calls(PrinterCalls::PRETEND);
     calls.Before("EndPage", [&](HDC) {
         EXPECT_EQ(session->job.Progress.AbortDialog, nullptr);
-        EXPECT_TRUE(IsWindowEnabled(session->device.Window));
+        EXPECT_TRUE(IsWindowEnabled(session->Window));
     });
     EXPECT_EQ(Print(1, 1), 1);
     EXPECT_EQ(calls.Log(), (Calls{"StartDocA", "StartPage", "EndPage", "EndDoc"}));

@@ -38,9 +38,10 @@ TEST_F(RunToPrinter, JobStartsAtTheFirstRecordWithDialogAndDisabledOwner) {
     EXPECT_EQ(ItemText(Dialog(), 842), session->printer.DeviceName);
     EXPECT_FALSE(IsWindowEnabled(host.Get()));
     EXPECT_EQ(session->progress.AbortProc, &PrintProc);
-    EXPECT_EQ(session_table.PrinterContextTable[session->SessionId], session->device.ScreenDC);
+    EXPECT_EQ(session_table.PrinterContextTable[session->SessionId], session->drawing.ScreenDC);
     const RunState &state = session->run;
-    EXPECT_EQ(session->view.ViewWidth, state.PageWidthUnits + state.LeftOrigin + state.RightOrigin);
+    EXPECT_EQ(session->view.ViewWidth,
+              session->report.PageWidthUnits + state.LeftOrigin + state.RightOrigin);
     EXPECT_EQ(run->Finish(), 0);
 }
 
@@ -71,7 +72,7 @@ TEST_F(RunToPrinter, PrinterThatTheHostGivesIsTheOneThatPrints) {
     EXPECT_EQ(RepInit(&run->params, 0, names, mode), 0) << boxes.LastText();
     ReplaceImport("CreateDCA", reinterpret_cast<void *>(real_create));
     session = GetSessionPointer(nullptr, run->params.SessionId);
-    const HDC device = session->device.OutputDevice;
+    const HDC device = session->drawing.OutputDevice;
     // A deleted context's number may be given out again, so the last one of it counts.
     const auto noted = std::find_if(contexts.rbegin(), contexts.rend(),
                                     [&](const auto &context) { return context.first == device; });
@@ -226,7 +227,7 @@ TEST_F(RunToPrinter, CancelAtTheEndOfATitlePageEndsTheDocumentThoughNoRecordIsPr
     ASSERT_EQ(Start('P', TitlePage()), 0);
     calls.Before("StartPage", [&](HDC) { PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0); });
     EXPECT_EQ(Feed(1), CODE_CANCELLED);
-    EXPECT_EQ(session->run.RecordCount, 0);
+    EXPECT_EQ(session->report.RecordCount, 0);
     EXPECT_EQ(calls.Count("EndPage"), 1);
     const HWND dialog = Dialog();
     EXPECT_EQ(run->Finish(), 0);
@@ -242,7 +243,7 @@ TEST_F(RunToPrinter, CancelWhileTheDocumentOrAPageStartsGives5) {
     int page = 0;
     for (const char *name : {"StartDocA", "StartPage"})
         calls.Before(name, [&, name](HDC device) {
-            if (at != name || session->run.PageCount != page) return;
+            if (at != name || session->report.PageCount != page) return;
             PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
             PrintProc(device, 0);
         });
@@ -352,7 +353,7 @@ TEST_F(RunToPrinter, LandscapeOfTheFormReachesThePaper) {
     ASSERT_EQ(Start('P', form), 0);
     EXPECT_FLOAT_EQ(session->printer.PaperWidth, 11.0F);
     EXPECT_FLOAT_EQ(session->printer.PaperHeight, 8.5F);
-    const HDC device = session->device.ScreenDC;
+    const HDC device = session->drawing.ScreenDC;
     EXPECT_GT(GetDeviceCaps(device, HORZRES), GetDeviceCaps(device, VERTRES));
     run->Finish();
     form.header.PrinterMode.Orientation = DMORIENT_PORTRAIT;
@@ -364,7 +365,7 @@ TEST_F(RunToPrinter, LandscapeOfTheFormReachesThePaper) {
 TEST_F(RunToPrinter, UnprintableMarginIsTakenOffThePlaces) {
     ASSERT_EQ(Start('P'), 0);
     POINT offset{};
-    const HDC device = session->device.ScreenDC;
+    const HDC device = session->drawing.ScreenDC;
     ASSERT_GT(Escape(device, GETPRINTINGOFFSET, 0, nullptr, &offset), 0);
     ASSERT_GT(offset.x, 0);
     const int x = offset.x * 250 / GetDeviceCaps(device, LOGPIXELSX);

@@ -27,12 +27,12 @@ constexpr DialogRow dialogs[] = {{"PrintAbortParam", PrintAbortParam},
 class Progress : public testing::Test {
 protected:
     Progress() {
-        session->run.CancelState = session->job.CancelState = CANCEL_NONE;
-        session->device.ScreenDC = CreateCompatibleDC(nullptr);
+        session->report.CancelState = session->job.CancelState = CANCEL_NONE;
+        session->drawing.ScreenDC = CreateCompatibleDC(nullptr);
     }
     ~Progress() override {
         CloseBoth();
-        DeleteDC(session->device.ScreenDC);
+        DeleteDC(session->drawing.ScreenDC);
     }
     void CloseBoth() {
         CloseProgress(&session->progress);
@@ -47,18 +47,18 @@ protected:
     }
     int32_t &CancelWordOf(DLGPROC procedure) {
         return procedure == ScrPrintAbortParam ? session->job.CancelState
-                                               : session->run.CancelState;
+                                               : session->report.CancelState;
     }
     HWND ShowPrinterRun() {
-        NotePrinterContext(session, session->device.ScreenDC);
+        NotePrinterContext(session, session->drawing.ScreenDC);
         return Show("PrintAbortParam", PrintAbortParam);
     }
     HWND ShowPreviewJob() {
-        NotePrinterContext(session, session->device.ScreenDC);
+        NotePrinterContext(session, session->drawing.ScreenDC);
         return Show("ScrPrintAbortParam", ScrPrintAbortParam);
     }
     HWND ShowFileRun() { return Show("FilePrintAbortParam", FilePrintAbortParam); }
-    HDC Device() { return session->device.ScreenDC; }
+    HDC Device() { return session->drawing.ScreenDC; }
     // Whether a message that was posted to this thread still waits.
     static bool Waits() {
         MSG message;
@@ -133,7 +133,7 @@ TEST_F(Progress, CancelInTheDialogOfARunToThePrinterChangesNothingVisible) {
     const HWND dialog = ShowPrinterRun();
     const auto before = DialogTexts(dialog);
     SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
-    EXPECT_EQ(session->run.CancelState, CANCEL_STOP);
+    EXPECT_EQ(session->report.CancelState, CANCEL_STOP);
     EXPECT_EQ(DialogTexts(dialog), before);
     EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog, IDCANCEL)));
 }
@@ -142,7 +142,7 @@ TEST_F(Progress, CancelOfAPreviewsJobGreysTheButtonSaysPleaseWaitAndLeavesTheRun
     const HWND dialog = ShowPreviewJob();
     SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     EXPECT_EQ(session->job.CancelState, CANCEL_STOP);
-    EXPECT_EQ(session->run.CancelState, CANCEL_NONE);
+    EXPECT_EQ(session->report.CancelState, CANCEL_NONE);
     EXPECT_EQ(ItemText(dialog, 842), "Cancelling..., Please Wait.");
     EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDCANCEL)));
 }
@@ -150,7 +150,7 @@ TEST_F(Progress, CancelOfAPreviewsJobGreysTheButtonSaysPleaseWaitAndLeavesTheRun
 TEST_F(Progress, CancelOfARunToDiskGreysTheButtonAndSaysPleaseWait) {
     const HWND dialog = ShowFileRun();
     SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
-    EXPECT_EQ(session->run.CancelState, CANCEL_STOP);
+    EXPECT_EQ(session->report.CancelState, CANCEL_STOP);
     EXPECT_EQ(ItemText(dialog, 842), "Cancelling..., Please Wait.");
     EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDCANCEL)));
 }
@@ -166,10 +166,10 @@ TEST_F(Progress, AnyCommandCancels) {
 
 TEST_F(Progress, PrinterRunRefreshesPagesOnlyTogetherWithRecords) {
     const HWND dialog = ShowPrinterRun();
-    session->run.PageCount = 3;
+    session->report.PageCount = 3;
     EXPECT_EQ(PrintProc(Device(), 0), 1);
     EXPECT_EQ(ItemText(dialog, 844), "0");
-    session->run.RecordCount = 7;
+    session->report.RecordCount = 7;
     EXPECT_EQ(PrintProc(Device(), 0), 1);
     EXPECT_EQ(ItemText(dialog, 844), "3");
     EXPECT_EQ(ItemText(dialog, 843), "7");
@@ -177,7 +177,7 @@ TEST_F(Progress, PrinterRunRefreshesPagesOnlyTogetherWithRecords) {
 
 TEST_F(Progress, DeviceOfNoJobIsLeftAlone) {
     const HWND dialog = ShowPrinterRun();
-    session->run.RecordCount = 7;
+    session->report.RecordCount = 7;
     PostOne();
     const HDC other = CreateCompatibleDC(nullptr);
     for (const HDC device : {other, HDC{}}) {
@@ -209,7 +209,7 @@ TEST_F(Progress, PumpHandsCancelToTheDialogAndThenStops) {
     PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     PostOne();
     PrintProc(Device(), 0);
-    EXPECT_EQ(session->run.CancelState, CANCEL_STOP);
+    EXPECT_EQ(session->report.CancelState, CANCEL_STOP);
     EXPECT_TRUE(Waits());
     Drain();
 }
@@ -219,7 +219,7 @@ TEST_F(Progress, KeysReachTheDialog) {
     Drain();
     PostMessageA(GetDlgItem(dialog, IDCANCEL), WM_KEYDOWN, VK_ESCAPE, 0);
     PrintProc(Device(), 0);
-    EXPECT_EQ(session->run.CancelState, CANCEL_STOP);
+    EXPECT_EQ(session->report.CancelState, CANCEL_STOP);
 }
 
 TEST_F(Progress, SpoolersErrorCancelsAfterOneMessage) {
@@ -235,7 +235,7 @@ TEST_F(Progress, SpoolersErrorCancelsAfterOneMessage) {
         Drain();
     };
     ShowPrinterRun();
-    cancels(PrintProc, session->run.CancelState);
+    cancels(PrintProc, session->report.CancelState);
     ShowPreviewJob();
     cancels(ScrPrintProc, session->job.CancelState);
 }
@@ -250,7 +250,7 @@ TEST_F(Progress, QuitIsLeftToTheHostsOwnLoop) {
     EXPECT_EQ(message.wParam, 7u);
     PostQuitMessage(7);
     EXPECT_EQ(PrintProc(Device(), SP_ERROR), 1); // an error cancels behind this message too
-    EXPECT_EQ(session->run.CancelState, CANCEL_STOP);
+    EXPECT_EQ(session->report.CancelState, CANCEL_STOP);
     EXPECT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }
 
@@ -280,7 +280,7 @@ TEST_F(Progress, SilentPreviewsJobHasNoPump) {
 
 TEST_F(Progress, FilePumpRefreshesPagesAndHandsOutMessages) {
     const HWND dialog = ShowFileRun();
-    session->run.PageCount = 4;
+    session->report.PageCount = 4;
     PostOne();
     FilePrintPump(session);
     EXPECT_EQ(ItemText(dialog, 844), "4");
@@ -297,7 +297,7 @@ TEST_F(Progress, FilePumpWithoutADialogLeavesMessagesAlone) {
 TEST_F(Progress, FilePumpOfACancelledRunLeavesMessagesAlone) {
     ShowFileRun();
     Drain();
-    session->run.CancelState = CANCEL_STOP;
+    session->report.CancelState = CANCEL_STOP;
     PostOne();
     FilePrintPump(session);
     EXPECT_TRUE(Waits());

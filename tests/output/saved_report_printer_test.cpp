@@ -84,8 +84,8 @@ TEST_F(ViewOnHostsPrinter, PaperOfTheReportCountsAndNotThePrinters) {
         ++looks;
         EXPECT_EQ(session->printer.PaperWidth, 5.5F);
         EXPECT_EQ(session->printer.PaperHeight, 7.25F);
-        EXPECT_EQ(session->run.PageWidthUnits, 1281);  // of 1281.25
-        EXPECT_EQ(session->run.PageBottomUnits, 1625); // of 1625.75
+        EXPECT_EQ(session->report.PageWidthUnits, 1281);  // of 1281.25
+        EXPECT_EQ(session->report.PageBottomUnits, 1625); // of 1625.75
     });
     ASSERT_TRUE(Show(2, printer->names, printer->mode)) << boxes.LastText();
     EXPECT_EQ(looks, 1);

@@ -6,6 +6,7 @@
 #include <set>
 
 #include "device/printer.h"
+#include "form/form_tables.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
@@ -175,18 +176,18 @@ TEST_F(ReportView, SessionHasTheFiguresOfTheReportAndTheOffsetOfThePrinter) {
     const ViewingSession viewing(block, [&](const Session *session) {
         ++looks;
         EXPECT_EQ(session->SessionKind, tessarine::KIND_REPORT);
-        EXPECT_EQ(session->run.RunPhase, tessarine::PHASE_FINISHED);
-        EXPECT_EQ(session->run.CancelState, tessarine::CANCEL_NONE);
-        EXPECT_EQ(session->run.PageCount, 3);
-        EXPECT_EQ(session->run.RecordCount, 12);
+        EXPECT_EQ(session->report.RunPhase, tessarine::PHASE_FINISHED);
+        EXPECT_EQ(session->report.CancelState, tessarine::CANCEL_NONE);
+        EXPECT_EQ(session->report.PageCount, 3);
+        EXPECT_EQ(session->report.RecordCount, 12);
         EXPECT_EQ(session->pages.ShownPageIndex, 1);
         EXPECT_EQ(session->pages.ShownPage, nullptr);
         EXPECT_EQ(session->printer.UsableWidth, +header.PageWidth);
         EXPECT_EQ(session->printer.UsableHeight, +header.PageHeight);
         EXPECT_EQ(session->printer.PaperWidth, +header.PaperWidth);
         EXPECT_EQ(session->printer.PaperHeight, +header.PaperHeight);
-        EXPECT_EQ(session->run.PageBottomUnits, static_cast<int>(header.PageBottom * 250.0));
-        EXPECT_EQ(session->run.PageWidthUnits, static_cast<int>(header.PageWidth * 250.0));
+        EXPECT_EQ(session->report.PageBottomUnits, static_cast<int>(header.PageBottom * 250.0));
+        EXPECT_EQ(session->report.PageWidthUnits, static_cast<int>(header.PageWidth * 250.0));
         const POINT offset = OffsetOf(session);
         EXPECT_GT(offset.x, 0);
         EXPECT_EQ(session->printer.PrintOffsetX, offset.x);
@@ -200,10 +201,10 @@ TEST_F(ReportView, OutputIsTheScreenOrElseThePrinterAndNeverAFile) {
     for (const char device : {'S', 'P', 'F', 's'}) {
         block.Device = device;
         const ViewingSession viewing(block, [&](const Session *session) {
-            EXPECT_EQ(session->run.OutputToScreen, device == 'S' ? 1u : 0u) << device;
-            EXPECT_EQ(session->run.OutputToPrinter, device == 'S' ? 0u : 1u) << device;
-            EXPECT_EQ(session->run.OutputToFile, 0u) << device;
-            EXPECT_EQ(session->run.ViewingFile, 1u) << device;
+            EXPECT_EQ(session->OutputToScreen, device == 'S' ? 1u : 0u) << device;
+            EXPECT_EQ(session->OutputToPrinter, device == 'S' ? 0u : 1u) << device;
+            EXPECT_EQ(session->OutputToFile, 0u) << device;
+            EXPECT_EQ(session->ViewingFile, 1u) << device;
             EXPECT_EQ(session->view.HorzScroll, device == 'S' ? 1u : 0u) << device;
             EXPECT_EQ(session->view.VertScroll, device == 'S' ? 1u : 0u) << device;
         });
@@ -221,7 +222,7 @@ TEST_F(ReportView, WindowHasTheBlocksPlaceAndStyleAndNoNameAndItsBarsAtTheStart)
     block.WindowHeight = 320;
     HWND window = nullptr;
     const ViewingSession viewing(block, [&](const Session *session) {
-        window = session->device.Window;
+        window = session->Window;
         char text[40] = "";
         GetClassNameA(window, text, sizeof text);
         EXPECT_STREQ(text, "RepClass32");
@@ -247,7 +248,7 @@ TEST_F(ReportView, WindowHasTheBlocksPlaceAndStyleAndNoNameAndItsBarsAtTheStart)
         GetClientRect(window, &client);
         EXPECT_EQ(+session->form.Header.RulerFlags, 0);
         EXPECT_EQ(session->view.ViewWidth,
-                  MulDiv(client.right, 250, session->device.LogPixelsX) + 1);
+                  MulDiv(client.right, 250, session->drawing.LogPixelsX) + 1);
     });
     ASSERT_TRUE(Show(1)) << boxes.LastText();
     EXPECT_NE(window, nullptr);
@@ -261,7 +262,7 @@ TEST_F(ReportView, BlockComesBackBeforeThePageIsReadAndTheCountBehindIt) {
     int looks = 0;
     const ViewingSession viewing(block, [&](const Session *session) {
         ++looks;
-        EXPECT_EQ(+block.ReportWindow, session->device.Window);
+        EXPECT_EQ(+block.ReportWindow, session->Window);
         EXPECT_EQ(+block.SessionId, static_cast<uint32_t>(session->SessionId));
         EXPECT_EQ(number, 2);
         EXPECT_EQ(host.Count(1024), 0);

@@ -36,36 +36,7 @@ protected:
     FullForm form;
 };
 
-// Every character 12 wide, lines 40 high.
-FontEntry EvenFont() {
-    FontEntry font{};
-    std::fill(std::begin(font.CharWidth), std::end(font.CharWidth), 12);
-    font.Height = 40;
-    return font;
-}
-
 } // namespace
-
-TEST(TextMeasure, HeightCountsLineFeedsAlone) {
-    EXPECT_EQ(GetLabelHeight(EvenFont(), "a\rb"), 40);
-    EXPECT_EQ(GetLabelHeight(EvenFont(), "a\r\nb"), 80);
-}
-
-TEST(TextMeasure, LengthIsThatOfTheWidestLine) {
-    EXPECT_EQ(GetLabelLen(EvenFont(), "ab\r\nabcd\r\na"), 48);
-    FontEntry font = EvenFont();
-    font.CharWidth[0xE9] = 17;
-    EXPECT_EQ(GetLabelLen(font, "\xE9"), 17);
-}
-
-TEST(TextMeasure, WidthBelowTheFirstCharacterLeavesAnEmptyText) {
-    char text[] = "abc";
-    TruncateText(EvenFont(), text, 24);
-    EXPECT_STREQ(text, "ab");
-    TruncateText(EvenFont(), text, 11);
-    EXPECT_STREQ(text, "");
-    TruncateText(EvenFont(), nullptr, 11);
-}
 
 TEST_F(PrinterExtent, IsThePrintersOwnAlsoOnceTheAdvancesAreKnown) {
     const std::string pieces[] = {"1", "12",  "1,234.56", "-0.5",    "Wide words", "iiiiiiii",

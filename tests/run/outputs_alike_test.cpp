@@ -55,8 +55,8 @@ decltype(&TextOutA) real_text_out;
 
 void Note(HDC device, int x, int y, const std::string &text) {
     if (!drawing || drawing->run.TrialMode || device == drawing->view.MemoryDC) return;
-    drawn.push_back("page " + std::to_string(drawing->run.PageCount) + " at " + std::to_string(x) +
-                    "," + std::to_string(y) + " " + text);
+    drawn.push_back("page " + std::to_string(drawing->report.PageCount) + " at " +
+                    std::to_string(x) + "," + std::to_string(y) + " " + text);
 }
 
 BOOL WINAPI NoteExtTextOut(HDC device, int x, int y, UINT options, const RECT *clip,
@@ -105,7 +105,7 @@ protected:
         fonts.assign(session->form.Fonts, session->form.Fonts + session->form.FontCount);
         EXPECT_EQ(run->Finish(), 0) << boxes.LastText();
         drawing = nullptr;
-        if (device == 'S') SendMessageA(session->device.Window, WM_CLOSE, 0, 0);
+        if (device == 'S') SendMessageA(session->Window, WM_CLOSE, 0, 0);
         return drawn;
     }
 

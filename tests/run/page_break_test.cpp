@@ -39,7 +39,7 @@ protected:
 
 private:
     static int32_t __stdcall StopRun(HDC, int32_t, int32_t, int32_t, const int32_t *, int32_t id) {
-        tessarine::session_table.SessionTable[id]->run.CancelState = tessarine::CANCEL_STOP;
+        tessarine::session_table.SessionTable[id]->report.CancelState = tessarine::CANCEL_STOP;
         return 1;
     }
 };
@@ -48,9 +48,9 @@ private:
 
 TEST_F(PageBreaks, CancelledRunEndsNoPage) {
     AddBands();
-    run.CancelState = tessarine::CANCEL_STOP;
+    session->report.CancelState = tessarine::CANCEL_STOP;
     EXPECT_EQ(PageBreak(session, SECTION_DETAIL_1), 1);
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
     EXPECT_EQ(run.CurrentY, 100);
 }
 
@@ -58,14 +58,14 @@ TEST_F(PageBreaks, PageWithNothingOnItIsNotEnded) {
     AddBands();
     run.PageFresh = 1;
     EXPECT_EQ(PageBreak(session, SECTION_DETAIL_1), 0);
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
 }
 
 TEST_F(PageBreaks, SectionOfAPageBreakStartsNoOther) {
     AddBands();
     run.InPageBreak = 1;
     EXPECT_EQ(PageBreak(session, SECTION_DETAIL_1), 0);
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
     EXPECT_EQ(run.InPageBreak, 1);
 }
 
@@ -79,7 +79,7 @@ TEST_F(PageBreaks, FooterStandsAtTheBodysBottomAndHeaderAtTheTop) {
     EXPECT_EQ(run.CurrentY, 150);
     EXPECT_EQ(run.InPageBreak, 0);
     EXPECT_EQ(run.PageFresh, 1);
-    EXPECT_EQ(run.PageCount, 2);
+    EXPECT_EQ(session->report.PageCount, 2);
     EXPECT_EQ(run.PageNumber, 2);
 }
 
@@ -171,16 +171,16 @@ TEST_F(PageBreaks, OwnPageOfTheReportHeaderNeedsBothFlags) {
 
 TEST_F(PageBreaks, NumberStartsAnewAfterABreakThatResetsItAndPagesGoOnCounting) {
     run.PageNumber = 5;
-    run.PageCount = 1;
+    session->report.PageCount = 1;
     run.ResetPageNumber = 1;
     PageBreak(session, SECTION_DETAIL_1);
     EXPECT_EQ(run.PageNumber, 1);
-    EXPECT_EQ(run.PageCount, 2);
+    EXPECT_EQ(session->report.PageCount, 2);
     EXPECT_EQ(run.ResetPageNumber, 0);
     run.PageFresh = 0;
     PageBreak(session, SECTION_DETAIL_1);
     EXPECT_EQ(run.PageNumber, 2);
-    EXPECT_EQ(run.PageCount, 3);
+    EXPECT_EQ(session->report.PageCount, 3);
 }
 
 TEST_F(PageBreaks, PageFieldTakesTheNewNumberBeforeTheHeaderPrints) {
@@ -305,44 +305,44 @@ TEST_F(PageBreaks, FileRunThatIsStoppedUnwindsWithFiveAndItsPagesStand) {
 
 TEST_F(PageBreaks, StoppedRunThatIsFinishedReturnsWithoutANewPage) {
     StopAtPageEnd();
-    run.RunPhase = tessarine::PHASE_FINISHED;
+    session->report.RunPhase = tessarine::PHASE_FINISHED;
     EXPECT_EQ(CodeOf([&] { EXPECT_EQ(PageBreak(session, SECTION_REPORT_FOOTER), 0); }), 0);
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
     EXPECT_EQ(+HeaderOf(ReadWholeFile(session->pages.ReportPath)).Magic, SIGNATURE_REPORT);
 }
 
 TEST_F(PageBreaks, StoppedPrinterRunUnwindsWithFive) {
     StopAtPageEnd();
-    run.OutputToFile = 0;
-    run.OutputToPrinter = 1;
+    session->OutputToFile = 0;
+    session->OutputToPrinter = 1;
     EXPECT_EQ(CodeOf([&] { PageBreak(session, SECTION_DETAIL_1); }), CODE_CANCELLED);
     EXPECT_TRUE(boxes.Log().empty());
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
 }
 
 TEST_F(PageBreaks, StoppedPrinterRunThatIsFinishedReturns) {
     StopAtPageEnd();
-    run.OutputToFile = 0;
-    run.OutputToPrinter = 1;
-    run.RunPhase = tessarine::PHASE_FINISHED;
+    session->OutputToFile = 0;
+    session->OutputToPrinter = 1;
+    session->report.RunPhase = tessarine::PHASE_FINISHED;
     EXPECT_EQ(CodeOf([&] { EXPECT_EQ(PageBreak(session, SECTION_DETAIL_1), 0); }), 0);
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
 }
 
 TEST_F(PageBreaks, StoppedScreenRunGoesOnToItsNextRecord) {
     StopAtPageEnd();
-    run.OutputToFile = 0;
-    run.OutputToScreen = 1;
+    session->OutputToFile = 0;
+    session->OutputToScreen = 1;
     EXPECT_EQ(CodeOf([&] { EXPECT_EQ(PageBreak(session, SECTION_DETAIL_1), 1); }), 0);
-    EXPECT_EQ(run.PageCount, 2);
+    EXPECT_EQ(session->report.PageCount, 2);
 }
 
 TEST_F(PageBreaks, PrinterIsMappedAnewOnEachPage) {
-    run.OutputToFile = 0;
-    run.OutputToPrinter = 1;
-    session->device.ScreenDC = CreateMetaFileA(nullptr);
+    session->OutputToFile = 0;
+    session->OutputToPrinter = 1;
+    session->drawing.ScreenDC = CreateMetaFileA(nullptr);
     PageBreak(session, SECTION_DETAIL_1);
-    const HMETAFILE printed = CloseMetaFile(session->device.ScreenDC);
+    const HMETAFILE printed = CloseMetaFile(session->drawing.ScreenDC);
     EXPECT_EQ(DrawingOf(BytesOfMetafile(printed)),
               (Lines{"map 8", "window 250,250", "viewport 500,500"}));
     DeleteMetaFile(printed);
@@ -351,8 +351,8 @@ TEST_F(PageBreaks, PrinterIsMappedAnewOnEachPage) {
 // ---- the preview ----
 
 TEST_F(PageBreaks, MenuOfAPreviewOpensWithItsFirstTwoPages) {
-    run.OutputToFile = 0;
-    run.OutputToScreen = 1;
+    session->OutputToFile = 0;
+    session->OutputToScreen = 1;
     const HMENU menu = CreatePopupMenu();
     session->device.Menu = menu;
     for (const UINT command : {tessarine::COMMAND_PRINT, tessarine::COMMAND_JUMP})

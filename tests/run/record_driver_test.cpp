@@ -204,7 +204,7 @@ TEST(RecordDriver, TwelveHourClock) {
     FieldRecord *field = &session->form.Fields[row];
     field->TableIndex = SYSTEM_TIME;
     const auto shown = [&](const char *clock) {
-        std::strcpy(session->run.TimeText, clock);
+        std::strcpy(session->report.TimeText, clock);
         tessarine::SetSystemField(session, field);
         return std::string(field->TextValue);
     };
@@ -426,9 +426,9 @@ TEST(RecordDriver, StopBeforeTheFirstRecordIsForgottenAtIt) {
     ReportRun run{TwoLevels{}};
     ASSERT_EQ(run.Start(), 0) << boxes.LastText();
     Session *session = tessarine::GetSessionPointer(nullptr, run.params.SessionId);
-    session->run.CancelState = tessarine::CANCEL_STOP;
+    session->report.CancelState = tessarine::CANCEL_STOP;
     ASSERT_EQ(run.Feed(Pair("A", "x")), 0);
-    EXPECT_EQ(session->run.CancelState, tessarine::CANCEL_NONE);
+    EXPECT_EQ(session->report.CancelState, tessarine::CANCEL_NONE);
     EXPECT_EQ(run.Finish(), 0);
     EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"A", "x", "row", "end", "x", "END", "A"}));
 }

@@ -152,8 +152,7 @@ TEST(RunEnd, FullDiskIsToldOnceAndNothingOfTheRunIsLeft) {
         ASSERT_EQ(run.Start(), 0) << boxes.LastText();
         boxes.OnDialog("Printing to File...", [](HWND) {});
         boxes.Clear();
-        const HWND window =
-            tessarine::GetSessionPointer(nullptr, run.params.SessionId)->device.Window;
+        const HWND window = tessarine::GetSessionPointer(nullptr, run.params.SessionId)->Window;
         const FailingCall full("CopyMetaFileA", CopyMetaFileA, nullptr, 2, EVERY_CALL);
         int code = 0;
         for (int record = 0; record < 5 && !code; ++record) code = run.Feed({{"NAME", "a"}});
@@ -184,7 +183,7 @@ TEST(RunEnd, DiskThatIsFullAtTheEndAloneEndsTheRunToo) {
         EXPECT_EQ(boxes.Texts(), Lines{"Error writing the output file(CopyFileData a)"});
         const Session *preview = tessarine::GetSessionPointer(nullptr, run.params.SessionId);
         EXPECT_EQ(preview != nullptr, device == 'S');
-        if (preview) SendMessageA(preview->device.Window, WM_CLOSE, 0, 0);
+        if (preview) SendMessageA(preview->Window, WM_CLOSE, 0, 0);
         EXPECT_EQ(tessarine::GetSessionPointer(nullptr, run.params.SessionId), nullptr);
         EXPECT_EQ(FilesBeside(run), 0) << device;
     }
@@ -205,7 +204,7 @@ TEST(RunEnd, NoSectionClosesAReportWithoutRecords) {
         tessarine::GetSessionPointer(nullptr, static_cast<int>(run.params.SessionId));
     ASSERT_NE(session, nullptr);
     EXPECT_EQ(PageWords(ReadWholeFile(session->pages.ReportPath), 0), Lines{});
-    SendMessageA(session->device.Window, WM_CLOSE, 0, 0);
+    SendMessageA(session->Window, WM_CLOSE, 0, 0);
 }
 
 TEST(RunEnd, FillCompletesTheSheetWithEmptyFrames) {
@@ -397,7 +396,7 @@ TEST(RunEnd, SessionOfAPreviewStandsUntilItsWindowIsClosed) {
     ASSERT_EQ(run.Run({{{"NAME", "a"}}}), 0) << boxes.LastText();
     const int slot = static_cast<int>(run.params.SessionId);
     EXPECT_EQ(tessarine::RepGetParent(nullptr, slot), parent);
-    SendMessageA(tessarine::GetSessionPointer(nullptr, slot)->device.Window, WM_CLOSE, 0, 0);
+    SendMessageA(tessarine::GetSessionPointer(nullptr, slot)->Window, WM_CLOSE, 0, 0);
     EXPECT_EQ(tessarine::RepGetParent(nullptr, slot), nullptr);
     EXPECT_TRUE(boxes.Log().empty()); // no count of records in a run on the screen
     DestroyWindow(parent);

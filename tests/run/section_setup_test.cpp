@@ -266,8 +266,8 @@ TEST_F(PageGeometry, OriginsAreTheMarginsWithoutWhatThePrinterCannotReach) {
     EXPECT_EQ(run.TopOrigin, 25 - 20);
     EXPECT_EQ(run.RightOrigin, 125);
     EXPECT_EQ(run.BottomOrigin, 62);
-    EXPECT_EQ(run.PageWidthUnits, 1750);
-    EXPECT_EQ(run.PageBottomUnits, 2500 + 5);
+    EXPECT_EQ(session->report.PageWidthUnits, 1750);
+    EXPECT_EQ(session->report.PageBottomUnits, 2500 + 5);
     EXPECT_EQ(run.BodyBottom, 2505);
     EXPECT_EQ(session->printer.PrintOffsetX, 10);
     EXPECT_EQ(session->printer.PrintOffsetY, 20);

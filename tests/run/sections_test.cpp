@@ -32,7 +32,7 @@ TEST_F(Sections, SectionWithoutItemsTakesNoRoomAndBreaksNoPage) {
     section.ItemTotal = 0;
     EXPECT_EQ(PrintSection(session, SECTION_DETAIL_1, 0), 0);
     EXPECT_EQ(run.CurrentY, 100);
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
     EXPECT_EQ(run.LastSection, -1);
 }
 
@@ -41,7 +41,7 @@ TEST_F(Sections, RefusedSectionTakesNoRoomAndBreaksNoPage) {
     Filter(SECTION_DETAIL_1, {Constant(0)});
     EXPECT_EQ(PrintSection(session, SECTION_DETAIL_1, 0), 0);
     EXPECT_EQ(run.CurrentY, 100);
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
     EXPECT_EQ(run.LastSection, -1);
 }
 
@@ -100,7 +100,7 @@ TEST_F(Sections, SectionThatEndsExactlyAtBodyBottomFits) {
     Band(SECTION_DETAIL_1, 50, "row");
     run.CurrentY = 950;
     PrintSection(session, SECTION_DETAIL_1, 0);
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
     EXPECT_EQ(Marks(), (Lines{"950 row"}));
 }
 
@@ -108,7 +108,7 @@ TEST_F(Sections, SectionOneUnitTallerThanTheRoomMovesToTheNextPage) {
     Band(SECTION_DETAIL_1, 51, "row");
     run.CurrentY = 950;
     PrintSection(session, SECTION_DETAIL_1, 0);
-    EXPECT_EQ(run.PageCount, 2);
+    EXPECT_EQ(session->report.PageCount, 2);
     EXPECT_TRUE(PageMarks(0).empty());
     EXPECT_EQ(Marks(), (Lines{"100 row"}));
 }
@@ -119,9 +119,9 @@ TEST_F(Sections, SectionTallerThanAPagePrintsFromTheTopAndTheNextBreaks) {
     run.CurrentY = 500;
     PrintSection(session, SECTION_DETAIL_1, 0);
     EXPECT_EQ(run.CurrentY, 2100);
-    EXPECT_EQ(run.PageCount, 2);
+    EXPECT_EQ(session->report.PageCount, 2);
     PrintSection(session, SECTION_DETAIL_1 + 1, 0);
-    EXPECT_EQ(run.PageCount, 3);
+    EXPECT_EQ(session->report.PageCount, 3);
     EXPECT_EQ(PageMarks(1), (Lines{"100 tall"}));
     EXPECT_EQ(Marks(), (Lines{"100 next"}));
 }
@@ -130,10 +130,10 @@ TEST_F(Sections, AdvanceBeforeDoesNothingOnTheFirstSectionOfAPage) {
     Band(SECTION_DETAIL_1, 50, "row", SECTION_ADVANCE_BEFORE);
     run.PageFresh = 1;
     PrintSection(session, SECTION_DETAIL_1, 0);
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
     EXPECT_EQ(run.PageFresh, 0);
     PrintSection(session, SECTION_DETAIL_1, 0);
-    EXPECT_EQ(run.PageCount, 2);
+    EXPECT_EQ(session->report.PageCount, 2);
     EXPECT_EQ(PageMarks(0), (Lines{"100 row"}));
     EXPECT_EQ(Marks(), (Lines{"100 row"}));
 }
@@ -143,7 +143,7 @@ TEST_F(Sections, AdvanceAfterTheLastDetailPutsTheReportFooterOnANewPage) {
     Band(SECTION_REPORT_FOOTER, 50, "end");
     PrintSection(session, SECTION_DETAIL_1, 0);
     EXPECT_EQ(run.CurrentY, 1001);
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
     PrintSection(session, SECTION_REPORT_FOOTER, 0);
     EXPECT_EQ(PageMarks(0), (Lines{"100 row"}));
     EXPECT_EQ(Marks(), (Lines{"100 end"}));
@@ -206,11 +206,11 @@ TEST_F(Sections, OffsetsOfItemsBeginAnewWithEachPrinting) {
 
 TEST_F(Sections, PrinterRunDrawsOnThePrinter) {
     Band(SECTION_DETAIL_1, 50, "row");
-    run.OutputToFile = 0;
-    run.OutputToPrinter = 1;
-    session->device.ScreenDC = CreateMetaFileA(nullptr);
+    session->OutputToFile = 0;
+    session->OutputToPrinter = 1;
+    session->drawing.ScreenDC = CreateMetaFileA(nullptr);
     PrintSection(session, SECTION_DETAIL_1, 0);
-    const HMETAFILE printed = CloseMetaFile(session->device.ScreenDC);
+    const HMETAFILE printed = CloseMetaFile(session->drawing.ScreenDC);
     const Lines drawn = DrawingOf(BytesOfMetafile(printed));
     DeleteMetaFile(printed);
     EXPECT_EQ(LinesWith(drawn, {"text"}),
@@ -295,7 +295,7 @@ TEST_F(Sections, FirstColumnAloneSettlesWhetherThePageEnds) {
     PrintSection(session, SECTION_DETAIL_1, 0);
     session->form.Sections[SECTION_DETAIL_1].SectionHeight = 500;
     PrintSection(session, SECTION_DETAIL_1, 0);
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
     EXPECT_EQ(Marks(), (Lines{"950 row", "950 row"}));
 }
 
@@ -323,7 +323,7 @@ TEST_F(Sections, FillingASheetPaintsFramesAlone) {
     session->form.Header.LabelGeometry.LabelHeight = 1.0F;
     Section(SECTION_DETAIL_1, 250, 0, 2);
     Marker("label");
-    run.RunPhase = tessarine::PHASE_FILL;
+    session->report.RunPhase = tessarine::PHASE_FILL;
     run.PageFresh = 1;
     EXPECT_EQ(PrintSection(session, SECTION_DETAIL_1, 1), 1);
     const Lines drawn = Drawing();

@@ -77,10 +77,10 @@ TEST(RunOutput, ChosenScreenCountsAndTheCallerSeesHisLetterAgain) {
     ASSERT_EQ(run.Start(), 0) << boxes.LastText();
     EXPECT_EQ(run.params.Device, 'A');
     EXPECT_EQ(SessionOf(run)->form.Header.RulerFlags, 0u); // rulers take no room of a preview
-    EXPECT_NE(SessionOf(run)->run.OutputToScreen, 0u);
+    EXPECT_NE(SessionOf(run)->OutputToScreen, 0u);
     EXPECT_NE(SessionOf(run)->view.HorzScroll, 0u);
     EXPECT_NE(SessionOf(run)->view.VertScroll, 0u);
-    SendMessageA(SessionOf(run)->device.Window, WM_CLOSE, 0, 0);
+    SendMessageA(SessionOf(run)->Window, WM_CLOSE, 0, 0);
     run.Finish();
 }
 
@@ -114,7 +114,7 @@ TEST(RunOutput, AnyOtherLetterIsThePrinter) {
     ReportRun run{OneLine{}};
     run.params.Device = 'x';
     ASSERT_EQ(run.Start(), 0) << boxes.LastText();
-    EXPECT_NE(SessionOf(run)->run.OutputToPrinter, 0u);
+    EXPECT_NE(SessionOf(run)->OutputToPrinter, 0u);
     EXPECT_EQ(SessionOf(run)->pages.PageTable, nullptr);
     run.Finish();
 }
@@ -139,10 +139,10 @@ TEST(RunTables, HostLearnsTheTablesAndNothingHasPrinted) {
     EXPECT_NE(+own.TextValue, +input.TextValue);
     EXPECT_NE(+own.TextValue, +run.params.BreakTable[0].TextValue);
     EXPECT_STREQ(session->run.InputTable[constant].TextValue, "it's");
-    EXPECT_EQ(session->run.RunPhase, PHASE_SETUP);
-    EXPECT_EQ(session->run.CancelState, CANCEL_NONE);
-    EXPECT_EQ(session->run.RecordCount, 0);
-    EXPECT_EQ(session->run.PageCount, 1);
+    EXPECT_EQ(session->report.RunPhase, PHASE_SETUP);
+    EXPECT_EQ(session->report.CancelState, CANCEL_NONE);
+    EXPECT_EQ(session->report.RecordCount, 0);
+    EXPECT_EQ(session->report.PageCount, 1);
     EXPECT_EQ(session->run.LastSection, -1);
     EXPECT_EQ(session->progress.AbortDialog, nullptr);
     run.Finish();

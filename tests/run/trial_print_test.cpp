@@ -43,7 +43,7 @@ TEST_F(TrialRecords, EverySectionPrintsOnceInTheOrderOfTheRows) {
     for (const std::string &mark : PageMarks(0)) words.push_back(mark.substr(mark.find(' ') + 1));
     EXPECT_EQ(words, (Lines{"head", "report", "row", "foot", "foot"})); // the last ends the page
     EXPECT_TRUE(Marks().empty()); // the next page has no header
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
     EXPECT_EQ(run.TrialMode, 0);
 }
 
@@ -61,7 +61,7 @@ TEST_F(TrialRecords, YesRepeatsOnAFreshPage) {
     for (const int answer : {IDYES, IDYES, IDYES, IDNO}) boxes.Answer(answer);
     TrialPrint(session);
     EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{first, again, again, again}));
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
 }
 
 TEST_F(TrialRecords, DetailsAloneEndNoPage) {

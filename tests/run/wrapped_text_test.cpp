@@ -395,7 +395,7 @@ TEST_F(SpilledText, FirstDetailGoesOnUnderHeaderAndTitlesOfTheNextPage) {
     EXPECT_EQ(PageMarks(0), (Lines{"900 aaaa", "940 bbbb"}));
     EXPECT_EQ(Marks(), (Lines{"100 page head", "150 title", "200 cccc", "240 dddd"}));
     EXPECT_EQ(run.CurrentY, 280);
-    EXPECT_EQ(run.PageCount, 2);
+    EXPECT_EQ(session->report.PageCount, 2);
     EXPECT_EQ(run.PageFresh, 0);
 }
 
@@ -411,14 +411,14 @@ TEST_F(SpilledText, ColourIsSelectedAnewOnTheNextPage) {
 TEST_F(SpilledText, OtherDetailSectionsAreCutAtThePagesEnd) {
     Wrapped(SECTION_DETAIL_1 + 1, four_lines, 100, GROWS);
     PrintSection(session, SECTION_DETAIL_1 + 1, 0);
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
     EXPECT_EQ(Marks(), (Lines{"900 aaaa", "940 bbbb"}));
 }
 
 TEST_F(SpilledText, RectangleEndsATextBeforeThePageDoes) {
     Wrapped(SECTION_DETAIL_1, four_lines, 80);
     PrintSection(session, SECTION_DETAIL_1, 0);
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
     EXPECT_EQ(Marks(), (Lines{"900 aaaa", "940 bbbb"}));
 }
 
@@ -436,7 +436,7 @@ TEST_F(SpilledText, LongTextRunsOverSeveralPages) {
     for (int line = 0; line < 50; ++line) text += "word ";
     Wrapped(SECTION_DETAIL_1, text + "last", 100, GROWS);
     PrintSection(session, SECTION_DETAIL_1, 0);
-    EXPECT_EQ(run.PageCount, 4);
+    EXPECT_EQ(session->report.PageCount, 4);
     EXPECT_EQ(PageMarks(0).size(), 2U);
     EXPECT_EQ(PageMarks(1).size(), 2U + 20U);
     EXPECT_EQ(PageMarks(2).size(), 2U + 20U);
@@ -448,7 +448,7 @@ TEST_F(SpilledText, ContinuedTextOfFixedLinesRunsOnToFurtherPages) {
     for (int line = 0; line < 30; ++line) text += "word ";
     Wrapped(SECTION_DETAIL_1, text + "last", 120);
     PrintSection(session, SECTION_DETAIL_1, 0);
-    EXPECT_EQ(run.PageCount, 3);
+    EXPECT_EQ(session->report.PageCount, 3);
     EXPECT_EQ(PageMarks(1).size(), 2U + 20U);
     EXPECT_EQ(Marks().size(), 2U + 9U);
 }
@@ -464,9 +464,9 @@ TEST_F(SpilledText, ItemPaintedAfterASpilledTextLandsASectionsHeightTooHigh) {
 
 TEST_F(SpilledText, StoppedRunPrintsTheRestWithoutANewPage) {
     Wrapped(SECTION_DETAIL_1, four_lines, 100, GROWS);
-    run.CancelState = CANCEL_STOP;
+    session->report.CancelState = CANCEL_STOP;
     PrintSection(session, SECTION_DETAIL_1, 0);
-    EXPECT_EQ(run.PageCount, 1);
+    EXPECT_EQ(session->report.PageCount, 1);
 }
 
 TEST_F(SpilledText, BodyThatIsLowerThanALineTakesOneLineAPage) {
@@ -482,7 +482,7 @@ TEST_F(SpilledText, BodyThatIsLowerThanALineTakesOneLineAPage) {
     EXPECT_EQ(PageMarks(0), (Lines{"190 aaaa"}));
     EXPECT_EQ(PageMarks(1), (Lines{"190 bbbb"}));
     EXPECT_EQ(PageMarks(3), (Lines{"190 dddd"}));
-    EXPECT_EQ(run.PageCount, 5);
+    EXPECT_EQ(session->report.PageCount, 5);
 }
 
 TEST_F(SpilledText, TextThatIsComputedAnewOnTheWayIsReadAnew) {

@@ -65,11 +65,11 @@ TEST_F(CloseSessionTest, CancelAndAFailedSaveReleaseNothing) {
         EXPECT_TRUE(lock != INVALID_HANDLE_VALUE && GetHandleInformation(lock, &flags));
         EXPECT_NE(session->printer.DevMode, nullptr);
         EXPECT_GT(GetDeviceCaps(session->printer.InfoDevice, LOGPIXELSX), 0);
-        EXPECT_GT(GetDeviceCaps(session->device.ScreenDC, LOGPIXELSX), 0);
-        EXPECT_GT(GetDeviceCaps(session->device.MemoryDC, LOGPIXELSX), 0);
+        EXPECT_GT(GetDeviceCaps(session->drawing.ScreenDC, LOGPIXELSX), 0);
+        EXPECT_GT(GetDeviceCaps(session->view.MemoryDC, LOGPIXELSX), 0);
         EXPECT_EQ(GetObjectType(session->device.SolidPen), DWORD{OBJ_PEN});
         EXPECT_EQ(GetObjectType(session->form.Fonts[0].Font), DWORD{OBJ_FONT});
-        EXPECT_TRUE(IsWindow(session->device.Window));
+        EXPECT_TRUE(IsWindow(session->Window));
     }
 }
 
@@ -124,7 +124,7 @@ TEST_F(CloseSessionTest, CallbackIsToldInPlaceOfTheParent) {
     told_message = 0;
     CloseSession(session);
     EXPECT_EQ(told_message, 1024u);
-    EXPECT_EQ(told_window, session->device.Window);
+    EXPECT_EQ(told_window, session->Window);
     EXPECT_EQ(host.Count(MESSAGE_SESSION_ENDED), 0);
 }
 
@@ -143,7 +143,7 @@ TEST_F(CloseSessionTest, AllMemoryIsGivenBack) {
     CloseSession(session);
     EXPECT_EQ(session->printer.DevModeMemory, nullptr);
     EXPECT_EQ(session->printer.InfoDevice, nullptr);
-    EXPECT_EQ(session->device.ScreenDC, nullptr);
+    EXPECT_EQ(session->drawing.ScreenDC, nullptr);
     EXPECT_EQ(session->view.MemoryDC, nullptr);
     EXPECT_EQ(session->device.SolidPen, nullptr);
     EXPECT_EQ(session->device.BackBrush, nullptr);

@@ -54,7 +54,7 @@ TEST_F(NewForm, ReportHasItsThreeItemsAndTwoSections) {
     EXPECT_EQ(+form.Sections[11].BarItem, 2);
     EXPECT_EQ(+form.Sections[0].SectionFlags, 24);
     EXPECT_EQ(+form.Sections[11].SectionFlags, 24);
-    EXPECT_EQ(session->designer.SelectedItem, 0);
+    EXPECT_EQ(session->form.SelectedItem, 0);
     EXPECT_EQ(form.ReportHeight, 800);
     EXPECT_EQ(form.FormModified, 0u);
     EXPECT_EQ(edit_allowed, 1u);

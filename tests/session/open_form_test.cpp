@@ -4,9 +4,9 @@
 #include <cstring>
 #include <random>
 
+#include "form/modified.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
-#include "frame/modified.h"
 #include "frame/text.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/form_session.h"
@@ -246,10 +246,10 @@ TEST_F(OpenFormTest, FontsAreMadeAndMeasured) {
 
 TEST_F(OpenFormTest, FontThatCannotBeMadeIsFatal) {
     ASSERT_EQ(StartOn(form), 0);
-    const HDC screen = session->device.ScreenDC;
-    session->device.ScreenDC = nullptr;
+    const HDC screen = session->drawing.ScreenDC;
+    session->drawing.ScreenDC = nullptr;
     EXPECT_EQ(Open(Put(form.Bytes())), 12);
-    session->device.ScreenDC = screen;
+    session->drawing.ScreenDC = screen;
     ASSERT_FALSE(boxes.Log().empty());
     EXPECT_EQ(boxes.Log().back(),
               (BoxRecord{"Fatal Error", "Error Creating Font: Courier New", {IDOK}}));
@@ -272,9 +272,9 @@ TEST_F(OpenFormTest, PrinterThatCannotBeOpenedForOutputIsFatal) {
     ASSERT_EQ(StartOn(form), 0);
     const PrinterState printer = session->printer;
     std::strcpy(session->printer.DeviceName, "No such printer");
-    session->run.OutputToPrinter = 1;
+    session->OutputToPrinter = 1;
     EXPECT_EQ(Open(Put(form.Bytes())), 2);
-    session->run.OutputToPrinter = 0;
+    session->OutputToPrinter = 0;
     std::memcpy(session->printer.DeviceName, printer.DeviceName, sizeof printer.DeviceName);
     EXPECT_EQ(boxes.Log().back(),
               (BoxRecord{"Fatal Error", "Can not initialize printing", {IDOK}}));

@@ -146,7 +146,7 @@ TEST_F(PutIn, FormThatIsStartedOverCanBeSaved) {
 
 TEST_F(PutIn, FontThatNoFormFileHoldsIsRefused) {
     StartWithHost();
-    session->designer.SelectedItem = 1; // a label
+    session->form.SelectedItem = 1; // a label
     LOGFONTA font{};
     font.lfHeight = -40;
     std::memset(font.lfFaceName, 'A', sizeof font.lfFaceName);

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 // Four pixels across and two down: the left half red, the right half blue.
 struct SampleBitmap {

@@ -5,7 +5,7 @@
 #include <functional>
 #include <vector>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 struct ClientPicture {
     int width = 0;

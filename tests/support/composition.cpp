@@ -23,21 +23,21 @@ int16_t Short(int value) { return static_cast<int16_t>(value); }
 
 Composition::Composition() : run(session->run), input_(MAX_FIELDS + 1) {
     run.InputTable = input_.data();
-    run.RunPhase = tessarine::PHASE_RECORDS;
-    run.CancelState = tessarine::CANCEL_NONE;
-    run.PageCount = run.PageNumber = 1;
+    session->report.RunPhase = tessarine::PHASE_RECORDS;
+    session->report.CancelState = tessarine::CANCEL_NONE;
+    session->report.PageCount = run.PageNumber = 1;
     run.LastSection = -1;
     run.FirstOnPage = run.FirstInGroup = 1;
     run.CurrentY = run.RowBottom = run.TopOrigin = 100;
     run.LeftOrigin = run.CurrentX = 50;
-    run.BodyBottom = run.PageBottomUnits = 1000;
-    std::strcpy(run.TimeText, "12:34:56");
+    run.BodyBottom = session->report.PageBottomUnits = 1000;
+    std::strcpy(session->report.TimeText, "12:34:56");
     session->UnwindPoint = 1; // as below an entry point
     session->printer.DevMode = &mode_;
     session->printer.InfoDevice = CreateCompatibleDC(nullptr);
-    session->device.LogPixelsX = session->device.LogPixelsY = 500;
+    session->drawing.LogPixelsX = session->drawing.LogPixelsY = 500;
     tessarine::ApplyMapping(session, session->printer.InfoDevice);
-    session->printer.InfoPixelsX = session->device.LogPixelsX;
+    session->printer.InfoPixelsX = session->drawing.LogPixelsX;
     session->form.Header.ReportFilter[0] = CELL_END;
     std::strcpy(session->RunBlock.TempDir, folder.Root().c_str());
     tessarine::AllocPageStore(session);
@@ -174,7 +174,7 @@ std::vector<std::string> Composition::PageMarks(int page) {
 }
 
 void Composition::StartFile() {
-    run.OutputToFile = 1;
+    session->OutputToFile = 1;
     std::strcpy(session->pages.OutputPath, folder.Path("OUT.FRC").c_str());
     tessarine::WriteEmptyHeader(session, session->pages.OutputPath);
 }

@@ -4,7 +4,7 @@
 #include <climits>
 #include <type_traits>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 constexpr int EVERY_CALL = INT_MAX;
 

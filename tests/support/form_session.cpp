@@ -26,7 +26,7 @@ int FormSession::Start(const std::string &path, int kind) {
     EXPECT_EQ(OpenRunSession(&session), CODE_DONE);
     session->SessionKind = kind;
     session->ParentWindow = host.Get();
-    session->run.OutputToFile = 1;
+    session->OutputToFile = 1;
     CopyText(path.c_str(), session->CurrentFile, sizeof session->CurrentFile);
     return AtEntry(
         session, [&] { return CreateFormWindow(session, 0, 0, 0, 0, 0); },

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 class HostWindow {
 public:

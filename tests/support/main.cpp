@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "frame/session_table.h"
-#include "frame/windows.h"
+#include "state/windows.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 struct BoxRecord {
     std::string title;

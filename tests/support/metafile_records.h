@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 struct MetafileRecord {
     uint16_t function; // META_TEXTOUT and the like, 0 for the end

@@ -5,11 +5,11 @@ PreviewPrinting::PreviewPrinting() {
 }
 
 PreviewPrinting::~PreviewPrinting() {
-    if (session && Open()) session->run.ViewingFile = 0;
+    if (session && Open()) session->ViewingFile = 0;
 }
 
 void PreviewPrinting::FeedToPage(int page) {
-    while (session->run.PageCount < page) ASSERT_EQ(run.Feed({{"NAME", "record"}}), 0);
+    while (session->report.PageCount < page) ASSERT_EQ(run.Feed({{"NAME", "record"}}), 0);
 }
 
 int PreviewPrinting::Ask(const char *first, const char *last) {

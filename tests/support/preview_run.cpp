@@ -22,7 +22,7 @@ PreviewRun::PreviewRun(const FormBuilder &form) : run(form) {
 
 PreviewRun::~PreviewRun() {
     if (!session || !Open()) return;
-    if (session->run.RunPhase != tessarine::PHASE_FINISHED) run.Finish();
+    if (session->report.RunPhase != tessarine::PHASE_FINISHED) run.Finish();
     if (Open()) Send(WM_CLOSE, 0);
 }
 
@@ -34,7 +34,7 @@ void PreviewRun::Start() {
 int PreviewRun::Feed(int records) {
     int code = 0;
     for (int record = 0; record < records && !code; ++record)
-        code = run.Feed({{"NAME", "record " + std::to_string(session->run.RecordCount)}});
+        code = run.Feed({{"NAME", "record " + std::to_string(session->report.RecordCount)}});
     return code;
 }
 

@@ -30,7 +30,7 @@ protected:
     void Finish(int records); // a finished run of so many records
 
     bool Open() const; // the session stands
-    HWND Window() const { return session->device.Window; }
+    HWND Window() const { return session->Window; }
     void Send(UINT message, WPARAM wParam) { SendMessageA(Window(), message, wParam, 0); }
     void Command(int number) { Send(WM_COMMAND, static_cast<WPARAM>(number)); }
     void Scroll(UINT message, int code, int position = 0) {

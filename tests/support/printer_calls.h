@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 // While one stands, the calls of a job are logged in order, and a test can look in before each.
 class PrinterCalls {

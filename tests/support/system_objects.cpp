@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 namespace {
 

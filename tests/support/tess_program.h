@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 #include "tests/support/test_session.h"
 
 struct Outcome {

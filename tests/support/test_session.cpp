@@ -9,6 +9,7 @@
 #include "form/built_in_tables.h"
 #include "form/defaults.h"
 #include "form/field_table.h"
+#include "form/form_tables.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
 #include "frame/text.h"

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "frame/session.h"
+#include "state/session.h"
 
 // A session with its built-in tables and its four fixed tables, without window, printer or form.
 // It stands in the session table for as long as the object lives. Font row 0 is a font of

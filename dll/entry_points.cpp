@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <initializer_list>
 
+#include "designer/designer_state.h"
 #include "designer/field_items.h"
 #include "device/margins.h"
 #include "device/printer.h"
@@ -15,6 +16,7 @@
 #include "form/field_table.h"
 #include "form/fonts.h"
 #include "form/form_writer.h"
+#include "form/label_measure.h"
 #include "form/pictures.h"
 #include "frame/boundary.h"
 #include "frame/colors.h"
@@ -23,7 +25,6 @@
 #include "frame/memory.h"
 #include "frame/session_table.h"
 #include "frame/text.h"
-#include "frame/text_measure.h"
 #include "output/device_choice.h"
 #include "output/page_store.h"
 #include "output/preview.h"
@@ -125,6 +126,7 @@ int32_t __stdcall SetNewFormData(const NewFormData *block) {
 int32_t __stdcall InitVariables(Session *session) {
     return OnForm(session, 0, [&] {
         tessarine::InitVariables(session);
+        tessarine::ResetDesigner(session);
         return 1;
     });
 }
@@ -182,16 +184,20 @@ int32_t __stdcall ValidateMargins(Session *session, int32_t showMessage) {
 }
 
 int32_t __stdcall GetLabelLen(Session *session, const char *text, int32_t font) {
-    return Measurable(session, text, font) ? tessarine::GetLabelLen(session, text, font) : 0;
+    return Measurable(session, text, font) ? tessarine::GetLabelLen(session->form.Fonts[font], text)
+                                           : 0;
 }
 
 int32_t __stdcall GetLabelHeight(Session *session, const char *text, int32_t font) {
-    return Measurable(session, text, font) ? tessarine::GetLabelHeight(session, text, font) : 0;
+    return Measurable(session, text, font)
+               ? tessarine::GetLabelHeight(session->form.Fonts[font], text)
+               : 0;
 }
 
 int32_t __stdcall TruncateText(Session *session, char *text, int32_t width, int32_t font) {
-    return Measurable(session, text, font) ? tessarine::TruncateText(session, text, width, font)
-                                           : 1;
+    if (Measurable(session, text, font))
+        tessarine::TruncateText(session->form.Fonts[font], text, width);
+    return 1;
 }
 
 int32_t __stdcall GenerateSymbols(Session *session, const char *text, uint16_t *cells,

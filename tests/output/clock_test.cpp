@@ -1,4 +1,4 @@
-#include "frame/clock.h"
+#include "output/clock.h"
 
 #include <gtest/gtest.h>
 
@@ -24,6 +24,6 @@ TEST(Clock, DateIsOneNumberAndTheTimeHasTwoDigitsEach) {
     now.wMinute = 5;
     now.wSecond = 9;
     tessarine::ReadLocalClock(session);
-    EXPECT_EQ(session->run.RunDate, 19971231);
-    EXPECT_STREQ(session->run.TimeText, "23:05:09");
+    EXPECT_EQ(session->report.RunDate, 19971231);
+    EXPECT_STREQ(session->report.TimeText, "23:05:09");
 }

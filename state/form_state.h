@@ -1,7 +1,7 @@
 // The form in memory and its built-in tables, as a session holds them.
 #pragma once
 
-#include "frame/windows.h"
+#include "state/windows.h"
 #include "tessarine_records.h"
 
 namespace tessarine {
@@ -65,6 +65,7 @@ struct FormState {
     char FillerText[101];  // 100 characters of the value 215; nothing reads it
     uint32_t ForgiveZero;  // evaluator: a division by zero gives a substitute value
     int32_t ReportHeight;  // form units: bottom of the last section bar
+    int32_t SelectedItem;  // row of the item with the focus, -1 none
     uint32_t FormModified; // changed through SetModified alone
 };
 

@@ -1,7 +1,7 @@
 // Where a session keeps its finished pages, and what its preview shows of them.
 #pragma once
 
-#include "frame/windows.h"
+#include "state/windows.h"
 #include "tessarine_records.h"
 
 namespace tessarine {

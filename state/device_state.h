@@ -1,8 +1,8 @@
 // The printer that a session is bound to, and the display resources that it draws with.
 #pragma once
 
-#include "frame/windows.h"
-#include "paint/measures_state.h"
+#include "state/measures_state.h"
+#include "state/windows.h"
 #include "tessarine_records.h"
 
 namespace tessarine {
@@ -26,20 +26,8 @@ struct PrinterState {
 };
 
 struct DeviceState {
-    HWND Window; // the session's window; the parent's in a session without one
-    union {
-        HDC ScreenDC;     // the window's context
-        HDC OutputDevice; // the same slot in a run to the printer: the printer's context
-    };
     HMENU Menu;
-    HACCEL AccelTable;  // always null: commands 600 to 605 have no keys of their own here
-    int32_t LogPixelsX; // pixels per inch of the device being drawn on
-    int32_t LogPixelsY;
-    COLORREF ForeColor;
-    COLORREF BackColor;
-    COLORREF GreyColor;
-    COLORREF GroupColor;
-    COLORREF TealColor;
+    HACCEL AccelTable; // always null: commands 600 to 605 have no keys of their own here
     HBRUSH BackBrush;
     HBRUSH ForeBrush;
     HBRUSH GreyBrush;

@@ -1,4 +1,4 @@
-#include "frame/modified.h"
+#include "form/modified.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // The only way to change FormModified.
 #pragma once
 
-#include "frame/session.h"
+#include "state/session.h"
 
 namespace tessarine {
 

@@ -1,4 +1,4 @@
-#include "frame/clock.h"
+#include "output/clock.h"
 
 #include <cstdio>
 
@@ -7,8 +7,8 @@ namespace tessarine {
 void ReadLocalClock(Session *session) {
     SYSTEMTIME now;
     GetLocalTime(&now);
-    session->run.RunDate = now.wYear * 10000 + now.wMonth * 100 + now.wDay;
-    std::snprintf(session->run.TimeText, sizeof session->run.TimeText, "%02d:%02d:%02d",
+    session->report.RunDate = now.wYear * 10000 + now.wMonth * 100 + now.wDay;
+    std::snprintf(session->report.TimeText, sizeof session->report.TimeText, "%02d:%02d:%02d",
                   now.wHour % 100, now.wMinute % 100, now.wSecond % 100);
 }
 

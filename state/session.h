@@ -7,16 +7,20 @@
 
 #include <type_traits>
 
-#include "canvas/view_state.h"
-#include "designer/designer_state.h"
-#include "device/printer_state.h"
-#include "form/form_state.h"
-#include "frame/windows.h"
-#include "output/page_store_state.h"
-#include "run/run_state.h"
+#include "state/device_state.h"
+#include "state/dialog_state.h"
+#include "state/drawing_state.h"
+#include "state/form_state.h"
+#include "state/output_state.h"
+#include "state/report_state.h"
+#include "state/run_state.h"
+#include "state/view_state.h"
+#include "state/windows.h"
 #include "tessarine_records.h"
 
 namespace tessarine {
+
+struct Designer;
 
 enum { KIND_DESIGNER = 'F', KIND_REPORT = 'R' };
 constexpr int TEXT_BUFFER_SIZE = 1024;
@@ -40,8 +44,13 @@ struct Session {
 
     char CurrentFile[260]; // the form's file name as the user knows it
     HWND ParentWindow;
+    HWND Window; // the session's window; the parent's in a session without one
     int32_t SessionId;
     int32_t SessionKind;
+    uint32_t OutputToScreen;
+    uint32_t OutputToPrinter;
+    uint32_t OutputToFile;
+    uint32_t ViewingFile;    // set by RepView beside one of the first two
     int32_t State;           // a SessionState
     Session *NextLive;       // in the list of live sessions
     int32_t ErrorCode;       // left by the last FatalError
@@ -55,16 +64,21 @@ struct Session {
     void (*EndSession)(Session *); // how this session is released; can't fail
     uint32_t LabelMode;            // the word behind LabelForm when the session began
 
+    tessarine::DialogState dialog;
+    tessarine::PaletteState palette;
+    tessarine::DrawingState drawing;
     tessarine::FormState form;
     tessarine::PrinterState printer;
     tessarine::DeviceState device;
     tessarine::RunState run;
+    tessarine::ReportState report;
     tessarine::PageStoreState pages;
     tessarine::ViewState view;
     tessarine::PreviewState preview;
     tessarine::ProgressState progress; // of a run to a printer or to disk
     tessarine::PreviewJobState job;
-    tessarine::DesignerState designer;
+    tessarine::Designer *designer;   // only its own room sees inside; null until it is used
+    void (*DropDesigner)(Session *); // set with it
 
     char TextBuffer[tessarine::TEXT_BUFFER_SIZE]; // composed messages and dialog texts
 };
