@@ -41,6 +41,8 @@ if(TARGET dll_tests)
   target_sources(dll_tests PRIVATE tests/dll/block_sizes.c)
   add_dependencies(dll_tests tessarine import_library)
 endif()
+add_test(NAME tools.CheckHouse
+  COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/check_house.sh ${CMAKE_SOURCE_DIR})
 add_test(NAME tools.PrintedPages
   COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/printed_pages.sh $<TARGET_FILE:output_tests>
           ${CMAKE_SOURCE_DIR})
