@@ -43,6 +43,7 @@ if(TARGET dll_tests)
 endif()
 add_test(NAME tools.CheckHouse
   COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/check_house.sh ${CMAKE_SOURCE_DIR})
+add_test(NAME tools.Mutate COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/mutate.sh ${CMAKE_SOURCE_DIR})
 add_test(NAME tools.PrintedPages
   COMMAND ${CMAKE_SOURCE_DIR}/tests/tools/printed_pages.sh $<TARGET_FILE:output_tests>
           ${CMAKE_SOURCE_DIR})
