@@ -9,9 +9,10 @@ template <typename Record> Record *At(BYTE *base, DWORD offset) {
     return reinterpret_cast<Record *>(base + offset);
 }
 
-// The slot of the program's import table through which a routine is called.
-void **ImportSlot(const char *name) {
-    auto *base = reinterpret_cast<BYTE *>(GetModuleHandleA(nullptr));
+} // namespace
+
+void **ImportSlot(HMODULE module, const char *name) {
+    auto *base = reinterpret_cast<BYTE *>(module);
     const auto *headers = At<IMAGE_NT_HEADERS>(base, At<IMAGE_DOS_HEADER>(base, 0)->e_lfanew);
     const DWORD table =
         headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress;
@@ -27,11 +28,13 @@ void **ImportSlot(const char *name) {
     return nullptr;
 }
 
-} // namespace
-
 void *ReplaceImport(const char *name, void *routine) {
-    void **slot = ImportSlot(name);
+    void **slot = ImportSlot(GetModuleHandleA(nullptr), name);
     if (!slot) std::abort(); // the library doesn't call it at all
+    return ReplaceImport(slot, routine);
+}
+
+void *ReplaceImport(void **slot, void *routine) {
     DWORD protection = 0;
     VirtualProtect(slot, sizeof *slot, PAGE_READWRITE, &protection);
     void *before = *slot;

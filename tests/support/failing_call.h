@@ -8,6 +8,10 @@
 
 constexpr int EVERY_CALL = INT_MAX;
 
+// The slot of a module's import table through which it calls a routine; null when it doesn't.
+void **ImportSlot(HMODULE module, const char *name);
+void *ReplaceImport(void **slot, void *routine); // the routine that stood there
+
 // Puts a routine in place of one that this program imports by name and returns the true one; the
 // library is linked into the test programs, so its calls go there too.
 void *ReplaceImport(const char *name, void *routine);
