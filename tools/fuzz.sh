@@ -28,23 +28,30 @@ fuzz() {
     return "${PIPESTATUS[0]}"
 }
 if [ ${#replay[@]} -gt 0 ]; then
-    fuzz --replay "$(realpath "${replay[0]}")" "${replay[@]:1}"
-    exit
+    files=()
+    for file in "${replay[@]}"; do files+=("$(realpath "$file")"); done
+    fuzz --replay "${files[@]}" | tools/routine_names build/win32-fuzz/bin
+    exit "${PIPESTATUS[0]}"
 fi
 mkdir -p "$left"
 IFS=, read -ra names <<<"$kinds"
-found=0
+declare -A places=()
 for kind in "${names[@]}"; do
     end=$(($(date +%s) + minutes * 60 / ${#names[@]}))
     while [ "$(date +%s)" -lt "$end" ]; do
         log=$(fuzz --kind "$kind" --seed "$seed" --seconds $((end - $(date +%s))) \
-            --left "$(realpath "$left")") && code=0 || code=$?
-        echo "$log"
-        [ $code != 0 ] || break
-        seed=$((seed + 1)) found=$((found + 1))
+            --left "$(realpath "$left")") && echo "$log" && break
+        seed=$((seed + 1))
         input=$(sed -n 's/^left: //p' <<<"$log")
+        place=$kind$(sed -n 's/^at//p' <<<"$log" | grep -oE ' (tessarine.dll|fuzz.exe)[^ ]*' | head -n 2)
+        if [ -n "${places[$place]:-}" ]; then
+            rm -f "$left/$input" # one input a place will do
+            continue
+        fi
+        places[$place]=$input
+        tools/routine_names build/win32-fuzz/bin <<<"$log"
         echo "again with: ./dev fuzz --replay $left/$input"
     done
 done
-[ $found = 0 ] || echo "fuzz: $found findings in $left" >&2
-[ $found = 0 ]
+[ ${#places[@]} = 0 ] || echo "fuzz: ${#places[@]} findings in $left" >&2
+[ ${#places[@]} = 0 ]
