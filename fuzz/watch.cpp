@@ -10,7 +10,8 @@
 
 namespace {
 
-constexpr int HANG_SECONDS = 60; // on a machine that does other things too
+constexpr double HANG_WORK = 10;  // seconds of work that a case may take
+constexpr int HANG_SECONDS = 120; // and of time, on a machine that does other things too
 constexpr int STACK_WORDS = 400;
 constexpr int MOST_CALLERS = 12;
 
@@ -86,23 +87,38 @@ LONG WINAPI OnCrash(EXCEPTION_POINTERS *pointers) {
 
 void OnAbort(int) { TellAndEnd("abort"); }
 
+// What the worker has worked so far, in seconds.
+double Work() {
+    FILETIME times[4]{};
+    GetThreadTimes(worker, &times[0], &times[1], &times[2], &times[3]);
+    const auto seconds = [](const FILETIME &time) {
+        return (time.dwHighDateTime * 4294967296.0 + time.dwLowDateTime) * 1e-7;
+    };
+    return seconds(times[2]) + seconds(times[3]);
+}
+
+[[noreturn]] void TellHang() {
+    SuspendThread(worker);
+    CONTEXT context{};
+    context.ContextFlags = CONTEXT_CONTROL;
+    GetThreadContext(worker, &context);
+    std::printf("hang of %s\n", kind);
+    LeaveInput();
+    TellCallers(context);
+    End(EXIT_HUNG);
+}
+
 DWORD WINAPI Watch(void *) {
     unsigned seen = 0;
+    double work = 0;
     for (int still = 0;; ++still) {
         Sleep(1000);
         if (const unsigned now = cases; now != seen || !now) {
             seen = now;
+            work = Work();
             still = 0;
         }
-        if (still < HANG_SECONDS) continue;
-        SuspendThread(worker);
-        CONTEXT context{};
-        context.ContextFlags = CONTEXT_CONTROL;
-        GetThreadContext(worker, &context);
-        std::printf("hang of %s\n", kind);
-        LeaveInput();
-        TellCallers(context);
-        End(EXIT_HUNG);
+        if (still > HANG_SECONDS || (still && Work() - work > HANG_WORK)) TellHang();
     }
 }
 
