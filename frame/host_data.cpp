@@ -2,7 +2,6 @@
 
 #include <cstring>
 
-
 namespace tessarine {
 
 HostData host_data{};
