@@ -85,7 +85,7 @@ int TakeDevNames(Session *session, HGLOBAL handle) {
     TakeName(block, names->wDriverOffset, printer.DriverName, sizeof printer.DriverName);
     TakeName(block, names->wDeviceOffset, printer.DeviceName, sizeof printer.DeviceName);
     TakeName(block, names->wOutputOffset, printer.PortName, sizeof printer.PortName);
-    AddDriverEnding(printer.DriverName, ".drv");
+    if (!EndsInDrv(printer.DriverName)) AddDriverEnding(printer.DriverName, ".drv");
     return 1;
 }
 

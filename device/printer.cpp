@@ -18,11 +18,6 @@ constexpr size_t NAME_SIZE = sizeof(PrinterState::DeviceName);
 constexpr DWORD PROFILE_SIZE = 100;
 constexpr int ENDING_LENGTH = 4; // ".drv"
 
-bool EndsInDrv(const char *driver) {
-    const size_t length = std::strlen(driver);
-    return length >= ENDING_LENGTH && !lstrcmpiA(driver + length - ENDING_LENGTH, ".drv");
-}
-
 // The next token of a comma list: blanks behind a comma are skipped.
 const char *TakeToken(const char *list, char *token) {
     size_t length = 0;
@@ -49,6 +44,21 @@ HANDLE OpenDevice(const Session *session) {
     char name[NAME_SIZE];
     CopyText(session->printer.DeviceName, name, sizeof name);
     return OpenPrinterA(name, &printer, nullptr) ? printer : nullptr;
+}
+
+// The driver's answer, as DocumentProperties gives it. A spooler that many programs start on at
+// once may refuse at first, and is asked again.
+LONG AskDriver(Session *session, HANDLE device, DEVMODEA *out, DEVMODEA *in, int mode) {
+    constexpr int TRIES = 10;
+    constexpr DWORD PAUSE = 30; // milliseconds
+    char *const name = session->printer.DeviceName;
+    LONG answer = 0;
+    for (int time = 0; time < TRIES && answer <= 0; ++time) {
+        if (time > 0) Sleep(PAUSE);
+        answer = DocumentPropertiesA(session->ParentWindow, device, name, out, in,
+                                     static_cast<DWORD>(mode));
+    }
+    return answer;
 }
 
 // The form's paper, in the driver's terms.
@@ -81,6 +91,11 @@ void TakeFormDevice(Session *session) {
 }
 
 } // namespace
+
+bool EndsInDrv(const char *driver) {
+    const size_t length = std::strlen(driver);
+    return length >= ENDING_LENGTH && !lstrcmpiA(driver + length - ENDING_LENGTH, ".drv");
+}
 
 void AddDriverEnding(char *driver, const char *ending) {
     const size_t length = std::strlen(driver);
@@ -122,13 +137,10 @@ void InitPrinter(Session *session) {
     AddDriverEnding(printer.DriverName, ".DRV");
     const OwnedPrinter device(OpenDevice(session));
     if (!device) FatalError(session, "Invalid Printer Driver", CODE_PRINTER);
-    const HWND parent = session->ParentWindow;
-    const LONG size =
-        DocumentPropertiesA(parent, device.Get(), printer.DeviceName, nullptr, nullptr, 0);
+    const LONG size = AskDriver(session, device.Get(), nullptr, nullptr, 0);
     if (size <= 0) FatalError(session, "Error Initializing the printer(InitPrinter)", CODE_PRINTER);
     AllocDevMode(session, static_cast<size_t>(size));
-    if (DocumentPropertiesA(parent, device.Get(), printer.DeviceName, printer.DevMode, nullptr,
-                            DM_OUT_BUFFER) <= 0)
+    if (AskDriver(session, device.Get(), printer.DevMode, nullptr, DM_OUT_BUFFER) <= 0)
         FatalError(session, "Error Initializing the printer(InitPrinter a)", CODE_PRINTER);
 }
 
@@ -139,8 +151,7 @@ void CallPrinterDriver(Session *session, int mode) {
         ShowBox(session->ParentWindow, "Error Initializing the Printer Options", "Printer Error");
         return;
     }
-    if (DocumentPropertiesA(session->ParentWindow, device.Get(), printer.DeviceName,
-                            printer.DevMode, printer.DevMode, static_cast<DWORD>(mode)) <= 0)
+    if (AskDriver(session, device.Get(), printer.DevMode, printer.DevMode, mode) <= 0)
         ShowBox(session->ParentWindow, "Error Initializing the printer(CallPrinterDriver)");
 }
 

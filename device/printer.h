@@ -8,7 +8,8 @@ namespace tessarine {
 int GetDefaultPrinter(Session *session, char *device, char *driver, char *port);
 int GetProfilePrinter(Session *session, const char *section, const char *key, char *first,
                       char *second, char *third);
-// Adds the ending of a driver's file to the name of a PrinterState that lacks it.
+bool EndsInDrv(const char *driver); // the ending of a driver's file
+// Adds the ending to the name of a PrinterState that has nothing else or lacks it.
 void AddDriverEnding(char *driver, const char *ending);
 void FreeDevMode(PrinterState *printer); // nothing when it has none
 void InitPrinter(Session *session);      // a fresh DEVMODE from the driver; fatal with code 10

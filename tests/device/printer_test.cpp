@@ -173,13 +173,21 @@ TEST_F(Printer, DriverThatIsNotThereIsFatal) {
     EXPECT_EQ(Last(), Fatal("Invalid Printer Driver"));
 }
 
+// As a spooler does on which many programs start at once.
+TEST_F(Printer, DriverThatRefusesOnceIsAskedAgain) {
+    const FailingCall busy("DocumentPropertiesA", DocumentPropertiesA, 0);
+    EXPECT_EQ(StartOn(form), 0);
+    EXPECT_GT(busy.Seen(), 3);
+    EXPECT_TRUE(boxes.Log().empty());
+}
+
 TEST_F(Printer, DriverThatGivesNoSettingsIsFatal) {
     {
-        const FailingCall none("DocumentPropertiesA", DocumentPropertiesA, 0);
+        const FailingCall none("DocumentPropertiesA", DocumentPropertiesA, 0, 1, EVERY_CALL);
         EXPECT_EQ(StartOn(form), CODE_PRINTER);
         EXPECT_EQ(Last(), Fatal("Error Initializing the printer(InitPrinter)"));
     }
-    const FailingCall none("DocumentPropertiesA", DocumentPropertiesA, 0, 2);
+    const FailingCall none("DocumentPropertiesA", DocumentPropertiesA, 0, 2, EVERY_CALL);
     EXPECT_EQ(StartOn(form), CODE_PRINTER);
     EXPECT_EQ(Last(), Fatal("Error Initializing the printer(InitPrinter a)"));
 }
@@ -202,7 +210,7 @@ TEST_F(Printer, SettingsWithoutMemoryAreFatal) {
 
 TEST_F(Printer, DriverThatRefusesTheFormsPaperIsToldAndTheFormOpens) {
     {
-        const FailingCall none("DocumentPropertiesA", DocumentPropertiesA, 0, 3);
+        const FailingCall none("DocumentPropertiesA", DocumentPropertiesA, 0, 3, EVERY_CALL);
         EXPECT_EQ(StartOn(form), 0);
         EXPECT_EQ(Last(),
                   (BoxRecord{"", "Error Initializing the printer(CallPrinterDriver)", {IDOK}}));
