@@ -195,7 +195,7 @@ TEST_F(HostRun, EndOfTheSessionIsToldToTheCallbackOnce) {
     ASSERT_EQ(RepInit(&params, 0, nullptr, nullptr), 0);
     EXPECT_EQ(RepSetMsgCallback(nullptr, params.SessionId, TakeMessage), 1);
     RepExit(params.SessionId, 0, nullptr);
-    const std::vector<std::pair<HWND, uint32_t>> expected{{parent, 1024}};
+    const std::vector<std::pair<HWND, uint32_t>> expected{{parent, MESSAGE_SESSION_ENDED}};
     EXPECT_EQ(ended, expected);
 }
 

@@ -5,26 +5,19 @@
 #include "tests/support/host_window.h"
 #include "tests/support/test_session.h"
 
-namespace {
-
-constexpr UINT CHANGES = 1025;
-constexpr UINT NO_CHANGES = 1026;
-
-} // namespace
-
 TEST(Modified, HostIsToldWhenTheStateReallyChanges) {
     BareSession session;
     HostWindow host;
     session->ParentWindow = host.Get();
     tessarine::SetModified(session, 0);
-    EXPECT_EQ(host.Count(NO_CHANGES), 0);
+    EXPECT_EQ(host.Count(MESSAGE_UNMODIFIED), 0);
     tessarine::SetModified(session, 1);
     tessarine::SetModified(session, 1);
     tessarine::SetModified(session, 7);
-    EXPECT_EQ(host.Count(CHANGES), 1);
+    EXPECT_EQ(host.Count(MESSAGE_MODIFIED), 1);
     tessarine::SetModified(session, 0);
     tessarine::SetModified(session, 0);
-    EXPECT_EQ(host.Count(NO_CHANGES), 1);
+    EXPECT_EQ(host.Count(MESSAGE_UNMODIFIED), 1);
     EXPECT_EQ(session->form.FormModified, 0u);
 }
 

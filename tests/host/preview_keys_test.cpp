@@ -4,6 +4,9 @@
 #include <vector>
 
 #include "host/run/preview_keys.h"
+#include "output/preview.h"
+
+using enum tessarine::PreviewCommand;
 
 namespace {
 
@@ -22,8 +25,8 @@ protected:
         window_class.lpszClassName = "RepClass32";
         RegisterClassA(&window_class);
         menu = CreateMenu();
-        AppendMenuA(menu, MF_STRING | MF_GRAYED, 694, "&Jump");
-        AppendMenuA(menu, MF_STRING, 697, "&Exit");
+        AppendMenuA(menu, MF_STRING | MF_GRAYED, COMMAND_JUMP, "&Jump");
+        AppendMenuA(menu, MF_STRING, COMMAND_EXIT, "&Exit");
         window = CreateWindowExA(0, "RepClass32", "", WS_OVERLAPPEDWINDOW, 0, 0, 200, 200, nullptr,
                                  menu, nullptr, nullptr);
         commands.clear();
@@ -50,17 +53,19 @@ using Commands = std::vector<WPARAM>;
 } // namespace
 
 TEST_F(PreviewKeysOn, PageAndArrowKeysScroll) {
-    EXPECT_EQ(After(WM_KEYDOWN, VK_PRIOR), Commands{600});
-    EXPECT_EQ(After(WM_KEYDOWN, VK_NEXT), Commands{601});
-    EXPECT_EQ(After(WM_KEYDOWN, VK_UP), Commands{602});
-    EXPECT_EQ(After(WM_KEYDOWN, VK_DOWN), Commands{603});
-    EXPECT_EQ(After(WM_KEYDOWN, VK_LEFT), Commands{604});
-    EXPECT_EQ(After(WM_KEYDOWN, VK_RIGHT), Commands{605});
+    EXPECT_EQ(After(WM_KEYDOWN, VK_PRIOR), Commands{COMMAND_PAGE_UP});
+    EXPECT_EQ(After(WM_KEYDOWN, VK_NEXT), Commands{COMMAND_PAGE_DOWN});
+    EXPECT_EQ(After(WM_KEYDOWN, VK_UP), Commands{COMMAND_LINE_UP});
+    EXPECT_EQ(After(WM_KEYDOWN, VK_DOWN), Commands{COMMAND_LINE_DOWN});
+    EXPECT_EQ(After(WM_KEYDOWN, VK_LEFT), Commands{COMMAND_LEFT});
+    EXPECT_EQ(After(WM_KEYDOWN, VK_RIGHT), Commands{COMMAND_RIGHT});
 }
 
 TEST_F(PreviewKeysOn, WheelNotchScrollsThreeLines) {
-    EXPECT_EQ(After(WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA)), (Commands{602, 602, 602}));
-    EXPECT_EQ(After(WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA)), (Commands{603, 603, 603}));
+    EXPECT_EQ(After(WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA)),
+              (Commands{COMMAND_LINE_UP, COMMAND_LINE_UP, COMMAND_LINE_UP}));
+    EXPECT_EQ(After(WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA)),
+              (Commands{COMMAND_LINE_DOWN, COMMAND_LINE_DOWN, COMMAND_LINE_DOWN}));
 }
 
 TEST_F(PreviewKeysOn, KeysOfGrayEntriesDoNothing) {
@@ -68,10 +73,10 @@ TEST_F(PreviewKeysOn, KeysOfGrayEntriesDoNothing) {
     state[VK_CONTROL] = 0x80;
     SetKeyboardState(state);
     EXPECT_EQ(After(WM_KEYDOWN, 'G'), Commands{});
-    EnableMenuItem(menu, 694, MF_ENABLED);
-    EXPECT_EQ(After(WM_KEYDOWN, 'G'), Commands{694});
+    EnableMenuItem(menu, COMMAND_JUMP, MF_ENABLED);
+    EXPECT_EQ(After(WM_KEYDOWN, 'G'), Commands{COMMAND_JUMP});
     state[VK_CONTROL] = 0;
     SetKeyboardState(state);
     EXPECT_EQ(After(WM_KEYDOWN, 'G'), Commands{});
-    EXPECT_EQ(After(WM_KEYDOWN, VK_ESCAPE), Commands{697});
+    EXPECT_EQ(After(WM_KEYDOWN, VK_ESCAPE), Commands{COMMAND_EXIT});
 }

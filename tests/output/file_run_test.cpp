@@ -1,6 +1,7 @@
 // Runs to disk under the user's eyes: dialogs, cancelling, closing message.
 #include <cstring>
 
+#include "rep_dlg.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/visible_run.h"
@@ -20,11 +21,11 @@ TEST_F(RunToDisk, DialogNamesTheFileBehindItsFoldersAndCountsPages) {
     EXPECT_EQ(Dialog(), nullptr);
     ASSERT_EQ(Feed(1), 0);
     ASSERT_TRUE(IsWindowVisible(Dialog()));
-    EXPECT_EQ(ItemText(Dialog(), 842), "OUT.FRC");
-    EXPECT_EQ(ItemText(Dialog(), 844), "0");
+    EXPECT_EQ(ItemText(Dialog(), PROGRESS_DEVICE), "OUT.FRC");
+    EXPECT_EQ(ItemText(Dialog(), PROGRESS_PAGES), "0");
     EXPECT_FALSE(IsWindowEnabled(host.Get()));
     ASSERT_EQ(Feed(5), 0);
-    EXPECT_EQ(ItemText(Dialog(), 844), "1");
+    EXPECT_EQ(ItemText(Dialog(), PROGRESS_PAGES), "1");
     const HWND dialog = Dialog();
     EXPECT_EQ(run->Finish(), 0);
     EXPECT_FALSE(IsWindow(dialog));
@@ -40,7 +41,7 @@ TEST_F(RunToDisk, DialogNamesAFileWithoutFoldersWhole) {
     output = "PLAIN.FRC";
     EXPECT_EQ(Start('F'), 0);
     EXPECT_EQ(Feed(1), 0);
-    EXPECT_EQ(ItemText(Dialog(), 842), "PLAIN.FRC");
+    EXPECT_EQ(ItemText(Dialog(), PROGRESS_DEVICE), "PLAIN.FRC");
     EXPECT_EQ(run->Finish(), 0);
     SetCurrentDirectoryA(before);
 }

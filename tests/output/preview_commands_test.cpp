@@ -19,12 +19,12 @@ class PreviewCommands : public PreviewRun {
 protected:
     int Jump(const std::string &text, int button = IDOK) {
         AnswerDialog("Page Jump", JUMP_PAGE, text, button);
-        Command(694);
+        Command(COMMAND_JUMP);
         return Page();
     }
     void Save(const std::string &path) {
         AnswerDialog(SAVE_TITLE, FILE_NAME, path, path.empty() ? IDCANCEL : IDOK);
-        Command(624);
+        Command(COMMAND_SAVE);
     }
     TemporaryFolder folder;
 };
@@ -61,10 +61,10 @@ TEST_F(PreviewCommands, JumpStartsAtThePageOnViewWithTheFocusOnItsNumber) {
         focus = GetDlgCtrlID(GetFocus());
         PostMessageA(dialog, WM_COMMAND, IDOK, 0);
     });
-    Command(603);
+    Command(COMMAND_LINE_DOWN);
     const int origin = session->view.OriginY;
     const FailingCall reads("GetMetaFileA", GetMetaFileA, nullptr, 1, NEVER);
-    Command(694);
+    Command(COMMAND_JUMP);
     EXPECT_STREQ(text, "3");
     EXPECT_EQ(focus, JUMP_PAGE);
     EXPECT_EQ(session->view.OriginY, origin); // the current page: nothing happens
@@ -73,7 +73,7 @@ TEST_F(PreviewCommands, JumpStartsAtThePageOnViewWithTheFocusOnItsNumber) {
 
 TEST_F(PreviewCommands, CancelledJumpStays) {
     Finish(20);
-    Command(603);
+    Command(COMMAND_LINE_DOWN);
     const int origin = session->view.OriginY;
     EXPECT_EQ(Jump("3", IDCANCEL), 1);
     EXPECT_EQ(session->view.OriginY, origin);
@@ -81,7 +81,7 @@ TEST_F(PreviewCommands, CancelledJumpStays) {
 
 TEST_F(PreviewCommands, JumpShowsThePageFromItsTop) {
     Finish(20);
-    Command(603);
+    Command(COMMAND_LINE_DOWN);
     EXPECT_EQ(Jump("2"), 2);
     EXPECT_EQ(session->view.OriginY, 0);
     EXPECT_EQ(GetScrollPos(Window(), SB_VERT), 25);
@@ -95,7 +95,7 @@ TEST_F(PreviewCommands, JumpDuringTheRunReachesTheFinishedPagesAndHoldsTheRunUp)
         SetDlgItemTextA(dialog, JUMP_PAGE, "4");
         PostMessageA(dialog, WM_COMMAND, IDOK, 0);
     });
-    PostMessageA(Window(), WM_COMMAND, 694, 0);
+    PostMessageA(Window(), WM_COMMAND, COMMAND_JUMP, 0);
     ASSERT_EQ(Feed(1), 0);
     EXPECT_EQ(records, 16);
     EXPECT_EQ(Page(), 3);
@@ -110,7 +110,7 @@ TEST_F(PreviewCommands, HelpOfTheJumpIs3037AndTheDialogStays) {
         stays = !IsWindowEnabled(Window()); // its end would enable it
         PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     });
-    Command(694);
+    Command(COMMAND_JUMP);
     EXPECT_TRUE(stays);
     EXPECT_EQ(help.window, session->ParentWindow);
     EXPECT_EQ(help.command, 1u);
@@ -130,7 +130,7 @@ TEST_F(PreviewCommands, PrintAsksForItsPagesAndStartsFromThePageOnView) {
         PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     });
     const FailingCall jobs("StartDocA", StartDocA, 0, 1, NEVER);
-    Command(695);
+    Command(COMMAND_PRINT);
     EXPECT_STREQ(first, "2");
     EXPECT_STREQ(last, "2");
     EXPECT_EQ(jobs.Seen(), 0);
@@ -186,7 +186,7 @@ TEST_F(PreviewCommands, SaveThatMayNotReplaceAsksForAnotherName) {
         PostMessageA(dialog, WM_COMMAND, ++dialogs == 1 ? IDOK : IDCANCEL, 0);
     });
     boxes.Answer(IDNO);
-    Command(624);
+    Command(COMMAND_SAVE);
     EXPECT_EQ(dialogs, 2);
     EXPECT_EQ(ReadWholeFile(whole), "earlier");
 }
@@ -273,7 +273,7 @@ TEST_F(PreviewCommands, SaveDuringTheRunDoesNothing) {
         asked = true;
         PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     });
-    Command(624);
+    Command(COMMAND_SAVE);
     EXPECT_FALSE(asked);
 }
 

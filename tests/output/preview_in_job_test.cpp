@@ -33,7 +33,7 @@ protected:
             SetDlgItemTextA(dialog, PRINT_LAST_PAGE, "2");
             PostMessageA(dialog, WM_COMMAND, IDOK, 0);
         });
-        Command(695);
+        Command(COMMAND_PRINT);
         return calls.Log();
     }
     HDC JobDevice() const {
@@ -105,11 +105,11 @@ TEST_F(PreviewInAJob, MenuOfARunThatGoesOnIsThatOfItsFinishedPages) {
 
 TEST_F(PreviewInAJob, PagesAreTurnedAndTheJobCountsOn) {
     Finish(20);
-    Command(696); // each step is a page
+    Command(COMMAND_FIT); // each step is a page
     std::vector<int> counted;
     const Calls calls = PrintWith("EndPage", [&] {
         counted.push_back(session->job.PageCount);
-        Command(601);
+        Command(COMMAND_PAGE_DOWN);
         EXPECT_EQ(session->job.PageCount, counted.back());
     });
     EXPECT_EQ(counted, (std::vector<int>{1, 2}));
@@ -127,7 +127,7 @@ TEST_F(PreviewInAJob, SecondJobIsNotStarted) {
                 ADD_FAILURE() << "a second job asks for its pages";
                 PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
             });
-            Command(695);
+            Command(COMMAND_PRINT);
             tried = true;
         });
         EXPECT_TRUE(tried) << call;

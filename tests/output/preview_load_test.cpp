@@ -41,8 +41,8 @@ double MemoryNow() {
 
 TEST_F(PreviewLoad, FiveThousandPagesAreTurnedToTheLastAndBackWithoutGrowth) {
     Finish(MAX_SCR_PAGES);
-    Command(696); // each step is a page now
-    Turn(601, TURNS);
+    Command(COMMAND_FIT); // each step is a page now
+    Turn(COMMAND_PAGE_DOWN, TURNS);
     ASSERT_EQ(Page(), 1 + TURNS);
     const int objects = CountGdiObjects();
     const int user_objects = CountUserObjects();
@@ -51,9 +51,9 @@ TEST_F(PreviewLoad, FiveThousandPagesAreTurnedToTheLastAndBackWithoutGrowth) {
         Track(position);
         EXPECT_EQ(Page(), std::min(position * MAX_SCR_PAGES / 100 + 1, int{MAX_SCR_PAGES}));
     }
-    Turn(600, TURNS);
+    Turn(COMMAND_PAGE_UP, TURNS);
     EXPECT_EQ(Page(), MAX_SCR_PAGES - TURNS);
-    Turn(601, TURNS + 1); // the last one leads nowhere
+    Turn(COMMAND_PAGE_DOWN, TURNS + 1); // the last one leads nowhere
     EXPECT_EQ(Page(), MAX_SCR_PAGES);
     EXPECT_EQ(GetScrollPos(Window(), SB_VERT), 99);
     for (int position = 100; position >= 0; --position) Track(position);

@@ -90,8 +90,8 @@ TEST_F(PreviewPaint, PageIsShownAtActualSizeAsItIsPlayed) {
     const ClientPicture at_top = PictureOf(Window());
     EXPECT_EQ(Differences(at_top, PageAlone()), 0);
     EXPECT_GT(at_top.Count(BLACK), 100);
-    Command(605);
-    Command(603);
+    Command(COMMAND_RIGHT);
+    Command(COMMAND_LINE_DOWN);
     ASSERT_GT(session->view.OriginX, 0);
     ASSERT_GT(session->view.OriginY, 0);
     EXPECT_EQ(Differences(PictureOf(Window()), PageAlone()), 0);
@@ -108,7 +108,7 @@ TEST_F(PreviewPaint, FirstPageIsOnTheWindowWhileTheRunGoesOn) {
 
 TEST_F(PreviewPaint, FittedPageIsTheWholeSheetInTheMiddleWithFrameAndShadow) {
     Finish(7);
-    Command(696);
+    Command(COMMAND_FIT);
     const auto &view = session->view;
     const auto &printer = session->printer;
     int height = view.ViewHeight - 25;
@@ -151,7 +151,7 @@ TEST_F(PreviewPaint, FittedSheetOfANarrowWindowFollowsItsWidth) {
     Finish(2);
     SetWindowPos(Window(), nullptr, 0, 0, 250, 500, SWP_NOMOVE | SWP_NOZORDER);
     Send(WM_PAINT, 0);
-    Command(696);
+    Command(COMMAND_FIT);
     const auto &view = session->view;
     const int width = view.ViewWidth - 25;
     const int height =
@@ -168,7 +168,7 @@ TEST_F(PreviewPaint, ToggleClearsTheAreaAroundTheSheet) {
     Finish(7);
     session->view.OriginY = 100;
     Send(WM_PAINT, 0);
-    Command(696);
+    Command(COMMAND_FIT);
     EXPECT_EQ(session->view.OriginY, 0);
     const ClientPicture shown = PictureOf(Window());
     for (int x = 0; x < 5; ++x)
@@ -184,9 +184,8 @@ TEST_F(PreviewPaint, BitmapHasTheClientsSizeOrFittedAPixelAUnit) {
     EXPECT_EQ(bitmap.bmWidth, client.right);
     EXPECT_EQ(bitmap.bmHeight, client.bottom);
     EXPECT_EQ(session->view.ViewWidth, MulDiv(client.right, 250, session->drawing.LogPixelsX) + 1);
-    EXPECT_EQ(session->view.ViewHeight,
-              MulDiv(client.bottom, 250, session->drawing.LogPixelsY) + 1);
-    Command(696);
+    EXPECT_EQ(session->view.ViewHeight, MulDiv(client.bottom, 250, session->drawing.LogPixelsY) + 1);
+    Command(COMMAND_FIT);
     GetObjectA(session->view.OffscreenBitmap, sizeof bitmap, &bitmap);
     EXPECT_EQ(bitmap.bmWidth, session->report.PageWidthUnits);
     EXPECT_EQ(bitmap.bmHeight, session->report.PageBottomUnits);
@@ -211,7 +210,9 @@ TEST_F(PreviewPaint, WindowWithoutAClientAreaIsServed) {
     SetWindowPos(Window(), nullptr, 0, 0, 1, 1, SWP_NOMOVE | SWP_NOZORDER);
     for (int times = 0; times < 2; ++times) {
         Send(WM_PAINT, 0);
-        for (const int command : {600, 601, 602, 603, 604, 605, 696}) Command(command);
+        for (const int command : {COMMAND_PAGE_UP, COMMAND_PAGE_DOWN, COMMAND_LINE_UP,
+                                  COMMAND_LINE_DOWN, COMMAND_LEFT, COMMAND_RIGHT, COMMAND_FIT})
+            Command(command);
     }
     EXPECT_TRUE(boxes.Log().empty());
     EXPECT_TRUE(Open());
@@ -265,7 +266,7 @@ TEST_F(PreviewPaint, LayoutThatGivesTheStripAHeightShowsItAboveThePage) {
     int text = 0;
     for (int y = 0; y < band; ++y) text += shown.CountInRow(y, BLACK);
     EXPECT_GT(text, 100);
-    Command(696);
+    Command(COMMAND_FIT);
     EXPECT_GT(PictureOf(Window()).CountInRow(band / 2, GREY), shown.width / 2);
 }
 

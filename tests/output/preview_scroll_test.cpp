@@ -30,7 +30,9 @@ struct Step {
 TEST_F(PreviewScroll, NothingScrollsBeforeThePageIsFinished) {
     ASSERT_EQ(Feed(3), 0);
     const FailingCall copies("BitBlt", BitBlt, FALSE, 1, NEVER);
-    for (const int command : {600, 601, 602, 603, 604, 605}) Command(command);
+    for (const int command : {COMMAND_PAGE_UP, COMMAND_PAGE_DOWN, COMMAND_LINE_UP,
+                              COMMAND_LINE_DOWN, COMMAND_LEFT, COMMAND_RIGHT})
+        Command(command);
     for (const int code : {SB_LINEUP, SB_LINEDOWN, SB_PAGEUP, SB_PAGEDOWN}) {
         Scroll(WM_VSCROLL, code);
         Scroll(WM_HSCROLL, code);
@@ -52,10 +54,14 @@ TEST_F(PreviewScroll, ThumbBeforeAnyPageIsFinishedDoesNothing) {
 TEST_F(PreviewScroll, CommandsAndBarCodesScrollDownAndUpByTheirSteps) {
     Finish(7);
     const int line = Height() / 20;
-    const Step down[] = {
-        {WM_COMMAND, 601}, {WM_COMMAND, 603}, {WM_VSCROLL, SB_PAGEDOWN}, {WM_VSCROLL, SB_LINEDOWN}};
-    const Step up[] = {
-        {WM_COMMAND, 600}, {WM_COMMAND, 602}, {WM_VSCROLL, SB_PAGEUP}, {WM_VSCROLL, SB_LINEUP}};
+    const Step down[] = {{WM_COMMAND, COMMAND_PAGE_DOWN},
+                         {WM_COMMAND, COMMAND_LINE_DOWN},
+                         {WM_VSCROLL, SB_PAGEDOWN},
+                         {WM_VSCROLL, SB_LINEDOWN}};
+    const Step up[] = {{WM_COMMAND, COMMAND_PAGE_UP},
+                       {WM_COMMAND, COMMAND_LINE_UP},
+                       {WM_VSCROLL, SB_PAGEUP},
+                       {WM_VSCROLL, SB_LINEUP}};
     for (int row = 0; row < 4; ++row) {
         const int step = row % 2 ? line : Height();
         Send(down[row].message, down[row].argument);
@@ -71,8 +77,9 @@ TEST_F(PreviewScroll, CommandsAndBarCodesScrollToTheRightAndBackByTheirSteps) {
     Finish(1);
     const int column = Width() / 10;
     const Step right[] = {
-        {WM_COMMAND, 605}, {WM_HSCROLL, SB_LINERIGHT}, {WM_HSCROLL, SB_PAGERIGHT}};
-    const Step left[] = {{WM_COMMAND, 604}, {WM_HSCROLL, SB_LINELEFT}, {WM_HSCROLL, SB_PAGELEFT}};
+        {WM_COMMAND, COMMAND_RIGHT}, {WM_HSCROLL, SB_LINERIGHT}, {WM_HSCROLL, SB_PAGERIGHT}};
+    const Step left[] = {
+        {WM_COMMAND, COMMAND_LEFT}, {WM_HSCROLL, SB_LINELEFT}, {WM_HSCROLL, SB_PAGELEFT}};
     ASSERT_GT(session->report.PageWidthUnits, Width());
     for (int row = 0; row < 3; ++row) {
         Send(right[row].message, right[row].argument);
@@ -91,17 +98,17 @@ TEST_F(PreviewScroll, ToTheRightItEndsBehindThePagesEdgeAndTheBarAtItsEnd) {
     EXPECT_EQ(OriginX(), steps * Width());
     EXPECT_GE(OriginX(), session->report.PageWidthUnits);
     EXPECT_EQ(Bar(SB_HORZ), 100);
-    Command(604);
+    Command(COMMAND_LEFT);
     EXPECT_EQ(OriginX(), steps * Width() - Width() / 10);
 }
 
 TEST_F(PreviewScroll, ToTheLeftItStopsAtTheEdge) {
     Finish(1);
-    Command(605);
+    Command(COMMAND_RIGHT);
     Scroll(WM_HSCROLL, SB_PAGELEFT);
     EXPECT_EQ(OriginX(), 0);
     const FailingCall copies("BitBlt", BitBlt, FALSE, 1, NEVER);
-    Command(604);
+    Command(COMMAND_LEFT);
     EXPECT_EQ(copies.Seen(), 0);
 }
 
@@ -122,7 +129,7 @@ TEST_F(PreviewScroll, HorizontalBarRestsWhereTheWholeWidthIsInView) {
 
 TEST_F(PreviewScroll, VerticalThumbIsFollowedWhileItMovesAndSpansTheWholeReport) {
     Finish(20);
-    Command(603);
+    Command(COMMAND_LINE_DOWN);
     for (const auto &[position, page] : std::vector<std::pair<int, int>>{
              {50, 3}, {24, 1}, {25, 2}, {74, 3}, {75, 4}, {99, 4}, {100, 4}, {30000, 4}}) {
         Scroll(WM_VSCROLL, SB_THUMBTRACK, position);
@@ -137,7 +144,7 @@ TEST_F(PreviewScroll, VerticalThumbIsFollowedWhileItMovesAndSpansTheWholeReport)
 
 TEST_F(PreviewScroll, ThumbOnTheShownPageLeavesItsPlace) {
     Finish(20);
-    Command(603);
+    Command(COMMAND_LINE_DOWN);
     const int origin = OriginY();
     const FailingCall copies("BitBlt", BitBlt, FALSE, 1, NEVER);
     Scroll(WM_VSCROLL, SB_THUMBTRACK, 10);
@@ -159,15 +166,15 @@ TEST_F(PreviewScroll, EndOfADragAndOtherCodesAreIgnored) {
 TEST_F(PreviewScroll, ScrollingRunsOnAcrossPageEnds) {
     Finish(15);
     int steps = 0;
-    while (Page() == 1 && steps++ < 20) Command(601);
+    while (Page() == 1 && steps++ < 20) Command(COMMAND_PAGE_DOWN);
     EXPECT_EQ(Page(), 2);
     EXPECT_EQ(OriginY(), 0);
-    Command(600);
+    Command(COMMAND_PAGE_UP);
     EXPECT_EQ(Page(), 1);
     EXPECT_EQ(OriginY(), session->report.PageBottomUnits - (Height() - session->device.FontHeight));
     Scroll(WM_VSCROLL, SB_THUMBTRACK, 50);
     ASSERT_EQ(Page(), 2);
-    Command(602);
+    Command(COMMAND_LINE_UP);
     EXPECT_EQ(Page(), 1);
     EXPECT_EQ(OriginY(),
               session->report.PageBottomUnits - (Height() / 20 - session->device.FontHeight));
@@ -178,7 +185,7 @@ TEST_F(PreviewScroll, LineStepsReachEveryPlaceUpToThePagesEnd) {
     const int line = Height() / 20;
     while (Page() == 1) {
         const int before = OriginY();
-        Command(603);
+        Command(COMMAND_LINE_DOWN);
         if (Page() == 1)
             EXPECT_EQ(OriginY(), before + line);
         else
@@ -188,10 +195,10 @@ TEST_F(PreviewScroll, LineStepsReachEveryPlaceUpToThePagesEnd) {
 
 TEST_F(PreviewScroll, BottomOfTheLastFinishedPageIsTheEndWithoutARepaint) {
     Finish(5);
-    for (int step = 0; step < 20; ++step) Command(601);
+    for (int step = 0; step < 20; ++step) Command(COMMAND_PAGE_DOWN);
     const int origin = OriginY();
     const FailingCall copies("BitBlt", BitBlt, FALSE, 1, NEVER);
-    Command(601);
+    Command(COMMAND_PAGE_DOWN);
     EXPECT_EQ(OriginY(), origin);
     EXPECT_EQ(Page(), 1);
     EXPECT_EQ(copies.Seen(), 0);
@@ -200,24 +207,24 @@ TEST_F(PreviewScroll, BottomOfTheLastFinishedPageIsTheEndWithoutARepaint) {
 TEST_F(PreviewScroll, TopOfTheFirstPageIsTheEndWithoutARepaint) {
     Finish(5);
     const FailingCall copies("BitBlt", BitBlt, FALSE, 1, NEVER);
-    Command(600);
-    Command(602);
+    Command(COMMAND_PAGE_UP);
+    Command(COMMAND_LINE_UP);
     EXPECT_EQ(OriginY(), 0);
     EXPECT_EQ(copies.Seen(), 0);
 }
 
 TEST_F(PreviewScroll, FittedPagesTurnWholeAndDoNotMoveSideways) {
     Finish(15);
-    Command(605);
-    Command(696);
+    Command(COMMAND_RIGHT);
+    Command(COMMAND_FIT);
     EXPECT_EQ(session->preview.FitPage, 1u);
     EXPECT_EQ(OriginX(), 0);
-    EXPECT_EQ(MenuText(696), "&Zoom");
-    for (const int command : {604, 605}) Command(command);
+    EXPECT_EQ(MenuText(COMMAND_FIT), "&Zoom");
+    for (const int command : {COMMAND_LEFT, COMMAND_RIGHT}) Command(command);
     for (const int code : {SB_LINERIGHT, SB_PAGERIGHT}) Scroll(WM_HSCROLL, code);
     EXPECT_EQ(OriginX(), 0);
-    const Step down[] = {{WM_COMMAND, 601}, {WM_VSCROLL, SB_LINEDOWN}};
-    const Step up[] = {{WM_COMMAND, 602}, {WM_VSCROLL, SB_PAGEUP}};
+    const Step down[] = {{WM_COMMAND, COMMAND_PAGE_DOWN}, {WM_VSCROLL, SB_LINEDOWN}};
+    const Step up[] = {{WM_COMMAND, COMMAND_LINE_UP}, {WM_VSCROLL, SB_PAGEUP}};
     for (int step = 0; step < 2; ++step) {
         Send(down[step].message, down[step].argument);
         EXPECT_EQ(Page(), step + 2);
@@ -227,14 +234,14 @@ TEST_F(PreviewScroll, FittedPagesTurnWholeAndDoNotMoveSideways) {
         EXPECT_EQ(Page(), 2 - step);
         EXPECT_EQ(OriginY(), 0);
     }
-    Command(696);
+    Command(COMMAND_FIT);
     EXPECT_EQ(session->preview.FitPage, 0u);
-    EXPECT_EQ(MenuText(696), "Pre&view");
+    EXPECT_EQ(MenuText(COMMAND_FIT), "Pre&view");
 }
 
 TEST_F(PreviewScroll, HorizontalThumbLeavesAFittedPageInItsPlace) {
     Finish(2);
-    Command(696);
+    Command(COMMAND_FIT);
     Scroll(WM_HSCROLL, SB_THUMBTRACK, 37);
     EXPECT_EQ(OriginX(), 0);
     EXPECT_EQ(Bar(SB_HORZ), 0);

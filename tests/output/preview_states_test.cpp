@@ -81,7 +81,7 @@ TEST_F(PreviewStates, EndThatFailsLeavesAPreviewThatItsUserCloses) {
     }
     ASSERT_TRUE(Open());
     EXPECT_EQ(run.Finish(), CODE_NO_SESSION);
-    Command(601);
+    Command(COMMAND_PAGE_DOWN);
     EXPECT_EQ(Enabled(), "xxx-x"); // the two pages that are whole
     Send(WM_CLOSE, 0);
     EXPECT_FALSE(Open());
@@ -100,7 +100,7 @@ TEST_F(PreviewStates, EndOfACancelledRunUnderADialogReleasesItBehindTheDialog) {
         SetDlgItemTextA(dialog, JUMP_PAGE, "1");
         PostMessageA(dialog, WM_COMMAND, IDOK, 0);
     });
-    Command(694);
+    Command(COMMAND_JUMP);
     EXPECT_FALSE(Open());
     EXPECT_FALSE(IsWindow(window));
 }
@@ -170,7 +170,7 @@ TEST_F(OwnedPreview, OwnerDestroyedUnderADialogEndsTheSessionBehindIt) {
         DestroyWindow(owner);
         EXPECT_TRUE(Open());
     });
-    Command(694);
+    Command(COMMAND_JUMP);
     EXPECT_FALSE(Open());
     EXPECT_EQ(FilesOfPages(), 0);
 }

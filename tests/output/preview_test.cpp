@@ -79,14 +79,14 @@ TEST_F(Preview, MessagesThatItDoesNotHandleAreTheSystems) {
     EXPECT_EQ(SendMessageA(Window(), WM_GETTEXTLENGTH, 0, 0),
               static_cast<LRESULT>(std::strlen(run.params.FormFile)));
     for (const UINT message : {WM_COMMAND, WM_VSCROLL, WM_HSCROLL, WM_PAINT})
-        EXPECT_EQ(tessarine::RepWndProc(Window(), message, 600, 0), 0) << message;
+        EXPECT_EQ(tessarine::RepWndProc(Window(), message, COMMAND_PAGE_UP, 0), 0) << message;
 }
 
 TEST_F(Preview, WindowOfItsClassWithoutASessionIsTheSystems) {
     const HWND window = CreateWindowExA(0, "RepClass32", "", WS_OVERLAPPEDWINDOW, 0, 0, 90, 90,
                                         nullptr, nullptr, nullptr, nullptr);
     ASSERT_NE(window, nullptr);
-    SendMessageA(window, WM_COMMAND, 697, 0);
+    SendMessageA(window, WM_COMMAND, COMMAND_EXIT, 0);
     EXPECT_TRUE(IsWindow(window));
     SendMessageA(window, WM_CLOSE, 0, 0);
     EXPECT_FALSE(IsWindow(window));
@@ -115,11 +115,11 @@ TEST_F(Preview, FinishedReportOfOnePageHasNoJump) {
 TEST_F(Preview, MenuIsSetAnewAfterEveryMessageOfTheWindow) {
     ASSERT_EQ(Feed(6), 0);
     for (const UINT message : {WM_VSCROLL, WM_HSCROLL, WM_PAINT}) {
-        EnableMenuItem(GetMenu(Window()), 695, MF_BYCOMMAND | MF_GRAYED);
+        EnableMenuItem(GetMenu(Window()), COMMAND_PRINT, MF_BYCOMMAND | MF_GRAYED);
         Send(message, MAKEWPARAM(SB_ENDSCROLL, 0));
         EXPECT_EQ(Enabled(), "-xx-x") << message;
     }
-    EnableMenuItem(GetMenu(Window()), 695, MF_BYCOMMAND | MF_GRAYED);
+    EnableMenuItem(GetMenu(Window()), COMMAND_PRINT, MF_BYCOMMAND | MF_GRAYED);
     Command(699); // none of the table
     EXPECT_EQ(Enabled(), "--x-x");
 }
@@ -168,7 +168,7 @@ TEST_F(HostedPreview, EveryWindowOfTheThreadHasItsTurnAfterEachRecord) {
 
 TEST_F(Preview, KeysOfATableThatAHostGivesAreItsCommands) {
     Finish(0);
-    ACCEL key{FVIRTKEY, VK_NEXT, 601};
+    ACCEL key{FVIRTKEY, VK_NEXT, COMMAND_PAGE_DOWN};
     session->device.AccelTable = CreateAcceleratorTableA(&key, 1);
     PostMessageA(Window(), WM_KEYDOWN, VK_NEXT, 0);
     tessarine::PumpMessages(session);
@@ -200,7 +200,7 @@ TEST_F(Preview, CloseDuringTheRunEndsItWith5) {
 TEST_F(Preview, ExitDuringTheRunEndsItWith5AndLeavesNoFile) {
     ASSERT_EQ(Feed(7), 0);
     EXPECT_GT(FilesOfPages(), 0);
-    PostMessageA(Window(), WM_COMMAND, 697, 0);
+    PostMessageA(Window(), WM_COMMAND, COMMAND_EXIT, 0);
     EXPECT_EQ(Feed(1), CODE_CANCELLED);
     EXPECT_EQ(run.Finish(), 0);
     EXPECT_FALSE(Open());
@@ -228,7 +228,7 @@ TEST_F(Preview, CloseIsIgnoredInTheClosingSectionsButExitIsNot) {
     session->report.RunPhase = tessarine::PHASE_CLOSING;
     Send(WM_CLOSE, 0);
     EXPECT_EQ(session->report.CancelState, tessarine::CANCEL_NONE);
-    Command(697);
+    Command(COMMAND_EXIT);
     EXPECT_EQ(session->report.CancelState, tessarine::CANCEL_STOP);
     session->report.RunPhase = tessarine::PHASE_RECORDS;
 }
@@ -248,7 +248,7 @@ TEST_F(Preview, ClosingTheWindowEndsTheSessionAndItsFiles) {
         const HWND window = Window();
         EXPECT_GT(FilesOfPages(), 0);
         if (by_command)
-            Command(697);
+            Command(COMMAND_EXIT);
         else
             Send(WM_CLOSE, 0);
         EXPECT_FALSE(Open());
@@ -259,11 +259,11 @@ TEST_F(Preview, ClosingTheWindowEndsTheSessionAndItsFiles) {
 
 TEST_F(HostedPreview, EndOfTheSessionIsTheLastThingTheHostHears) {
     Finish(7);
-    EXPECT_EQ(host.Count(1024), 0);
+    EXPECT_EQ(host.Count(MESSAGE_SESSION_ENDED), 0);
     EXPECT_EQ(tessarine::RepGetParent(Window(), 0), host.Get());
     EXPECT_EQ(tessarine::RepGetParent(nullptr, run.params.SessionId), host.Get());
-    Command(697);
-    EXPECT_EQ(host.Count(1024), 1);
+    Command(COMMAND_EXIT);
+    EXPECT_EQ(host.Count(MESSAGE_SESSION_ENDED), 1);
     EXPECT_EQ(tessarine::RepGetParent(nullptr, run.params.SessionId), nullptr);
 }
 
@@ -276,17 +276,17 @@ TEST_F(HostedPreview, CallbackHearsOfTheEndInPlaceOfTheWindow) {
     Send(WM_CLOSE, 0);
     ASSERT_EQ(told.size(), 1u);
     EXPECT_EQ(told[0].window, window);
-    EXPECT_EQ(told[0].message, 1024u);
-    EXPECT_EQ(host.Count(1024), 0);
+    EXPECT_EQ(told[0].message, MESSAGE_SESSION_ENDED);
+    EXPECT_EQ(host.Count(MESSAGE_SESSION_ENDED), 0);
 }
 
 TEST_F(HostedPreview, CancelledRunTellsTheHostAtItsRelease) {
     ASSERT_EQ(Feed(1), 0);
     PostMessageA(Window(), WM_CLOSE, 0, 0);
     EXPECT_EQ(Feed(1), CODE_CANCELLED);
-    EXPECT_EQ(host.Count(1024), 0);
+    EXPECT_EQ(host.Count(MESSAGE_SESSION_ENDED), 0);
     EXPECT_EQ(run.Finish(), 0);
-    EXPECT_EQ(host.Count(1024), 1);
+    EXPECT_EQ(host.Count(MESSAGE_SESSION_ENDED), 1);
 }
 
 TEST_F(Preview, CallbackWithoutAParentWindowIsNotCalled) {
@@ -303,9 +303,9 @@ TEST_F(Preview, CallbackWithoutAParentWindowIsNotCalled) {
 TEST_F(Preview, PageThatCannotBeReadDuringTheRunEndsItsRecordWith1) {
     ASSERT_EQ(Feed(11), 0);
     const FailingCall failing("GetMetaFileA", GetMetaFileA, nullptr);
-    PostMessageA(Window(), WM_COMMAND, 601, 0);
-    PostMessageA(Window(), WM_COMMAND, 601, 0);
-    PostMessageA(Window(), WM_COMMAND, 601, 0);
+    PostMessageA(Window(), WM_COMMAND, COMMAND_PAGE_DOWN, 0);
+    PostMessageA(Window(), WM_COMMAND, COMMAND_PAGE_DOWN, 0);
+    PostMessageA(Window(), WM_COMMAND, COMMAND_PAGE_DOWN, 0);
     EXPECT_EQ(Feed(1), CODE_FILE);
     EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
     EXPECT_EQ(boxes.LastText(), "Error getting the disk meta file(ReadMetaFilePage)");

@@ -1,6 +1,7 @@
 // Cancelling a job of the preview, or closing the preview behind it, at each of its moments.
 #include <gtest/gtest.h>
 
+#include "rep_dlg.h"
 #include "tests/support/preview_printing.h"
 
 using namespace tessarine;
@@ -17,8 +18,8 @@ const Calls two_pages{"SetAbortProc", "StartDocA", "StartPage", "EndPage",
 // The pages of a range, through the command of the menu.
 void AskFor(MessageBoxes *boxes, const char *first, const char *last) {
     boxes->OnDialog("Print Selected Pages", [first, last](HWND dialog) {
-        SetDlgItemTextA(dialog, 896, first);
-        SetDlgItemTextA(dialog, 897, last);
+        SetDlgItemTextA(dialog, PRINT_FIRST_PAGE, first);
+        SetDlgItemTextA(dialog, PRINT_LAST_PAGE, last);
         PostMessageA(dialog, WM_COMMAND, IDOK, 0);
     });
 }
@@ -35,8 +36,9 @@ TEST_F(CancelledJob, CancelFinishesThePageInHandAndThePreviewGoesOn) {
             PostMessageA(session->job.Progress.AbortDialog, WM_COMMAND, IDCANCEL, 0);
     });
     std::string device_line;
-    calls.Before("EndDoc",
-                 [&](HDC) { device_line = ItemText(session->job.Progress.AbortDialog, 842); });
+    calls.Before("EndDoc", [&](HDC) {
+        device_line = ItemText(session->job.Progress.AbortDialog, PROGRESS_DEVICE);
+    });
     EXPECT_EQ(Print(1, 4), 1);
     EXPECT_EQ(calls.Log(), two_pages);
     EXPECT_EQ(device_line, "Cancelling..., Please Wait.");
@@ -102,12 +104,13 @@ TEST_F(CancelledJob, SpoolersErrorStopsTheJobAtItsPageAndNotTheRun) {
 TEST_F(CancelledJob, CloseAndExitWhileTheRunGoesOnStopTheJobAlone) {
     FeedToPage(5);
     AskFor(&boxes, "1", "4");
-    for (const auto &[message, number] : {std::pair{UINT{WM_CLOSE}, 0}, {WM_COMMAND, 697}}) {
+    for (const auto &[message, number] :
+         {std::pair{UINT{WM_CLOSE}, 0}, {WM_COMMAND, COMMAND_EXIT}}) {
         PrinterCalls calls(PrinterCalls::PRETEND);
         calls.Before("EndPage", [&, message, number](HDC) {
             PostMessageA(Window(), message, static_cast<WPARAM>(number), 0);
         });
-        Command(695);
+        Command(COMMAND_PRINT);
         EXPECT_EQ(calls.Count("EndPage"), 1) << number;
         EXPECT_EQ(calls.Count("EndDoc"), 1) << number;
         EXPECT_EQ(session->job.Progress.AbortDialog, nullptr) << number;
@@ -119,7 +122,8 @@ TEST_F(CancelledJob, CloseAndExitWhileTheRunGoesOnStopTheJobAlone) {
 
 TEST_F(CancelledJob, CloseAndExitBehindTheRunWaitForTheEndOfTheJob) {
     bool first = true;
-    for (const auto &[message, number] : {std::pair{UINT{WM_CLOSE}, 0}, {WM_COMMAND, 697}}) {
+    for (const auto &[message, number] :
+         {std::pair{UINT{WM_CLOSE}, 0}, {WM_COMMAND, COMMAND_EXIT}}) {
         if (!first) Start();
         first = false;
         FeedToPage(3);
@@ -133,7 +137,7 @@ TEST_F(CancelledJob, CloseAndExitBehindTheRunWaitForTheEndOfTheJob) {
         bool stands_at_end = false;
         calls.Before("EndDoc", [&](HDC) { stands_at_end = Open() && IsWindow(Window()); });
         const HWND window = Window();
-        Command(695);
+        Command(COMMAND_PRINT);
         EXPECT_EQ(calls.Count("EndPage"), 3) << number;
         EXPECT_TRUE(stands_at_end) << number;
         EXPECT_FALSE(Open()) << number;

@@ -6,6 +6,7 @@
 #include <filesystem>
 
 #include "output/report_file.h"
+#include "rep_dlg.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/help_call.h"
 #include "tests/support/preview_printing.h"
@@ -30,8 +31,8 @@ TEST_F(PreviewPrinting, BothFieldsStartAtTheShownPage) {
     session->pages.ShownPageIndex = 2;
     std::string first, last;
     boxes.OnDialog("Print Selected Pages", [&](HWND dialog) {
-        first = ItemText(dialog, 896);
-        last = ItemText(dialog, 897);
+        first = ItemText(dialog, PRINT_FIRST_PAGE);
+        last = ItemText(dialog, PRINT_LAST_PAGE);
         PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     });
     const PrinterCalls calls(PrinterCalls::PRETEND);
@@ -49,7 +50,7 @@ TEST_F(PreviewPrinting, Pages3To2AreAnInvalidSelection) {
     const PrinterCalls calls(PrinterCalls::PRETEND);
     EXPECT_EQ(Ask("3", "2"), 1);
     EXPECT_EQ(Last(), (BoxRecord{"", "Invalid page selection.", {IDOK}}));
-    EXPECT_EQ(focus_behind_refusal, 896);
+    EXPECT_EQ(focus_behind_refusal, PRINT_FIRST_PAGE);
     EXPECT_TRUE(calls.Log().empty());
 }
 
@@ -92,7 +93,8 @@ TEST_F(PreviewPrinting, DialogOfTheRangeHasItsWordsAndTheUsualButtons) {
     Calls buttons;
     boxes.OnDialog("Print Selected Pages", [&](HWND dialog) {
         texts = DialogTexts(dialog);
-        for (const int button : {1, 2, 1054}) buttons.push_back(ItemText(dialog, button));
+        for (const int button : {IDOK, IDCANCEL, DIALOG_HELP})
+            buttons.push_back(ItemText(dialog, button));
         PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     });
     EXPECT_EQ(PrintPages(session, 1), 1);
@@ -115,7 +117,7 @@ TEST_F(PreviewPrinting, HelpOfTheRangeIs3036AndTheDialogStays) {
     const HelpCall help;
     bool stays = false;
     boxes.OnDialog("Print Selected Pages", [&](HWND dialog) {
-        SendMessageA(dialog, WM_COMMAND, 1054, 0);
+        SendMessageA(dialog, WM_COMMAND, DIALOG_HELP, 0);
         stays = !IsWindowEnabled(session->Window); // its end would enable it
         PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     });
@@ -142,9 +144,9 @@ TEST_F(PreviewPrinting, DialogCountsPagesWhileTheWindowIsDisabledUntilTheDocumen
     PrinterCalls calls(PrinterCalls::PRETEND);
     Calls shown;
     calls.Before("StartPage", [&](HDC) {
-        shown.push_back(ItemText(session->job.Progress.AbortDialog, 842) ==
+        shown.push_back(ItemText(session->job.Progress.AbortDialog, PROGRESS_DEVICE) ==
                                 session->printer.DeviceName
-                            ? ItemText(session->job.Progress.AbortDialog, 844)
+                            ? ItemText(session->job.Progress.AbortDialog, PROGRESS_PAGES)
                             : "another device");
         EXPECT_FALSE(IsWindowEnabled(session->Window));
     });
@@ -210,7 +212,7 @@ TEST_F(PreviewPrinting, CommandOfTheMenuAsksForTheRange) {
         ++asked;
         PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     });
-    SendMessageA(session->Window, WM_COMMAND, 695, 0);
+    SendMessageA(session->Window, WM_COMMAND, COMMAND_PRINT, 0);
     EXPECT_EQ(asked, 1);
 }
 
@@ -257,11 +259,11 @@ TEST_F(PreviewPrinting, PageThatCannotBeReadAbortsTheDocumentAndLeavesNothingBeh
     const uint32_t table_row = session->pages.PageTable[1];
     session->pages.PageTable[1] = 0x7FFFFFF0;
     boxes.OnDialog("Print Selected Pages", [](HWND dialog) {
-        SetDlgItemTextA(dialog, 896, "1");
-        SetDlgItemTextA(dialog, 897, "3");
+        SetDlgItemTextA(dialog, PRINT_FIRST_PAGE, "1");
+        SetDlgItemTextA(dialog, PRINT_LAST_PAGE, "3");
         PostMessageA(dialog, WM_COMMAND, IDOK, 0);
     });
-    SendMessageA(session->Window, WM_COMMAND, 695, 0);
+    SendMessageA(session->Window, WM_COMMAND, COMMAND_PRINT, 0);
     session->pages.PageTable[1] = table_row;
     EXPECT_EQ(calls.Count("AbortDoc"), 1);
     EXPECT_EQ(calls.Count("EndDoc"), 0);

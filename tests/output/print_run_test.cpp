@@ -5,6 +5,7 @@
 #include "device/printer.h"
 #include "frame/memory.h"
 #include "output/print_job.h"
+#include "rep_dlg.h"
 #include "run/run.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/no_printers.h"
@@ -35,7 +36,7 @@ TEST_F(RunToPrinter, JobStartsAtTheFirstRecordWithDialogAndDisabledOwner) {
     ASSERT_TRUE(IsWindow(Dialog()));
     EXPECT_TRUE(IsWindowVisible(Dialog()));
     EXPECT_EQ(GetWindow(Dialog(), GW_OWNER), host.Get());
-    EXPECT_EQ(ItemText(Dialog(), 842), session->printer.DeviceName);
+    EXPECT_EQ(ItemText(Dialog(), PROGRESS_DEVICE), session->printer.DeviceName);
     EXPECT_FALSE(IsWindowEnabled(host.Get()));
     EXPECT_EQ(session->progress.AbortProc, &PrintProc);
     EXPECT_EQ(session_table.PrinterContextTable[session->SessionId], session->drawing.ScreenDC);
@@ -92,13 +93,13 @@ TEST_F(RunToPrinter, PrinterThatTheHostGivesIsTheOneThatPrints) {
 TEST_F(RunToPrinter, PagesComeInPairsAndTheDialogFollows) {
     ASSERT_EQ(Start('P'), 0);
     ASSERT_EQ(Feed(6), 0);
-    EXPECT_EQ(ItemText(Dialog(), 843), "5"); // the records of the page that ended
-    EXPECT_EQ(ItemText(Dialog(), 844), "1");
+    EXPECT_EQ(ItemText(Dialog(), PROGRESS_RECORDS), "5"); // the records of the page that ended
+    EXPECT_EQ(ItemText(Dialog(), PROGRESS_PAGES), "1");
     ASSERT_EQ(Feed(5), 0);
-    EXPECT_EQ(ItemText(Dialog(), 844), "2");
+    EXPECT_EQ(ItemText(Dialog(), PROGRESS_PAGES), "2");
     calls.Before("EndDoc", [&](HDC) {
-        EXPECT_EQ(ItemText(Dialog(), 843), "11");
-        EXPECT_EQ(ItemText(Dialog(), 844), "3");
+        EXPECT_EQ(ItemText(Dialog(), PROGRESS_RECORDS), "11");
+        EXPECT_EQ(ItemText(Dialog(), PROGRESS_PAGES), "3");
     });
     EXPECT_EQ(run->Finish(), 0);
     EXPECT_EQ(calls.Log(), (Calls{"SetAbortProc", "StartDocA", "StartPage", "EndPage", "StartPage",

@@ -89,7 +89,7 @@ TEST_F(Progress, DialogOfAPreviewsJobShowsPrinterAndPages) {
     EXPECT_EQ(DialogTexts(dialog),
               (std::vector<std::string>{"Printing In Progress...", "Printer: ", "Laser",
                                         "Number of Pages Printed:", "0", "Cancel"}));
-    EXPECT_EQ(GetDlgItem(dialog, 843), nullptr);
+    EXPECT_EQ(GetDlgItem(dialog, PROGRESS_RECORDS), nullptr);
 }
 
 TEST_F(Progress, DialogOfARunToDiskShowsFileAndPages) {
@@ -97,7 +97,7 @@ TEST_F(Progress, DialogOfARunToDiskShowsFileAndPages) {
     EXPECT_EQ(DialogTexts(dialog),
               (std::vector<std::string>{"Printing to File...", "File Name:", "Laser",
                                         "Number of Pages Printed:", "0", "Cancel"}));
-    EXPECT_EQ(GetDlgItem(dialog, 843), nullptr);
+    EXPECT_EQ(GetDlgItem(dialog, PROGRESS_RECORDS), nullptr);
 }
 
 TEST_F(Progress, ControlsHaveTheNumbersThatHostsKnow) {
@@ -143,7 +143,7 @@ TEST_F(Progress, CancelOfAPreviewsJobGreysTheButtonSaysPleaseWaitAndLeavesTheRun
     SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     EXPECT_EQ(session->job.CancelState, CANCEL_STOP);
     EXPECT_EQ(session->report.CancelState, CANCEL_NONE);
-    EXPECT_EQ(ItemText(dialog, 842), "Cancelling..., Please Wait.");
+    EXPECT_EQ(ItemText(dialog, PROGRESS_DEVICE), "Cancelling..., Please Wait.");
     EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDCANCEL)));
 }
 
@@ -151,7 +151,7 @@ TEST_F(Progress, CancelOfARunToDiskGreysTheButtonAndSaysPleaseWait) {
     const HWND dialog = ShowFileRun();
     SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
     EXPECT_EQ(session->report.CancelState, CANCEL_STOP);
-    EXPECT_EQ(ItemText(dialog, 842), "Cancelling..., Please Wait.");
+    EXPECT_EQ(ItemText(dialog, PROGRESS_DEVICE), "Cancelling..., Please Wait.");
     EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDCANCEL)));
 }
 
@@ -168,11 +168,11 @@ TEST_F(Progress, PrinterRunRefreshesPagesOnlyTogetherWithRecords) {
     const HWND dialog = ShowPrinterRun();
     session->report.PageCount = 3;
     EXPECT_EQ(PrintProc(Device(), 0), 1);
-    EXPECT_EQ(ItemText(dialog, 844), "0");
+    EXPECT_EQ(ItemText(dialog, PROGRESS_PAGES), "0");
     session->report.RecordCount = 7;
     EXPECT_EQ(PrintProc(Device(), 0), 1);
-    EXPECT_EQ(ItemText(dialog, 844), "3");
-    EXPECT_EQ(ItemText(dialog, 843), "7");
+    EXPECT_EQ(ItemText(dialog, PROGRESS_PAGES), "3");
+    EXPECT_EQ(ItemText(dialog, PROGRESS_RECORDS), "7");
 }
 
 TEST_F(Progress, DeviceOfNoJobIsLeftAlone) {
@@ -185,7 +185,7 @@ TEST_F(Progress, DeviceOfNoJobIsLeftAlone) {
         EXPECT_EQ(ScrPrintProc(device, 0), 1);
     }
     DeleteDC(other);
-    EXPECT_EQ(ItemText(dialog, 843), "0");
+    EXPECT_EQ(ItemText(dialog, PROGRESS_RECORDS), "0");
     EXPECT_TRUE(Waits());
     Drain();
 }
@@ -263,7 +263,7 @@ TEST_F(Progress, PreviewsJobRefreshesItsPagesAndPumpsForAnyDeviceOfIts) {
     session->job.PageCount = 2;
     PostOne();
     EXPECT_EQ(ScrPrintProc(other, 0), 1);
-    EXPECT_EQ(ItemText(dialog, 844), "2");
+    EXPECT_EQ(ItemText(dialog, PROGRESS_PAGES), "2");
     EXPECT_FALSE(Waits());
     DeleteDC(other);
 }
@@ -283,7 +283,7 @@ TEST_F(Progress, FilePumpRefreshesPagesAndHandsOutMessages) {
     session->report.PageCount = 4;
     PostOne();
     FilePrintPump(session);
-    EXPECT_EQ(ItemText(dialog, 844), "4");
+    EXPECT_EQ(ItemText(dialog, PROGRESS_PAGES), "4");
     EXPECT_FALSE(Waits());
 }
 

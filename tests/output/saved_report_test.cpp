@@ -59,7 +59,7 @@ TEST_F(ReportView, SessionIsGoneWhenThePageComesBackAndTheHostHasHeard) {
     ASSERT_TRUE(Show(2));
     EXPECT_EQ(+block.ReportWindow, nullptr);
     EXPECT_EQ(tessarine::GetSessionPointer(nullptr, static_cast<int>(block.SessionId)), nullptr);
-    EXPECT_EQ(host.Count(1024), 1);
+    EXPECT_EQ(host.Count(MESSAGE_SESSION_ENDED), 1);
 }
 
 TEST_F(ReportView, ScreenHasAWindowForThatMoment) {
@@ -265,7 +265,7 @@ TEST_F(ReportView, BlockComesBackBeforeThePageIsReadAndTheCountBehindIt) {
         EXPECT_EQ(+block.ReportWindow, session->Window);
         EXPECT_EQ(+block.SessionId, static_cast<uint32_t>(session->SessionId));
         EXPECT_EQ(number, 2);
-        EXPECT_EQ(host.Count(1024), 0);
+        EXPECT_EQ(host.Count(MESSAGE_SESSION_ENDED), 0);
     });
     ASSERT_TRUE(Show(2)) << boxes.LastText();
     EXPECT_EQ(looks, 1);

@@ -14,10 +14,10 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-constexpr int PROMPT = 835;
-constexpr int INPUT = 836;
-constexpr int NEXT = 837;
-constexpr int PREVIOUS = 838;
+constexpr int PROMPT = PROMPT_TEXT;
+constexpr int INPUT = PROMPT_INPUT;
+constexpr int NEXT = PROMPT_NEXT;
+constexpr int PREVIOUS = PROMPT_PREVIOUS;
 
 struct Step {
     std::string answer; // typed unless it is "-"

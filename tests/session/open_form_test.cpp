@@ -305,10 +305,8 @@ TEST_F(OpenFormTest, ItemBeyondTheMarginsIsToldAfterEveryLoad) {
 }
 
 TEST_F(OpenFormTest, OpenedFormIsUnmodifiedAndTheHostKnowsIt) {
-    constexpr UINT CHANGES = 1025;
-    constexpr UINT NO_CHANGES = 1026;
     ASSERT_EQ(StartOn(form), 0);
-    EXPECT_EQ(host.Count(CHANGES) + host.Count(NO_CHANGES), 0);
+    EXPECT_EQ(host.Count(MESSAGE_MODIFIED) + host.Count(MESSAGE_UNMODIFIED), 0);
     form.Label(SECTION_DETAIL_1, 30000, 0, 100, 50, "far");
     boxes.OnDialog("Warning", [&](HWND warning) {
         SetModified(session, 1); // while the form is being opened
@@ -316,8 +314,8 @@ TEST_F(OpenFormTest, OpenedFormIsUnmodifiedAndTheHostKnowsIt) {
     });
     ASSERT_EQ(StartOn(form), 0);
     EXPECT_EQ(session->form.FormModified, 0u);
-    EXPECT_EQ(host.Count(CHANGES), 1);
-    EXPECT_EQ(host.Count(NO_CHANGES), 1);
+    EXPECT_EQ(host.Count(MESSAGE_MODIFIED), 1);
+    EXPECT_EQ(host.Count(MESSAGE_UNMODIFIED), 1);
 }
 
 TEST_F(OpenFormTest, FormOpenedAndSavedTwiceIsTheSameByteForByte) {

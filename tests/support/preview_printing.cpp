@@ -1,5 +1,7 @@
 #include "tests/support/preview_printing.h"
 
+#include "rep_dlg.h"
+
 PreviewPrinting::PreviewPrinting() {
     boxes.OnDialog("Printing In Progress...", [](HWND) {});
 }
@@ -14,8 +16,8 @@ void PreviewPrinting::FeedToPage(int page) {
 
 int PreviewPrinting::Ask(const char *first, const char *last) {
     boxes.OnDialog("Print Selected Pages", [this, first, last](HWND dialog) {
-        SetDlgItemTextA(dialog, 896, first);
-        SetDlgItemTextA(dialog, 897, last);
+        SetDlgItemTextA(dialog, PRINT_FIRST_PAGE, first);
+        SetDlgItemTextA(dialog, PRINT_LAST_PAGE, last);
         SetFocus(GetDlgItem(dialog, IDOK));
         SendMessageA(dialog, WM_COMMAND, IDOK, 0);
         if (IsWindowEnabled(Window())) return; // it was accepted

@@ -57,7 +57,7 @@ void PreviewRun::AnswerDialog(const char *title, int control, const std::string 
 
 std::string PreviewRun::Enabled() const {
     std::string enabled;
-    for (const UINT number : {694U, 695U, 696U, 624U, 697U})
+    for (const UINT number : {COMMAND_JUMP, COMMAND_PRINT, COMMAND_FIT, COMMAND_SAVE, COMMAND_EXIT})
         enabled += GetMenuState(GetMenu(Window()), number, MF_BYCOMMAND) & MF_GRAYED ? '-' : 'x';
     return enabled;
 }

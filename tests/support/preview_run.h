@@ -8,6 +8,8 @@
 #include "tests/support/message_boxes.h"
 #include "tests/support/report_run.h"
 
+using enum tessarine::PreviewCommand;
+
 constexpr int FILE_NAME = -1; // in place of a control: where a file dialog takes the name
 
 // The edit control or the combo box of a file dialog, as the system has it.
