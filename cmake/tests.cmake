@@ -1,5 +1,6 @@
 # One test program a room, and one test of CTest a suite: the suites are read off the sources.
 file(GLOB support_sources CONFIGURE_DEPENDS tests/support/*.cpp)
+list(FILTER support_sources EXCLUDE REGEX "_test[.]cpp$")
 add_library(test_support STATIC ${support_sources})
 target_link_libraries(test_support PUBLIC rooms gtest gmock)
 # Only the two files that name a place are compiled for it, so that a compiler cache serves the rest
@@ -36,6 +37,7 @@ endfunction()
 foreach(room IN LISTS rooms)
   add_room_tests(${room})
 endforeach()
+add_room_tests(support)
 add_room_tests(dll ${import_library})
 if(TARGET dll_tests)
   target_sources(dll_tests PRIVATE tests/dll/block_sizes.c)

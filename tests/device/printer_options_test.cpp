@@ -225,9 +225,9 @@ TEST_F(PrinterOptions, SystemsDialogKeepsThePrinterThatItIsGiven) {
     const std::string device = session->printer.DeviceName;
     int shown = 0;
     for (const int button : {IDCANCEL, IDOK}) {
-        boxes.OnDialog("Print Setup", [&](HWND dialog) {
+        boxes.OnDialog("Print Setup", [&](DialogDriver dialog) {
             ++shown;
-            PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
+            dialog.Press(button);
         });
         EXPECT_EQ(FrPrintOptions(session), button == IDOK ? 1 : 0) << boxes.LastText();
     }

@@ -14,8 +14,6 @@ using namespace tessarine;
 
 namespace {
 
-constexpr int NAME_EDIT = 0x480;
-constexpr int NAME_COMBO = 0x47C;
 constexpr const char *FILTER = "Tessarine+ Files(*.FP)|*.FP|";
 
 struct SeenDialog {
@@ -52,16 +50,11 @@ protected:
 
     // The next dialog of this title gets a name, or is cancelled.
     void Answer(const char *title, const std::string &name) {
-        boxes.OnDialog(title, [this, name](HWND dialog) {
+        boxes.OnDialog(title, [this, name](DialogDriver dialog) {
             ++dialogs;
-            HWND edit = GetDlgItem(dialog, NAME_EDIT);
-            if (!edit) edit = GetDlgItem(dialog, NAME_COMBO);
-            char text[300] = "";
-            SendMessageA(edit, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
-            offered = text;
-            if (!name.empty())
-                SendMessageA(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
-            PostMessageA(dialog, WM_COMMAND, name.empty() ? IDCANCEL : IDOK, 0);
+            offered = dialog.Text(FILE_NAME);
+            if (!name.empty()) dialog.SetText(FILE_NAME, name);
+            dialog.Press(name.empty() ? IDCANCEL : IDOK);
         });
     }
 

@@ -182,7 +182,7 @@ TEST_F(FontTable, GroupTakesTheFontItselfSoThatItIsOfferedNextTime) {
     ASSERT_NE(+group->FontIndex, 0);
     EXPECT_EQ(Row(group->FontIndex).LogFont.lfHeight, -60);
     EXPECT_EQ(+group->width, 0);
-    boxes.OnDialog("Font", [&](HWND dialog) { SendMessageA(dialog, WM_COMMAND, IDOK, 0); });
+    boxes.AnswerDialog("Font", IDOK);
     ASSERT_EQ(FrFonts(session, nullptr), 1);
     EXPECT_NEAR(Row(group->FontIndex).LogFont.lfHeight, -60, 4);
 }
@@ -190,9 +190,9 @@ TEST_F(FontTable, GroupTakesTheFontItselfSoThatItIsOfferedNextTime) {
 TEST_F(FontTable, CancelledDialogChangesNothing) {
     ItemRecord *label = Focus();
     bool asked = false;
-    boxes.OnDialog("Font", [&](HWND dialog) {
+    boxes.OnDialog("Font", [&](DialogDriver dialog) {
         asked = true;
-        SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+        dialog.Press(IDCANCEL);
     });
     EXPECT_EQ(FrFonts(session, nullptr), 0);
     EXPECT_TRUE(asked);
@@ -201,7 +201,7 @@ TEST_F(FontTable, CancelledDialogChangesNothing) {
 
 TEST_F(FontTable, ChosenFontHasItsPointSizeInFormUnits) {
     ItemRecord *label = Focus();
-    boxes.OnDialog("Font", [&](HWND dialog) { SendMessageA(dialog, WM_COMMAND, IDOK, 0); });
+    boxes.AnswerDialog("Font", IDOK);
     EXPECT_EQ(FrFonts(session, nullptr), 1);
     // The default font's 11 points, as the dialog gives them in tenths.
     EXPECT_NEAR(Row(label->FontIndex).LogFont.lfHeight, -(110 * 250 / 720), 4);

@@ -80,9 +80,9 @@ TEST(Boundary, FailureUnderABoxUnwindsBehindIt) {
     MessageBoxes boxes;
     BareSession session;
     bool went_on = false;
-    boxes.OnDialog("Wait", [&](HWND dialog) {
+    boxes.OnDialog("Wait", [&](DialogDriver dialog) {
         FailInACallback(session, 9);
-        PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+        dialog.Press(IDOK);
     });
     EXPECT_EQ(Enter(session,
                     [&] {

@@ -46,9 +46,6 @@ protected:
             session, [&] { return int(RunDialog(session, "JumpParam", Procedure, 42)); },
             [&] { return session->ErrorCode; });
     }
-    static void Command(HWND dialog, int control, int notification = 0) {
-        PostMessageA(dialog, WM_COMMAND, MAKEWPARAM(control, notification), 0);
-    }
 
     BareSession session;
     MessageBoxes boxes;
@@ -57,30 +54,30 @@ protected:
 } // namespace
 
 TEST_F(ServedDialog, OpensWithItsStartValuesAndItsSession) {
-    EXPECT_EQ(Run([&](HWND dialog) {
-                  EXPECT_EQ(ItemText(dialog, JUMP_PAGE), "start");
+    EXPECT_EQ(Run([&](DialogDriver dialog) {
+                  EXPECT_EQ(dialog.Text(JUMP_PAGE), "start");
                   EXPECT_EQ(DialogSession(dialog), static_cast<Session *>(session));
-                  Command(dialog, IDOK);
+                  dialog.Press(IDOK);
               }),
               1);
     EXPECT_EQ(extra_given, 42);
 }
 
 TEST_F(ServedDialog, CancelGivesItsCancelResult) {
-    EXPECT_EQ(Run([](HWND dialog) { Command(dialog, IDCANCEL); }), CANCELLED);
+    EXPECT_EQ(Run([](DialogDriver dialog) { dialog.Press(IDCANCEL); }), CANCELLED);
 }
 
 TEST_F(ServedDialog, ControlActsByItsOwnNotificationAlone) {
-    EXPECT_EQ(Run([](HWND dialog) {
-                  Command(dialog, JUMP_PAGE, 3); // another code: nothing
-                  Command(dialog, 5555);         // no control of its: nothing
-                  Command(dialog, JUMP_PAGE, EN_SETFOCUS + 1000);
+    EXPECT_EQ(Run([](DialogDriver dialog) {
+                  dialog.Press(JUMP_PAGE, 3); // another code: nothing
+                  dialog.Press(5555);         // no control of its: nothing
+                  dialog.Press(JUMP_PAGE, EN_SETFOCUS + 1000);
               }),
               1);
 }
 
 TEST_F(ServedDialog, FailureOfAControlEndsItAndGoesOnBehindIt) {
-    EXPECT_EQ(Run([](HWND dialog) { Command(dialog, PRINT_FIRST_PAGE); }), 9);
+    EXPECT_EQ(Run([](DialogDriver dialog) { dialog.Press(PRINT_FIRST_PAGE); }), 9);
 }
 
 TEST_F(ServedDialog, FailureOfItsStartEndsIt) {
@@ -89,6 +86,6 @@ TEST_F(ServedDialog, FailureOfItsStartEndsIt) {
 }
 
 TEST_F(ServedDialog, FailureWithNoEntryPointEndsItAsCancelled) {
-    boxes.OnDialog("Page Jump", [](HWND dialog) { Command(dialog, PRINT_FIRST_PAGE); });
+    boxes.OnDialog("Page Jump", [](DialogDriver dialog) { dialog.Press(PRINT_FIRST_PAGE); });
     EXPECT_EQ(RunDialog(session, "JumpParam", Procedure, 0), CANCELLED);
 }

@@ -5,6 +5,7 @@
 
 #include "host/run/preview_keys.h"
 #include "output/preview.h"
+#include "tests/support/window_driver.h"
 
 using enum tessarine::PreviewCommand;
 
@@ -17,7 +18,7 @@ LRESULT CALLBACK Log(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-class PreviewKeysOn : public testing::Test {
+class PreviewKeysOn : public testing::Test, public WindowDriver {
 protected:
     PreviewKeysOn() {
         WNDCLASSA window_class{};
@@ -36,10 +37,11 @@ protected:
         UnregisterClassA("RepClass32", nullptr);
     }
 
+    HWND Window() const override { return window; }
     std::vector<WPARAM> After(UINT message, WPARAM wParam) {
         commands.clear();
-        PostMessageA(window, message, wParam, 0);
-        for (MSG turn; PeekMessageA(&turn, nullptr, 0, 0, PM_REMOVE);) DispatchMessageA(&turn);
+        Post(message, wParam);
+        ServeMessages();
         return commands;
     }
 
@@ -69,14 +71,12 @@ TEST_F(PreviewKeysOn, WheelNotchScrollsThreeLines) {
 }
 
 TEST_F(PreviewKeysOn, KeysOfGrayEntriesDoNothing) {
-    BYTE state[256] = {};
-    state[VK_CONTROL] = 0x80;
-    SetKeyboardState(state);
-    EXPECT_EQ(After(WM_KEYDOWN, 'G'), Commands{});
-    EnableMenuItem(menu, COMMAND_JUMP, MF_ENABLED);
-    EXPECT_EQ(After(WM_KEYDOWN, 'G'), Commands{COMMAND_JUMP});
-    state[VK_CONTROL] = 0;
-    SetKeyboardState(state);
+    {
+        const HeldKey control(VK_CONTROL);
+        EXPECT_EQ(After(WM_KEYDOWN, 'G'), Commands{});
+        EnableMenuItem(menu, COMMAND_JUMP, MF_ENABLED);
+        EXPECT_EQ(After(WM_KEYDOWN, 'G'), Commands{COMMAND_JUMP});
+    }
     EXPECT_EQ(After(WM_KEYDOWN, 'G'), Commands{});
     EXPECT_EQ(After(WM_KEYDOWN, VK_ESCAPE), Commands{COMMAND_EXIT});
 }

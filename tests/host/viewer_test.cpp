@@ -4,10 +4,11 @@
 #include "host/view/resource_ids.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/tess_program.h"
+#include "tests/support/window_driver.h"
 
 namespace {
 
-class ViewerOn : public Tess {
+class ViewerOn : public Tess, public WindowDriver {
 protected:
     void SetUp() override {
         ASSERT_EQ(Report("countries").code, 0u);
@@ -18,25 +19,18 @@ protected:
 
     // Serves what waits, as the viewer's own loop does.
     void Serve() {
-        for (MSG message; PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE);)
-            if (!viewer->Translate(&message)) DispatchMessageA(&message);
+        ServeMessages([this](MSG *message) { return viewer->Translate(message); });
     }
     void Send(UINT message, WPARAM wParam, LPARAM lParam = 0) {
-        SendMessageA(viewer->Window(), message, wParam, lParam);
+        WindowDriver::Send(message, wParam, lParam);
         Serve();
     }
-    void Press(WPARAM key) {
-        PostMessageA(viewer->Window(), WM_KEYDOWN, key, 0);
+    void Type(WPARAM key) {
+        Post(WM_KEYDOWN, key);
         Serve();
     }
-    std::string Title() const {
-        char title[300] = "";
-        GetWindowTextA(viewer->Window(), title, sizeof title);
-        return title;
-    }
-    bool Grayed(UINT entry) const {
-        return GetMenuState(GetMenu(viewer->Window()), entry, MF_BYCOMMAND) & MF_GRAYED;
-    }
+    std::string Title() const { return WindowText(Window()); }
+    HWND Window() const override { return viewer->Window(); }
 
     std::unique_ptr<Viewer> viewer;
 };
@@ -51,19 +45,19 @@ TEST_F(ViewerOn, TitleTellsFilePageAndZoom) {
 }
 
 TEST_F(ViewerOn, KeysTurnPages) {
-    Press(VK_END);
+    Type(VK_END);
     EXPECT_EQ(viewer->View().Page(), 3);
-    Press(VK_HOME);
+    Type(VK_HOME);
     EXPECT_EQ(viewer->View().Page(), 1);
-    Press(VK_NEXT); // the whole page is in view
+    Type(VK_NEXT); // the whole page is in view
     EXPECT_EQ(viewer->View().Page(), 2);
-    Press(VK_SPACE);
+    Type(VK_SPACE);
     EXPECT_EQ(viewer->View().Page(), 3);
-    Press(VK_DOWN);
+    Type(VK_DOWN);
     EXPECT_EQ(viewer->View().Page(), 3);
-    Press(VK_BACK);
+    Type(VK_BACK);
     EXPECT_EQ(viewer->View().Page(), 2);
-    Press(VK_UP);
+    Type(VK_UP);
     EXPECT_EQ(viewer->View().Page(), 1);
 }
 
@@ -117,37 +111,35 @@ TEST_F(ViewerOn, BarsThatHaveNothingToScrollHide) {
 TEST_F(ViewerOn, DraggingMovesThePage) {
     Send(WM_COMMAND, VIEW_ACTUAL_SIZE);
     const RECT before = viewer->View().Sheet();
-    Send(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(200, 200));
-    Send(WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(170, 150));
-    Send(WM_LBUTTONUP, 0, MAKELPARAM(170, 150));
-    Send(WM_MOUSEMOVE, 0, MAKELPARAM(10, 10)); // the button is up
+    Drag({200, 200}, {170, 150});
+    Move({10, 10}); // the button is up
     EXPECT_EQ(viewer->View().Sheet().left, before.left - 30);
     EXPECT_EQ(viewer->View().Sheet().top, before.top - 50);
 }
 
 TEST_F(ViewerOn, MenuTellsWhatIsPossible) {
-    EXPECT_TRUE(Grayed(VIEW_FIRST));
-    EXPECT_TRUE(Grayed(VIEW_PREVIOUS));
-    EXPECT_FALSE(Grayed(VIEW_NEXT));
+    EXPECT_FALSE(MenuEnabled(VIEW_FIRST));
+    EXPECT_FALSE(MenuEnabled(VIEW_PREVIOUS));
+    EXPECT_TRUE(MenuEnabled(VIEW_NEXT));
     Send(WM_COMMAND, VIEW_LAST);
-    EXPECT_FALSE(Grayed(VIEW_FIRST));
-    EXPECT_TRUE(Grayed(VIEW_NEXT));
-    EXPECT_TRUE(Grayed(VIEW_LAST));
+    EXPECT_TRUE(MenuEnabled(VIEW_FIRST));
+    EXPECT_FALSE(MenuEnabled(VIEW_NEXT));
+    EXPECT_FALSE(MenuEnabled(VIEW_LAST));
     Send(WM_COMMAND, VIEW_FIT_WIDTH);
-    EXPECT_TRUE(GetMenuState(GetMenu(viewer->Window()), VIEW_FIT_WIDTH, MF_BYCOMMAND) & MF_CHECKED);
+    EXPECT_TRUE(MenuChecked(VIEW_FIT_WIDTH));
 }
 
 TEST_F(ViewerOn, GoToAsksForAPageAndForcesItIntoTheReport) {
     MessageBoxes boxes;
-    boxes.OnDialog("Go to Page", [](HWND dialog) {
-        SetDlgItemInt(dialog, GO_TO_PAGE, 99, FALSE);
-        SendMessageA(dialog, WM_COMMAND, IDOK, 0);
+    boxes.OnDialog("Go to Page", [](DialogDriver dialog) {
+        dialog.SetText(GO_TO_PAGE, "99");
+        dialog.Send(IDOK);
     });
     Send(WM_COMMAND, VIEW_GO_TO);
     EXPECT_EQ(viewer->View().Page(), 3);
-    boxes.OnDialog("Go to Page", [](HWND dialog) {
-        SetDlgItemInt(dialog, GO_TO_PAGE, 1, FALSE);
-        SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    boxes.OnDialog("Go to Page", [](DialogDriver dialog) {
+        dialog.SetText(GO_TO_PAGE, "1");
+        dialog.Send(IDCANCEL);
     });
     Send(WM_COMMAND, VIEW_GO_TO);
     EXPECT_EQ(viewer->View().Page(), 3);
@@ -182,7 +174,7 @@ TEST_F(ViewerOn, ReportThatIsGoneIsToldAndTheOldOneStays) {
 }
 
 TEST_F(ViewerOn, ClosesByEscape) {
-    Press(VK_ESCAPE);
+    Type(VK_ESCAPE);
     EXPECT_EQ(viewer->Window(), nullptr);
 }
 

@@ -15,29 +15,16 @@ using namespace tessarine;
 
 namespace {
 
-std::vector<std::string> ListOf(HWND dialog) {
-    std::vector<std::string> rows;
-    const HWND list = GetDlgItem(dialog, LIST_CHOICE);
-    const auto count = static_cast<WPARAM>(SendMessageA(list, LB_GETCOUNT, 0, 0));
-    for (WPARAM row = 0; row < count; ++row) {
-        char text[40] = "";
-        SendMessageA(list, LB_GETTEXT, row, reinterpret_cast<LPARAM>(text));
-        rows.emplace_back(text);
-    }
-    return rows;
-}
-
 // A run that asks for its device; row -1 cancels the question.
 class DeviceChoice : public PreviewRun {
 protected:
     void SetUp() override { run.params.Device = 'A'; }
-    void Answer(int row, int button = IDOK) {
-        boxes.OnDialog("Output Device", [=, this](HWND dialog) {
-            rows = ListOf(dialog);
-            selected =
-                static_cast<int>(SendDlgItemMessageA(dialog, LIST_CHOICE, LB_GETCURSEL, 0, 0));
-            SendDlgItemMessageA(dialog, LIST_CHOICE, LB_SETCURSEL, static_cast<WPARAM>(row), 0);
-            PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
+    void Answer(int row, int button = IDOK, int notification = 0) {
+        boxes.OnDialog("Output Device", [=, this](DialogDriver dialog) {
+            rows = dialog.Rows(LIST_CHOICE);
+            selected = dialog.Selected(LIST_CHOICE);
+            dialog.Select(LIST_CHOICE, row);
+            dialog.Press(button, notification);
         });
     }
     Session *Opened() const { return GetSessionPointer(nullptr, run.params.SessionId); }
@@ -59,7 +46,7 @@ TEST_F(DeviceChoice, ScreenIsTheFirstOfThree) {
 }
 
 TEST_F(DeviceChoice, DoubleClickCountsAsOk) {
-    Answer(0, MAKELONG(LIST_CHOICE, LBN_DBLCLK));
+    Answer(0, LIST_CHOICE, LBN_DBLCLK);
     Start();
     EXPECT_TRUE(session->OutputToScreen);
 }
@@ -74,7 +61,7 @@ TEST_F(DeviceChoice, PrinterIsTheSecond) {
 TEST_F(DeviceChoice, DiskFileAsksForItsName) {
     TemporaryFolder folder;
     Answer(2);
-    AnswerDialog("Report File Name Selection", FILE_NAME, folder.Path("MADE"), IDOK);
+    boxes.AnswerDialog("Report File Name Selection", FILE_NAME, folder.Path("MADE"), IDOK);
     const std::string given = run.params.OutputFile;
     ASSERT_EQ(run.Start(), 0) << boxes.LastText();
     EXPECT_TRUE(Opened()->OutputToFile);
@@ -90,9 +77,9 @@ TEST_F(DeviceChoice, DiskFileThatStandsUnderItsWholeNameIsReplacedOnConsentAlone
     WriteWholeFile(folder.Path("MADE.FRC"), "earlier");
     Answer(2);
     int dialogs = 0;
-    boxes.OnDialog("Report File Name Selection", [&](HWND dialog) {
-        SetWindowTextA(FileNameOf(dialog), folder.Path("MADE").c_str());
-        PostMessageA(dialog, WM_COMMAND, ++dialogs == 1 ? IDOK : IDCANCEL, 0);
+    boxes.OnDialog("Report File Name Selection", [&](DialogDriver dialog) {
+        dialog.SetText(FILE_NAME, folder.Path("MADE"));
+        dialog.Press(++dialogs == 1 ? IDOK : IDCANCEL);
     });
     boxes.Answer(IDNO);
     EXPECT_EQ(run.Start(), CODE_NO_OUTPUT_FILE);
@@ -104,7 +91,7 @@ TEST_F(DeviceChoice, CancelGives2AndCancelOfTheFileName19) {
     Answer(0, IDCANCEL);
     EXPECT_EQ(run.Start(), 2);
     Answer(2);
-    AnswerDialog("Report File Name Selection", 0, "", IDCANCEL);
+    boxes.AnswerDialog("Report File Name Selection", IDCANCEL);
     EXPECT_EQ(run.Start(), 19);
     EXPECT_TRUE(boxes.Log().empty());
 }
@@ -112,11 +99,11 @@ TEST_F(DeviceChoice, CancelGives2AndCancelOfTheFileName19) {
 TEST_F(DeviceChoice, HelpIs3015AndItAndOtherNotificationsLeaveTheDialogOpen) {
     bool open_behind = false;
     const HelpCall help;
-    boxes.OnDialog("Output Device", [&](HWND dialog) {
-        SendMessageA(dialog, WM_COMMAND, DIALOG_HELP, 0);
-        SendMessageA(dialog, WM_COMMAND, MAKELONG(LIST_CHOICE, LBN_SELCHANGE), 0);
+    boxes.OnDialog("Output Device", [&](DialogDriver dialog) {
+        dialog.Send(DIALOG_HELP);
+        dialog.Send(LIST_CHOICE, LBN_SELCHANGE);
         open_behind = IsWindow(dialog);
-        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+        dialog.Press(IDCANCEL);
     });
     EXPECT_EQ(run.Start(), 2);
     EXPECT_TRUE(open_behind);

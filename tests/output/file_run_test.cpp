@@ -21,11 +21,11 @@ TEST_F(RunToDisk, DialogNamesTheFileBehindItsFoldersAndCountsPages) {
     EXPECT_EQ(Dialog(), nullptr);
     ASSERT_EQ(Feed(1), 0);
     ASSERT_TRUE(IsWindowVisible(Dialog()));
-    EXPECT_EQ(ItemText(Dialog(), PROGRESS_DEVICE), "OUT.FRC");
-    EXPECT_EQ(ItemText(Dialog(), PROGRESS_PAGES), "0");
+    EXPECT_EQ(Dialog().Text(PROGRESS_DEVICE), "OUT.FRC");
+    EXPECT_EQ(Dialog().Text(PROGRESS_PAGES), "0");
     EXPECT_FALSE(IsWindowEnabled(host.Get()));
     ASSERT_EQ(Feed(5), 0);
-    EXPECT_EQ(ItemText(Dialog(), PROGRESS_PAGES), "1");
+    EXPECT_EQ(Dialog().Text(PROGRESS_PAGES), "1");
     const HWND dialog = Dialog();
     EXPECT_EQ(run->Finish(), 0);
     EXPECT_FALSE(IsWindow(dialog));
@@ -41,7 +41,7 @@ TEST_F(RunToDisk, DialogNamesAFileWithoutFoldersWhole) {
     output = "PLAIN.FRC";
     EXPECT_EQ(Start('F'), 0);
     EXPECT_EQ(Feed(1), 0);
-    EXPECT_EQ(ItemText(Dialog(), PROGRESS_DEVICE), "PLAIN.FRC");
+    EXPECT_EQ(Dialog().Text(PROGRESS_DEVICE), "PLAIN.FRC");
     EXPECT_EQ(run->Finish(), 0);
     SetCurrentDirectoryA(before);
 }
@@ -89,7 +89,7 @@ TEST_F(RunToDisk, CancelAheadOfAnyPageLeavesNoHalfWrittenReport) {
 TEST_F(RunToDisk, CancelBehindTheLastPageEndComesTooLate) {
     ASSERT_EQ(Start('F'), 0);
     ASSERT_EQ(Feed(3), 0);
-    PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+    Dialog().Press(IDCANCEL);
     EXPECT_EQ(run->Finish(), 0);
     EXPECT_EQ(boxes.Texts(), (Calls{"3 Record(s) Printed"}));
     const std::string report = run->Report();
@@ -100,7 +100,7 @@ TEST_F(RunToDisk, CancelBehindTheLastPageEndComesTooLate) {
 TEST_F(RunToDisk, CancelAtAPageEndLeavesAValidFileOfTheFinishedPages) {
     ASSERT_EQ(Start('F'), 0);
     ASSERT_EQ(Feed(10), 0);
-    PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+    Dialog().Press(IDCANCEL);
     EXPECT_EQ(Feed(1), CODE_CANCELLED);
     EXPECT_EQ(run->Finish(), 0);
     EXPECT_TRUE(boxes.Log().empty());
@@ -117,7 +117,7 @@ TEST_F(RunToDisk, CancelAtAPageEndLeavesAValidFileOfTheFinishedPages) {
 TEST_F(RunToDisk, CancelThatTheHostsOwnLoopHandsOutLeavesAValidFileAtThePageEnd) {
     ASSERT_EQ(Start('F'), 0);
     ASSERT_EQ(Feed(2), 0);
-    SendMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+    Dialog().Send(IDCANCEL);
     EXPECT_EQ(Feed(3), 0);
     EXPECT_EQ(Feed(1), CODE_CANCELLED);
     EXPECT_EQ(run->Finish(), 0);
@@ -130,7 +130,7 @@ TEST_F(RunToDisk, CancelThatTheHostsOwnLoopHandsOutLeavesAValidFileAtThePageEnd)
 TEST_F(RunToDisk, CancelInTheClosingSectionsLeavesAValidFileToo) {
     ASSERT_EQ(Start('F', ListForm(true)), 0);
     ASSERT_EQ(Feed(4), 0);
-    PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+    Dialog().Press(IDCANCEL);
     EXPECT_EQ(run->Finish(), CODE_CANCELLED);
     EXPECT_FALSE(Open());
     const std::string report = run->Report();

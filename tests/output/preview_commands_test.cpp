@@ -18,12 +18,12 @@ constexpr int NEVER = 0; // of a call that is counted and not failed
 class PreviewCommands : public PreviewRun {
 protected:
     int Jump(const std::string &text, int button = IDOK) {
-        AnswerDialog("Page Jump", JUMP_PAGE, text, button);
+        boxes.AnswerDialog("Page Jump", JUMP_PAGE, text, button);
         Command(COMMAND_JUMP);
         return Page();
     }
     void Save(const std::string &path) {
-        AnswerDialog(SAVE_TITLE, FILE_NAME, path, path.empty() ? IDCANCEL : IDOK);
+        boxes.AnswerDialog(SAVE_TITLE, FILE_NAME, path, path.empty() ? IDCANCEL : IDOK);
         Command(COMMAND_SAVE);
     }
     TemporaryFolder folder;
@@ -54,18 +54,18 @@ TEST_F(PreviewCommands, JumpWithTheTextEmptyGivesPage1) {
 TEST_F(PreviewCommands, JumpStartsAtThePageOnViewWithTheFocusOnItsNumber) {
     Finish(20);
     ASSERT_EQ(Jump("3"), 3);
-    char text[40] = "";
+    std::string text;
     int focus = 0;
-    boxes.OnDialog("Page Jump", [&](HWND dialog) {
-        GetDlgItemTextA(dialog, JUMP_PAGE, text, sizeof text);
-        focus = GetDlgCtrlID(GetFocus());
-        PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+    boxes.OnDialog("Page Jump", [&](DialogDriver dialog) {
+        text = dialog.Text(JUMP_PAGE);
+        focus = dialog.Focus();
+        dialog.Press(IDOK);
     });
     Command(COMMAND_LINE_DOWN);
     const int origin = session->view.OriginY;
     const FailingCall reads("GetMetaFileA", GetMetaFileA, nullptr, 1, NEVER);
     Command(COMMAND_JUMP);
-    EXPECT_STREQ(text, "3");
+    EXPECT_EQ(text, "3");
     EXPECT_EQ(focus, JUMP_PAGE);
     EXPECT_EQ(session->view.OriginY, origin); // the current page: nothing happens
     EXPECT_EQ(reads.Seen(), 0);
@@ -84,18 +84,18 @@ TEST_F(PreviewCommands, JumpShowsThePageFromItsTop) {
     Command(COMMAND_LINE_DOWN);
     EXPECT_EQ(Jump("2"), 2);
     EXPECT_EQ(session->view.OriginY, 0);
-    EXPECT_EQ(GetScrollPos(Window(), SB_VERT), 25);
+    EXPECT_EQ(ScrollPosition(SB_VERT), 25);
 }
 
 TEST_F(PreviewCommands, JumpDuringTheRunReachesTheFinishedPagesAndHoldsTheRunUp) {
     ASSERT_EQ(Feed(16), 0); // three pages finished, the fourth begun
     int records = 0;
-    boxes.OnDialog("Page Jump", [&](HWND dialog) {
+    boxes.OnDialog("Page Jump", [&](DialogDriver dialog) {
         records = session->report.RecordCount;
-        SetDlgItemTextA(dialog, JUMP_PAGE, "4");
-        PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+        dialog.SetText(JUMP_PAGE, "4");
+        dialog.Press(IDOK);
     });
-    PostMessageA(Window(), WM_COMMAND, COMMAND_JUMP, 0);
+    PostCommand(COMMAND_JUMP);
     ASSERT_EQ(Feed(1), 0);
     EXPECT_EQ(records, 16);
     EXPECT_EQ(Page(), 3);
@@ -105,10 +105,10 @@ TEST_F(PreviewCommands, HelpOfTheJumpIs3037AndTheDialogStays) {
     Finish(20);
     const HelpCall help;
     bool stays = false;
-    boxes.OnDialog("Page Jump", [&](HWND dialog) {
-        SendMessageA(dialog, WM_COMMAND, DIALOG_HELP, 0);
+    boxes.OnDialog("Page Jump", [&](DialogDriver dialog) {
+        dialog.Send(DIALOG_HELP);
         stays = !IsWindowEnabled(Window()); // its end would enable it
-        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+        dialog.Press(IDCANCEL);
     });
     Command(COMMAND_JUMP);
     EXPECT_TRUE(stays);
@@ -122,17 +122,17 @@ TEST_F(PreviewCommands, HelpOfTheJumpIs3037AndTheDialogStays) {
 TEST_F(PreviewCommands, PrintAsksForItsPagesAndStartsFromThePageOnView) {
     Finish(20);
     ASSERT_EQ(Jump("2"), 2);
-    char first[40] = "";
-    char last[40] = "";
-    boxes.OnDialog("Print Selected Pages", [&](HWND dialog) {
-        GetDlgItemTextA(dialog, PRINT_FIRST_PAGE, first, sizeof first);
-        GetDlgItemTextA(dialog, PRINT_LAST_PAGE, last, sizeof last);
-        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    std::string first;
+    std::string last;
+    boxes.OnDialog("Print Selected Pages", [&](DialogDriver dialog) {
+        first = dialog.Text(PRINT_FIRST_PAGE);
+        last = dialog.Text(PRINT_LAST_PAGE);
+        dialog.Press(IDCANCEL);
     });
     const FailingCall jobs("StartDocA", StartDocA, 0, 1, NEVER);
     Command(COMMAND_PRINT);
-    EXPECT_STREQ(first, "2");
-    EXPECT_STREQ(last, "2");
+    EXPECT_EQ(first, "2");
+    EXPECT_EQ(last, "2");
     EXPECT_EQ(jobs.Seen(), 0);
 }
 
@@ -181,9 +181,9 @@ TEST_F(PreviewCommands, SaveThatMayNotReplaceAsksForAnotherName) {
     const std::string whole = folder.Path("PLAIN.FRC");
     WriteWholeFile(whole, "earlier");
     int dialogs = 0;
-    boxes.OnDialog(SAVE_TITLE, [&](HWND dialog) {
-        SetWindowTextA(FileNameOf(dialog), folder.Path("PLAIN").c_str());
-        PostMessageA(dialog, WM_COMMAND, ++dialogs == 1 ? IDOK : IDCANCEL, 0);
+    boxes.OnDialog(SAVE_TITLE, [&](DialogDriver dialog) {
+        dialog.SetText(FILE_NAME, folder.Path("PLAIN"));
+        dialog.Press(++dialogs == 1 ? IDOK : IDCANCEL);
     });
     boxes.Answer(IDNO);
     Command(COMMAND_SAVE);
@@ -269,9 +269,9 @@ TEST_F(PreviewCommands, CancelledSaveMakesNoFile) {
 TEST_F(PreviewCommands, SaveDuringTheRunDoesNothing) {
     ASSERT_EQ(Feed(7), 0);
     bool asked = false;
-    boxes.OnDialog(SAVE_TITLE, [&](HWND dialog) {
+    boxes.OnDialog(SAVE_TITLE, [&](DialogDriver dialog) {
         asked = true;
-        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+        dialog.Press(IDCANCEL);
     });
     Command(COMMAND_SAVE);
     EXPECT_FALSE(asked);

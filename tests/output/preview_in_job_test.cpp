@@ -28,10 +28,10 @@ protected:
     Calls PrintWith(const std::string &call, const std::function<void()> &look) {
         PrinterCalls calls(PrinterCalls::PRETEND);
         calls.Before(call, [&](HDC) { look(); });
-        boxes.OnDialog("Print Selected Pages", [](HWND dialog) {
-            SetDlgItemTextA(dialog, PRINT_FIRST_PAGE, "1");
-            SetDlgItemTextA(dialog, PRINT_LAST_PAGE, "2");
-            PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+        boxes.OnDialog("Print Selected Pages", [](DialogDriver dialog) {
+            dialog.SetText(PRINT_FIRST_PAGE, "1");
+            dialog.SetText(PRINT_LAST_PAGE, "2");
+            dialog.Press(IDOK);
         });
         Command(COMMAND_PRINT);
         return calls.Log();
@@ -46,7 +46,6 @@ protected:
             return word.rfind("record ", 0) == 0;
         }));
     }
-    int Bar() const { return GetScrollPos(Window(), SB_VERT); }
 };
 
 } // namespace
@@ -78,13 +77,13 @@ TEST_F(PreviewInAJob, MenuBarAndPageEndAreThoseOfTheReport) {
     Finish(20); // four pages
     session->view.OriginY = session->report.PageBottomUnits - session->view.ViewHeight / 2;
     Send(WM_PAINT, 0);
-    const int position = Bar();
+    const int position = ScrollPosition(SB_VERT);
     ASSERT_GT(position, 0);
     ASSERT_EQ(PictureOf(Window()).Count(RED), 0); // not the last page
     PrintWith("EndPage", [&] {
         Send(WM_PAINT, 0);
         EXPECT_EQ(Enabled(), "xxxxx");
-        EXPECT_EQ(Bar(), position);
+        EXPECT_EQ(ScrollPosition(SB_VERT), position);
         EXPECT_EQ(PictureOf(Window()).Count(RED), 0);
     });
     EXPECT_EQ(Enabled(), "xxxxx");
@@ -123,9 +122,9 @@ TEST_F(PreviewInAJob, SecondJobIsNotStarted) {
     for (const char *call : {"StartPage", "EndPage", "EndDoc"}) {
         bool tried = false;
         const Calls calls = PrintWith(call, [&] {
-            boxes.OnDialog("Print Selected Pages", [](HWND dialog) {
+            boxes.OnDialog("Print Selected Pages", [](DialogDriver dialog) {
                 ADD_FAILURE() << "a second job asks for its pages";
-                PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+                dialog.Press(IDCANCEL);
             });
             Command(COMMAND_PRINT);
             tried = true;
@@ -169,7 +168,7 @@ TEST_F(PreviewInAJob, RunThatIsFinishedUnderTheJobIsWhole) {
 TEST_F(PreviewInAJob, CancelOfTheJobLeavesARunThatIsFedUnderItAlone) {
     ASSERT_EQ(Feed(11), 0);
     PrintWith("EndPage", [&] {
-        SendMessageA(session->job.Progress.AbortDialog, WM_COMMAND, IDCANCEL, 0);
+        DialogDriver(session->job.Progress.AbortDialog).Send(IDCANCEL);
         EXPECT_EQ(Feed(5), 0);
     });
     EXPECT_EQ(Feed(1), 0);

@@ -55,7 +55,7 @@ TEST_F(PreviewLoad, FiveThousandPagesAreTurnedToTheLastAndBackWithoutGrowth) {
     EXPECT_EQ(Page(), MAX_SCR_PAGES - TURNS);
     Turn(COMMAND_PAGE_DOWN, TURNS + 1); // the last one leads nowhere
     EXPECT_EQ(Page(), MAX_SCR_PAGES);
-    EXPECT_EQ(GetScrollPos(Window(), SB_VERT), 99);
+    EXPECT_EQ(ScrollPosition(SB_VERT), 99);
     for (int position = 100; position >= 0; --position) Track(position);
     EXPECT_EQ(Page(), 1);
     EXPECT_LE(CountGdiObjects(), objects);

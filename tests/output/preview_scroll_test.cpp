@@ -10,7 +10,6 @@ class PreviewScroll : public PreviewRun {
 protected:
     int OriginX() const { return session->view.OriginX; }
     int OriginY() const { return session->view.OriginY; }
-    int Bar(int bar) const { return GetScrollPos(Window(), bar); }
     int Height() const { return session->view.ViewHeight; }
     int Width() const { return session->view.ViewWidth; }
     int VerticalPosition(int finished) const {
@@ -66,10 +65,10 @@ TEST_F(PreviewScroll, CommandsAndBarCodesScrollDownAndUpByTheirSteps) {
         const int step = row % 2 ? line : Height();
         Send(down[row].message, down[row].argument);
         EXPECT_EQ(OriginY(), step) << row;
-        EXPECT_EQ(Bar(SB_VERT), VerticalPosition(2)) << row;
+        EXPECT_EQ(ScrollPosition(SB_VERT), VerticalPosition(2)) << row;
         Send(up[row].message, up[row].argument);
         EXPECT_EQ(OriginY(), 0) << row;
-        EXPECT_EQ(Bar(SB_VERT), 0) << row;
+        EXPECT_EQ(ScrollPosition(SB_VERT), 0) << row;
     }
 }
 
@@ -84,10 +83,10 @@ TEST_F(PreviewScroll, CommandsAndBarCodesScrollToTheRightAndBackByTheirSteps) {
     for (int row = 0; row < 3; ++row) {
         Send(right[row].message, right[row].argument);
         EXPECT_EQ(OriginX(), row == 2 ? Width() : column) << row;
-        EXPECT_EQ(Bar(SB_HORZ), OriginX() * 100 / session->report.PageWidthUnits) << row;
+        EXPECT_EQ(ScrollPosition(SB_HORZ), OriginX() * 100 / session->report.PageWidthUnits) << row;
         Send(left[row].message, left[row].argument);
         EXPECT_EQ(OriginX(), 0) << row;
-        EXPECT_EQ(Bar(SB_HORZ), 0) << row;
+        EXPECT_EQ(ScrollPosition(SB_HORZ), 0) << row;
     }
 }
 
@@ -97,7 +96,7 @@ TEST_F(PreviewScroll, ToTheRightItEndsBehindThePagesEdgeAndTheBarAtItsEnd) {
     const int steps = (session->report.PageWidthUnits + Width() - 1) / Width();
     EXPECT_EQ(OriginX(), steps * Width());
     EXPECT_GE(OriginX(), session->report.PageWidthUnits);
-    EXPECT_EQ(Bar(SB_HORZ), 100);
+    EXPECT_EQ(ScrollPosition(SB_HORZ), 100);
     Command(COMMAND_LEFT);
     EXPECT_EQ(OriginX(), steps * Width() - Width() / 10);
 }
@@ -116,7 +115,7 @@ TEST_F(PreviewScroll, HorizontalThumbGoesToItsPartOfTheWidth) {
     Finish(1);
     Scroll(WM_HSCROLL, SB_THUMBTRACK, 37);
     EXPECT_EQ(OriginX(), 37 * session->report.PageWidthUnits / 100);
-    EXPECT_EQ(Bar(SB_HORZ), OriginX() * 100 / session->report.PageWidthUnits);
+    EXPECT_EQ(ScrollPosition(SB_HORZ), OriginX() * 100 / session->report.PageWidthUnits);
 }
 
 TEST_F(PreviewScroll, HorizontalBarRestsWhereTheWholeWidthIsInView) {
@@ -124,7 +123,7 @@ TEST_F(PreviewScroll, HorizontalBarRestsWhereTheWholeWidthIsInView) {
     session->report.PageWidthUnits = Width();
     session->view.OriginX = 300;
     Send(WM_PAINT, 0);
-    EXPECT_EQ(Bar(SB_HORZ), 0);
+    EXPECT_EQ(ScrollPosition(SB_HORZ), 0);
 }
 
 TEST_F(PreviewScroll, VerticalThumbIsFollowedWhileItMovesAndSpansTheWholeReport) {
@@ -135,7 +134,7 @@ TEST_F(PreviewScroll, VerticalThumbIsFollowedWhileItMovesAndSpansTheWholeReport)
         Scroll(WM_VSCROLL, SB_THUMBTRACK, position);
         EXPECT_EQ(Page(), page) << position;
         EXPECT_EQ(OriginY(), 0);
-        EXPECT_EQ(Bar(SB_VERT), (page - 1) * 25);
+        EXPECT_EQ(ScrollPosition(SB_VERT), (page - 1) * 25);
     }
     Scroll(WM_VSCROLL, SB_THUMBTRACK, 0x8000); // no place of a bar
     EXPECT_EQ(Page(), 1);
@@ -244,17 +243,17 @@ TEST_F(PreviewScroll, HorizontalThumbLeavesAFittedPageInItsPlace) {
     Command(COMMAND_FIT);
     Scroll(WM_HSCROLL, SB_THUMBTRACK, 37);
     EXPECT_EQ(OriginX(), 0);
-    EXPECT_EQ(Bar(SB_HORZ), 0);
+    EXPECT_EQ(ScrollPosition(SB_HORZ), 0);
 }
 
 TEST_F(PreviewScroll, BarShowsThePlaceInTheFinishedPagesWhileTheRunGoesOn) {
     ASSERT_EQ(Feed(21), 0); // four pages finished
     Scroll(WM_VSCROLL, SB_THUMBTRACK, 50);
     EXPECT_EQ(Page(), 3);
-    EXPECT_EQ(Bar(SB_VERT), 50);
+    EXPECT_EQ(ScrollPosition(SB_VERT), 50);
     ASSERT_EQ(Feed(20), 0); // eight
     Send(WM_PAINT, 0);
-    EXPECT_EQ(Bar(SB_VERT), 25);
+    EXPECT_EQ(ScrollPosition(SB_VERT), 25);
 }
 
 TEST_F(PreviewScroll, BarIsSetOnlyWhenItMoves) {

@@ -91,14 +91,14 @@ TEST_F(PreviewStates, EndThatFailsLeavesAPreviewThatItsUserCloses) {
 TEST_F(PreviewStates, EndOfACancelledRunUnderADialogReleasesItBehindTheDialog) {
     ASSERT_EQ(Feed(12), 0);
     const HWND window = Window();
-    boxes.OnDialog("Page Jump", [&](HWND dialog) {
+    boxes.OnDialog("Page Jump", [&](DialogDriver dialog) {
         session->report.CancelState = tessarine::CANCEL_STOP;
         EXPECT_EQ(run.Finish(), 0);
         EXPECT_TRUE(Open());
         EXPECT_TRUE(IsWindow(dialog));
         EXPECT_EQ(Feed(1), CODE_NO_SESSION);
-        SetDlgItemTextA(dialog, JUMP_PAGE, "1");
-        PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+        dialog.SetText(JUMP_PAGE, "1");
+        dialog.Press(IDOK);
     });
     Command(COMMAND_JUMP);
     EXPECT_FALSE(Open());
@@ -109,11 +109,11 @@ TEST_F(PreviewStates, EndOfACancelledRunUnderADialogReleasesItBehindTheDialog) {
 TEST_F(PreviewStates, PageThatCannotBeReadUnderABoxOfTheRunFailsThatRecordAlone) {
     ASSERT_EQ(Feed(12), 0);
     bool under_a_box = false;
-    boxes.OnDialog("", [&](HWND box) {
+    boxes.OnDialog("", [&](DialogDriver box) {
         const FailingCall failing("GetMetaFileA", GetMetaFileA, nullptr);
         under_a_box = true;
         Scroll(WM_VSCROLL, SB_THUMBTRACK, 100);
-        PostMessageA(box, WM_COMMAND, IDOK, 0);
+        box.Press(IDOK);
     });
     tessarine::Cell *filter = session->form.Header.ReportFilter;
     FormBuilder::Store({503}, filter); // an operator without its operands

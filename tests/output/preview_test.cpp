@@ -66,18 +66,13 @@ TEST_F(Preview, WindowHasItsClassTitleBarsAndTheMenuInItsOrder) {
         EXPECT_EQ(MenuText(static_cast<int>(number)), words);
     }
     for (const int bar : {SB_HORZ, SB_VERT}) {
-        int low = -1;
-        int high = -1;
-        GetScrollRange(Window(), bar, &low, &high);
-        EXPECT_EQ(low, 0);
-        EXPECT_EQ(high, 100);
-        EXPECT_EQ(GetScrollPos(Window(), bar), 0);
+        EXPECT_EQ(ScrollRange(bar), (std::pair{0, 100}));
+        EXPECT_EQ(ScrollPosition(bar), 0);
     }
 }
 
 TEST_F(Preview, MessagesThatItDoesNotHandleAreTheSystems) {
-    EXPECT_EQ(SendMessageA(Window(), WM_GETTEXTLENGTH, 0, 0),
-              static_cast<LRESULT>(std::strlen(run.params.FormFile)));
+    EXPECT_EQ(Send(WM_GETTEXTLENGTH), static_cast<LRESULT>(std::strlen(run.params.FormFile)));
     for (const UINT message : {WM_COMMAND, WM_VSCROLL, WM_HSCROLL, WM_PAINT})
         EXPECT_EQ(tessarine::RepWndProc(Window(), message, COMMAND_PAGE_UP, 0), 0) << message;
 }
@@ -137,7 +132,7 @@ TEST_F(Preview, FirstPageIsShownAsSoonAsItIsFinishedAndStaysWhileTheRunGoesOn) {
 
 TEST_F(Preview, PagesAreReadBetweenRecords) {
     ASSERT_EQ(Feed(16), 0);
-    PostMessageA(Window(), WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 100), 0);
+    Post(WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 100));
     EXPECT_EQ(Page(), 1);
     ASSERT_EQ(Feed(1), 0);
     EXPECT_EQ(Page(), 3); // the last that is finished
@@ -170,7 +165,7 @@ TEST_F(Preview, KeysOfATableThatAHostGivesAreItsCommands) {
     Finish(0);
     ACCEL key{FVIRTKEY, VK_NEXT, COMMAND_PAGE_DOWN};
     session->device.AccelTable = CreateAcceleratorTableA(&key, 1);
-    PostMessageA(Window(), WM_KEYDOWN, VK_NEXT, 0);
+    Post(WM_KEYDOWN, VK_NEXT);
     tessarine::PumpMessages(session);
     EXPECT_EQ(session->view.OriginY, session->view.ViewHeight);
     DestroyAcceleratorTable(session->device.AccelTable);
@@ -189,7 +184,7 @@ TEST_F(Preview, QuitIsLeftToTheHostsOwnLoop) {
 
 TEST_F(Preview, CloseDuringTheRunEndsItWith5) {
     ASSERT_EQ(Feed(2), 0);
-    PostMessageA(Window(), WM_CLOSE, 0, 0);
+    Post(WM_CLOSE);
     EXPECT_EQ(Feed(1), CODE_CANCELLED);
     EXPECT_TRUE(Open());
     EXPECT_EQ(run.Finish(), 0);
@@ -200,7 +195,7 @@ TEST_F(Preview, CloseDuringTheRunEndsItWith5) {
 TEST_F(Preview, ExitDuringTheRunEndsItWith5AndLeavesNoFile) {
     ASSERT_EQ(Feed(7), 0);
     EXPECT_GT(FilesOfPages(), 0);
-    PostMessageA(Window(), WM_COMMAND, COMMAND_EXIT, 0);
+    PostCommand(COMMAND_EXIT);
     EXPECT_EQ(Feed(1), CODE_CANCELLED);
     EXPECT_EQ(run.Finish(), 0);
     EXPECT_FALSE(Open());
@@ -209,8 +204,8 @@ TEST_F(Preview, ExitDuringTheRunEndsItWith5AndLeavesNoFile) {
 
 TEST_F(Preview, PumpStopsAtTheMessageThatCancels) {
     ASSERT_EQ(Feed(11), 0);
-    PostMessageA(Window(), WM_CLOSE, 0, 0);
-    PostMessageA(Window(), WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 100), 0);
+    Post(WM_CLOSE);
+    Post(WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 100));
     EXPECT_EQ(Feed(1), CODE_CANCELLED);
     EXPECT_EQ(Page(), 1);
 }
@@ -282,7 +277,7 @@ TEST_F(HostedPreview, CallbackHearsOfTheEndInPlaceOfTheWindow) {
 
 TEST_F(HostedPreview, CancelledRunTellsTheHostAtItsRelease) {
     ASSERT_EQ(Feed(1), 0);
-    PostMessageA(Window(), WM_CLOSE, 0, 0);
+    Post(WM_CLOSE);
     EXPECT_EQ(Feed(1), CODE_CANCELLED);
     EXPECT_EQ(host.Count(MESSAGE_SESSION_ENDED), 0);
     EXPECT_EQ(run.Finish(), 0);
@@ -303,9 +298,9 @@ TEST_F(Preview, CallbackWithoutAParentWindowIsNotCalled) {
 TEST_F(Preview, PageThatCannotBeReadDuringTheRunEndsItsRecordWith1) {
     ASSERT_EQ(Feed(11), 0);
     const FailingCall failing("GetMetaFileA", GetMetaFileA, nullptr);
-    PostMessageA(Window(), WM_COMMAND, COMMAND_PAGE_DOWN, 0);
-    PostMessageA(Window(), WM_COMMAND, COMMAND_PAGE_DOWN, 0);
-    PostMessageA(Window(), WM_COMMAND, COMMAND_PAGE_DOWN, 0);
+    PostCommand(COMMAND_PAGE_DOWN);
+    PostCommand(COMMAND_PAGE_DOWN);
+    PostCommand(COMMAND_PAGE_DOWN);
     EXPECT_EQ(Feed(1), CODE_FILE);
     EXPECT_EQ(boxes.LastTitle(), "Fatal Error");
     EXPECT_EQ(boxes.LastText(), "Error getting the disk meta file(ReadMetaFilePage)");
@@ -331,10 +326,10 @@ TEST_F(Preview, PageThatCannotBeReadBehindTheRunIsToldAndThePreviewGoesOn) {
 TEST_F(Preview, CloseBehindAMessageOfAFailureWaitsForItsAnswer) {
     Finish(11);
     bool open_behind = false;
-    boxes.OnDialog("Fatal Error", [&](HWND box) {
+    boxes.OnDialog("Fatal Error", [&](DialogDriver box) {
         Send(WM_CLOSE, 0);
         open_behind = Open();
-        PostMessageA(box, WM_COMMAND, IDOK, 0);
+        box.Press(IDOK);
     });
     const FailingCall failing("GetMetaFileA", GetMetaFileA, nullptr);
     Scroll(WM_VSCROLL, SB_THUMBTRACK, 100);

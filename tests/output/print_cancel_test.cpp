@@ -17,10 +17,10 @@ const Calls two_pages{"SetAbortProc", "StartDocA", "StartPage", "EndPage",
 
 // The pages of a range, through the command of the menu.
 void AskFor(MessageBoxes *boxes, const char *first, const char *last) {
-    boxes->OnDialog("Print Selected Pages", [first, last](HWND dialog) {
-        SetDlgItemTextA(dialog, PRINT_FIRST_PAGE, first);
-        SetDlgItemTextA(dialog, PRINT_LAST_PAGE, last);
-        PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+    boxes->OnDialog("Print Selected Pages", [first, last](DialogDriver dialog) {
+        dialog.SetText(PRINT_FIRST_PAGE, first);
+        dialog.SetText(PRINT_LAST_PAGE, last);
+        dialog.Press(IDOK);
     });
 }
 
@@ -32,13 +32,10 @@ TEST_F(CancelledJob, CancelFinishesThePageInHandAndThePreviewGoesOn) {
     FeedToPage(5);
     PrinterCalls calls(PrinterCalls::PRETEND);
     calls.Before("EndPage", [&](HDC) {
-        if (calls.Count("EndPage") == 2)
-            PostMessageA(session->job.Progress.AbortDialog, WM_COMMAND, IDCANCEL, 0);
+        if (calls.Count("EndPage") == 2) Progress().Press(IDCANCEL);
     });
     std::string device_line;
-    calls.Before("EndDoc", [&](HDC) {
-        device_line = ItemText(session->job.Progress.AbortDialog, PROGRESS_DEVICE);
-    });
+    calls.Before("EndDoc", [&](HDC) { device_line = Progress().Text(PROGRESS_DEVICE); });
     EXPECT_EQ(Print(1, 4), 1);
     EXPECT_EQ(calls.Log(), two_pages);
     EXPECT_EQ(device_line, "Cancelling..., Please Wait.");
@@ -52,9 +49,7 @@ TEST_F(CancelledJob, CancelFinishesThePageInHandAndThePreviewGoesOn) {
 TEST_F(CancelledJob, CancelBeforeTheFirstPageStillPrintsThatPage) {
     FeedToPage(5);
     PrinterCalls calls(PrinterCalls::PRETEND);
-    calls.Before("StartPage", [&](HDC) {
-        SendMessageA(session->job.Progress.AbortDialog, WM_COMMAND, IDCANCEL, 0);
-    });
+    calls.Before("StartPage", [&](HDC) { Progress().Send(IDCANCEL); });
     EXPECT_EQ(Print(1, 4), 1);
     EXPECT_EQ(calls.Count("EndPage"), 1);
     EXPECT_EQ(calls.Count("EndDoc"), 1);
@@ -64,11 +59,10 @@ TEST_F(CancelledJob, CancelBeforeTheFirstPageStillPrintsThatPage) {
 TEST_F(CancelledJob, CancelBehindTheLastPageChangesNothing) {
     FeedToPage(4);
     PrinterCalls calls(PrinterCalls::PRETEND);
-    calls.Before("EndDoc",
-                 [&](HDC) { SendMessageA(session->job.Progress.AbortDialog, WM_CLOSE, 0, 0); });
+    calls.Before("EndDoc", [&](HDC) { SendMessageA(Progress(), WM_CLOSE, 0, 0); });
     EXPECT_EQ(Print(1, 2), 1);
     EXPECT_EQ(calls.Log(), two_pages);
-    EXPECT_EQ(session->job.Progress.AbortDialog, nullptr);
+    EXPECT_EQ(Progress(), nullptr);
 }
 
 TEST_F(CancelledJob, CancelWhileTheDocumentEndsLeavesTheRunGoing) {
@@ -76,7 +70,7 @@ TEST_F(CancelledJob, CancelWhileTheDocumentEndsLeavesTheRunGoing) {
     PrinterCalls calls(PrinterCalls::PRETEND);
     calls.Before("EndDoc", [&](HDC) {
         EXPECT_EQ(session->report.CancelState, CANCEL_NONE);
-        SendMessageA(session->job.Progress.AbortDialog, WM_COMMAND, IDCANCEL, 0);
+        Progress().Send(IDCANCEL);
     });
     EXPECT_EQ(Print(1, 2), 1);
     EXPECT_EQ(calls.Log(), two_pages);
@@ -107,13 +101,12 @@ TEST_F(CancelledJob, CloseAndExitWhileTheRunGoesOnStopTheJobAlone) {
     for (const auto &[message, number] :
          {std::pair{UINT{WM_CLOSE}, 0}, {WM_COMMAND, COMMAND_EXIT}}) {
         PrinterCalls calls(PrinterCalls::PRETEND);
-        calls.Before("EndPage", [&, message, number](HDC) {
-            PostMessageA(Window(), message, static_cast<WPARAM>(number), 0);
-        });
+        calls.Before("EndPage",
+                     [&, message, number](HDC) { Post(message, static_cast<WPARAM>(number)); });
         Command(COMMAND_PRINT);
         EXPECT_EQ(calls.Count("EndPage"), 1) << number;
         EXPECT_EQ(calls.Count("EndDoc"), 1) << number;
-        EXPECT_EQ(session->job.Progress.AbortDialog, nullptr) << number;
+        EXPECT_EQ(Progress(), nullptr) << number;
     }
     FeedToPage(6);
     EXPECT_EQ(run.Finish(), 0);
@@ -131,8 +124,7 @@ TEST_F(CancelledJob, CloseAndExitBehindTheRunWaitForTheEndOfTheJob) {
         AskFor(&boxes, "1", "3");
         PrinterCalls calls(PrinterCalls::PRETEND);
         calls.Before("EndPage", [&, message, number](HDC) {
-            if (calls.Count("EndPage") == 1)
-                PostMessageA(Window(), message, static_cast<WPARAM>(number), 0);
+            if (calls.Count("EndPage") == 1) Post(message, static_cast<WPARAM>(number));
         });
         bool stands_at_end = false;
         calls.Before("EndDoc", [&](HDC) { stands_at_end = Open() && IsWindow(Window()); });

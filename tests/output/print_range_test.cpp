@@ -30,10 +30,10 @@ TEST_F(PreviewPrinting, BothFieldsStartAtTheShownPage) {
     FeedToPage(4);
     session->pages.ShownPageIndex = 2;
     std::string first, last;
-    boxes.OnDialog("Print Selected Pages", [&](HWND dialog) {
-        first = ItemText(dialog, PRINT_FIRST_PAGE);
-        last = ItemText(dialog, PRINT_LAST_PAGE);
-        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    boxes.OnDialog("Print Selected Pages", [&](DialogDriver dialog) {
+        first = dialog.Text(PRINT_FIRST_PAGE);
+        last = dialog.Text(PRINT_LAST_PAGE);
+        dialog.Press(IDCANCEL);
     });
     const PrinterCalls calls(PrinterCalls::PRETEND);
     const FailingCall contexts("CreateDCA", CreateDCA, nullptr, EVERY_CALL);
@@ -91,11 +91,11 @@ TEST_F(PreviewPrinting, DialogOfTheRangeHasItsWordsAndTheUsualButtons) {
     FeedToPage(3);
     Calls texts;
     Calls buttons;
-    boxes.OnDialog("Print Selected Pages", [&](HWND dialog) {
-        texts = DialogTexts(dialog);
+    boxes.OnDialog("Print Selected Pages", [&](DialogDriver dialog) {
+        texts = dialog.Texts();
         for (const int button : {IDOK, IDCANCEL, DIALOG_HELP})
-            buttons.push_back(ItemText(dialog, button));
-        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+            buttons.push_back(dialog.Text(button));
+        dialog.Press(IDCANCEL);
     });
     EXPECT_EQ(PrintPages(session, 1), 1);
     EXPECT_EQ(texts, (Calls{"Print Selected Pages", "First Page", "1", "Last Page", "1", "OK",
@@ -116,10 +116,10 @@ TEST_F(PreviewPrinting, HelpOfTheRangeIs3036AndTheDialogStays) {
     FeedToPage(3);
     const HelpCall help;
     bool stays = false;
-    boxes.OnDialog("Print Selected Pages", [&](HWND dialog) {
-        SendMessageA(dialog, WM_COMMAND, DIALOG_HELP, 0);
+    boxes.OnDialog("Print Selected Pages", [&](DialogDriver dialog) {
+        dialog.Send(DIALOG_HELP);
         stays = !IsWindowEnabled(session->Window); // its end would enable it
-        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+        dialog.Press(IDCANCEL);
     });
     EXPECT_EQ(PrintPages(session, 1), 1);
     EXPECT_TRUE(stays);
@@ -144,9 +144,8 @@ TEST_F(PreviewPrinting, DialogCountsPagesWhileTheWindowIsDisabledUntilTheDocumen
     PrinterCalls calls(PrinterCalls::PRETEND);
     Calls shown;
     calls.Before("StartPage", [&](HDC) {
-        shown.push_back(ItemText(session->job.Progress.AbortDialog, PROGRESS_DEVICE) ==
-                                session->printer.DeviceName
-                            ? ItemText(session->job.Progress.AbortDialog, PROGRESS_PAGES)
+        shown.push_back(Progress().Text(PROGRESS_DEVICE) == session->printer.DeviceName
+                            ? Progress().Text(PROGRESS_PAGES)
                             : "another device");
         EXPECT_FALSE(IsWindowEnabled(session->Window));
     });
@@ -201,18 +200,18 @@ TEST_F(PreviewPrinting, EntryOfTheJobStandsUntilTheSessionCloses) {
     const int slot = session->SessionId;
     EXPECT_NE(session_table.PrinterContextTable[slot], nullptr);
     run.Finish();
-    SendMessageA(session->Window, WM_CLOSE, 0, 0);
+    Send(WM_CLOSE);
     EXPECT_EQ(session_table.PrinterContextTable[slot], nullptr);
 }
 
 TEST_F(PreviewPrinting, CommandOfTheMenuAsksForTheRange) {
     FeedToPage(3);
     int asked = 0;
-    boxes.OnDialog("Print Selected Pages", [&](HWND dialog) {
+    boxes.OnDialog("Print Selected Pages", [&](DialogDriver dialog) {
         ++asked;
-        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+        dialog.Press(IDCANCEL);
     });
-    SendMessageA(session->Window, WM_COMMAND, COMMAND_PRINT, 0);
+    Command(COMMAND_PRINT);
     EXPECT_EQ(asked, 1);
 }
 
@@ -258,12 +257,12 @@ TEST_F(PreviewPrinting, PageThatCannotBeReadAbortsTheDocumentAndLeavesNothingBeh
     PrinterCalls calls(PrinterCalls::PRETEND);
     const uint32_t table_row = session->pages.PageTable[1];
     session->pages.PageTable[1] = 0x7FFFFFF0;
-    boxes.OnDialog("Print Selected Pages", [](HWND dialog) {
-        SetDlgItemTextA(dialog, PRINT_FIRST_PAGE, "1");
-        SetDlgItemTextA(dialog, PRINT_LAST_PAGE, "3");
-        PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+    boxes.OnDialog("Print Selected Pages", [](DialogDriver dialog) {
+        dialog.SetText(PRINT_FIRST_PAGE, "1");
+        dialog.SetText(PRINT_LAST_PAGE, "3");
+        dialog.Press(IDOK);
     });
-    SendMessageA(session->Window, WM_COMMAND, COMMAND_PRINT, 0);
+    Command(COMMAND_PRINT);
     session->pages.PageTable[1] = table_row;
     EXPECT_EQ(calls.Count("AbortDoc"), 1);
     EXPECT_EQ(calls.Count("EndDoc"), 0);
@@ -363,8 +362,7 @@ TEST_F(PreviewPrinting, CancelReachesTheJobWhileThePrinterEndsThePage) {
     {
         PrinterCalls calls(PrinterCalls::REAL);
         calls.Before("EndPage", [&](HDC) {
-            if (calls.Count("EndPage") == 2)
-                PostMessageA(session->job.Progress.AbortDialog, WM_COMMAND, IDCANCEL, 0);
+            if (calls.Count("EndPage") == 2) Progress().Press(IDCANCEL);
         });
         EXPECT_EQ(Print(1, 4), 1);
         EXPECT_EQ(calls.Log(), two_pages);
@@ -388,8 +386,7 @@ TEST_F(PreviewPrinting, TwoHundredJobsLeakNothing) {
     FeedToPage(4);
     PrinterCalls calls(PrinterCalls::PRETEND);
     calls.Before("EndPage", [&](HDC) { // every fourth job is cancelled, at its first page
-        if (calls.Count("StartDocA") % 4 == 0)
-            PostMessageA(session->job.Progress.AbortDialog, WM_COMMAND, IDCANCEL, 0);
+        if (calls.Count("StartDocA") % 4 == 0) Progress().Press(IDCANCEL);
     });
     Print(1, 2);
     const int objects = CountGdiObjects();

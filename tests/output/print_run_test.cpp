@@ -36,7 +36,7 @@ TEST_F(RunToPrinter, JobStartsAtTheFirstRecordWithDialogAndDisabledOwner) {
     ASSERT_TRUE(IsWindow(Dialog()));
     EXPECT_TRUE(IsWindowVisible(Dialog()));
     EXPECT_EQ(GetWindow(Dialog(), GW_OWNER), host.Get());
-    EXPECT_EQ(ItemText(Dialog(), PROGRESS_DEVICE), session->printer.DeviceName);
+    EXPECT_EQ(Dialog().Text(PROGRESS_DEVICE), session->printer.DeviceName);
     EXPECT_FALSE(IsWindowEnabled(host.Get()));
     EXPECT_EQ(session->progress.AbortProc, &PrintProc);
     EXPECT_EQ(session_table.PrinterContextTable[session->SessionId], session->drawing.ScreenDC);
@@ -93,13 +93,13 @@ TEST_F(RunToPrinter, PrinterThatTheHostGivesIsTheOneThatPrints) {
 TEST_F(RunToPrinter, PagesComeInPairsAndTheDialogFollows) {
     ASSERT_EQ(Start('P'), 0);
     ASSERT_EQ(Feed(6), 0);
-    EXPECT_EQ(ItemText(Dialog(), PROGRESS_RECORDS), "5"); // the records of the page that ended
-    EXPECT_EQ(ItemText(Dialog(), PROGRESS_PAGES), "1");
+    EXPECT_EQ(Dialog().Text(PROGRESS_RECORDS), "5"); // the records of the page that ended
+    EXPECT_EQ(Dialog().Text(PROGRESS_PAGES), "1");
     ASSERT_EQ(Feed(5), 0);
-    EXPECT_EQ(ItemText(Dialog(), PROGRESS_PAGES), "2");
+    EXPECT_EQ(Dialog().Text(PROGRESS_PAGES), "2");
     calls.Before("EndDoc", [&](HDC) {
-        EXPECT_EQ(ItemText(Dialog(), PROGRESS_RECORDS), "11");
-        EXPECT_EQ(ItemText(Dialog(), PROGRESS_PAGES), "3");
+        EXPECT_EQ(Dialog().Text(PROGRESS_RECORDS), "11");
+        EXPECT_EQ(Dialog().Text(PROGRESS_PAGES), "3");
     });
     EXPECT_EQ(run->Finish(), 0);
     EXPECT_EQ(calls.Log(), (Calls{"SetAbortProc", "StartDocA", "StartPage", "EndPage", "StartPage",
@@ -172,7 +172,7 @@ TEST_F(RunToPrinter, CancelAtAPageEndGives5AndNoMore) {
 TEST_F(RunToPrinter, CancelInTheMiddleOfAPageWaitsForItsEnd) {
     ASSERT_EQ(Start('P'), 0);
     ASSERT_EQ(Feed(1), 0);
-    PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+    Dialog().Press(IDCANCEL);
     EXPECT_EQ(Feed(4), 0);
     EXPECT_EQ(Feed(1), CODE_CANCELLED);
     EXPECT_EQ(run->Finish(), 0);
@@ -181,7 +181,7 @@ TEST_F(RunToPrinter, CancelInTheMiddleOfAPageWaitsForItsEnd) {
 TEST_F(RunToPrinter, CancelThatTheHostsOwnLoopHandsOutStopsAtThePageEnd) {
     ASSERT_EQ(Start('P'), 0);
     ASSERT_EQ(Feed(2), 0);
-    SendMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+    Dialog().Send(IDCANCEL);
     EXPECT_EQ(Feed(3), 0);
     EXPECT_EQ(Feed(1), CODE_CANCELLED);
     EXPECT_EQ(calls.Count("EndPage"), 1);
@@ -195,7 +195,7 @@ TEST_F(RunToPrinter, CancelThatTheHostsOwnLoopHandsOutStopsAtThePageEnd) {
 TEST_F(RunToPrinter, CancelBeforeTheEndOfTheDataTellsNoRecords) {
     ASSERT_EQ(Start('P'), 0);
     ASSERT_EQ(Feed(2), 0);
-    SendMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+    Dialog().Send(IDCANCEL);
     EXPECT_EQ(run->Finish(), 0);
     EXPECT_EQ(calls.Count("EndPage"), 0);
     EXPECT_EQ(calls.Count("EndDoc"), 1);
@@ -207,7 +207,7 @@ TEST_F(RunToPrinter, CancelBeforeTheEndOfTheDataTellsNoRecords) {
 TEST_F(RunToPrinter, CancelWhileTheClosingSectionsBreakThePageGives5FromTheEnd) {
     ASSERT_EQ(Start('P', ListForm(true)), 0);
     ASSERT_EQ(Feed(4), 0);
-    PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+    Dialog().Press(IDCANCEL);
     EXPECT_EQ(run->Finish(), CODE_CANCELLED);
     EXPECT_FALSE(Open());
     EXPECT_EQ(run->Finish(), CODE_NO_SESSION);
@@ -218,7 +218,7 @@ TEST_F(RunToPrinter, CancelWhileTheClosingSectionsBreakThePageGives5FromTheEnd) 
 TEST_F(RunToPrinter, CancelAtTheLastPageEndTellsNoRecords) {
     ASSERT_EQ(Start('P'), 0);
     ASSERT_EQ(Feed(4), 0);
-    PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+    Dialog().Press(IDCANCEL);
     EXPECT_EQ(run->Finish(), 0);
     EXPECT_TRUE(boxes.Log().empty());
     EXPECT_EQ(calls.Count("EndDoc"), 1);
@@ -226,7 +226,7 @@ TEST_F(RunToPrinter, CancelAtTheLastPageEndTellsNoRecords) {
 
 TEST_F(RunToPrinter, CancelAtTheEndOfATitlePageEndsTheDocumentThoughNoRecordIsPrinted) {
     ASSERT_EQ(Start('P', TitlePage()), 0);
-    calls.Before("StartPage", [&](HDC) { PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0); });
+    calls.Before("StartPage", [&](HDC) { Dialog().Press(IDCANCEL); });
     EXPECT_EQ(Feed(1), CODE_CANCELLED);
     EXPECT_EQ(session->report.RecordCount, 0);
     EXPECT_EQ(calls.Count("EndPage"), 1);
@@ -245,7 +245,7 @@ TEST_F(RunToPrinter, CancelWhileTheDocumentOrAPageStartsGives5) {
     for (const char *name : {"StartDocA", "StartPage"})
         calls.Before(name, [&, name](HDC device) {
             if (at != name || session->report.PageCount != page) return;
-            PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+            Dialog().Press(IDCANCEL);
             PrintProc(device, 0);
         });
     // The second page starts before it is counted.
@@ -400,7 +400,7 @@ TEST_F(RunToPrinter, TwoHundredRunsLeakNothing) {
     const auto print = [&](bool cancelled) {
         if (const int code = Start('P', form)) return code;
         if (const int code = Feed(2)) return code;
-        if (cancelled) PostMessageA(Dialog(), WM_COMMAND, IDCANCEL, 0);
+        if (cancelled) Dialog().Press(IDCANCEL);
         return run->Finish();
     };
     for (int time = 0; time < 2; ++time) ASSERT_EQ(print(time), 0) << boxes.LastText();

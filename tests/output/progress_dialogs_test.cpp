@@ -10,6 +10,7 @@
 #include "rep_dlg.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/test_session.h"
+#include "tests/support/window_driver.h"
 
 using namespace tessarine;
 
@@ -38,7 +39,7 @@ protected:
         CloseProgress(&session->progress);
         CloseProgress(&session->job.Progress);
     }
-    HWND Show(const char *name, DLGPROC procedure) {
+    DialogDriver Show(const char *name, DLGPROC procedure) {
         CloseBoth();
         const bool of_job = procedure == ScrPrintAbortParam;
         ProgressState *progress = of_job ? &session->job.Progress : &session->progress;
@@ -49,15 +50,15 @@ protected:
         return procedure == ScrPrintAbortParam ? session->job.CancelState
                                                : session->report.CancelState;
     }
-    HWND ShowPrinterRun() {
+    DialogDriver ShowPrinterRun() {
         NotePrinterContext(session, session->drawing.ScreenDC);
         return Show("PrintAbortParam", PrintAbortParam);
     }
-    HWND ShowPreviewJob() {
+    DialogDriver ShowPreviewJob() {
         NotePrinterContext(session, session->drawing.ScreenDC);
         return Show("ScrPrintAbortParam", ScrPrintAbortParam);
     }
-    HWND ShowFileRun() { return Show("FilePrintAbortParam", FilePrintAbortParam); }
+    DialogDriver ShowFileRun() { return Show("FilePrintAbortParam", FilePrintAbortParam); }
     HDC Device() { return session->drawing.ScreenDC; }
     // Whether a message that was posted to this thread still waits.
     static bool Waits() {
@@ -65,10 +66,6 @@ protected:
         return PeekMessageA(&message, nullptr, WM_APP, WM_APP, PM_NOREMOVE);
     }
     static void PostOne() { PostThreadMessageA(GetCurrentThreadId(), WM_APP, 0, 0); }
-    static void Drain() {
-        MSG message;
-        while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageA(&message);
-    }
 
     BareSession session;
 };
@@ -78,51 +75,51 @@ protected:
 // ---- what they show ----------------------------------------------------------------------------
 
 TEST_F(Progress, DialogOfARunToThePrinterShowsPrinterPagesAndRecords) {
-    EXPECT_EQ(DialogTexts(ShowPrinterRun()),
+    EXPECT_EQ(ShowPrinterRun().Texts(),
               (std::vector<std::string>{"Printing In Progress...", "Printer: ", "Laser",
                                         "Number of Pages Printed:", "0",
                                         "Number of Records Printed:", "0", "Cancel"}));
 }
 
 TEST_F(Progress, DialogOfAPreviewsJobShowsPrinterAndPages) {
-    const HWND dialog = ShowPreviewJob();
-    EXPECT_EQ(DialogTexts(dialog),
+    const DialogDriver dialog = ShowPreviewJob();
+    EXPECT_EQ(dialog.Texts(),
               (std::vector<std::string>{"Printing In Progress...", "Printer: ", "Laser",
                                         "Number of Pages Printed:", "0", "Cancel"}));
-    EXPECT_EQ(GetDlgItem(dialog, PROGRESS_RECORDS), nullptr);
+    EXPECT_EQ(dialog.Control(PROGRESS_RECORDS), nullptr);
 }
 
 TEST_F(Progress, DialogOfARunToDiskShowsFileAndPages) {
-    const HWND dialog = ShowFileRun();
-    EXPECT_EQ(DialogTexts(dialog),
+    const DialogDriver dialog = ShowFileRun();
+    EXPECT_EQ(dialog.Texts(),
               (std::vector<std::string>{"Printing to File...", "File Name:", "Laser",
                                         "Number of Pages Printed:", "0", "Cancel"}));
-    EXPECT_EQ(GetDlgItem(dialog, PROGRESS_RECORDS), nullptr);
+    EXPECT_EQ(dialog.Control(PROGRESS_RECORDS), nullptr);
 }
 
 TEST_F(Progress, ControlsHaveTheNumbersThatHostsKnow) {
-    const HWND dialog = ShowPrinterRun();
-    EXPECT_EQ(ItemText(dialog, 842), "Laser");
-    EXPECT_EQ(ItemText(dialog, 843), "0");
-    EXPECT_EQ(ItemText(dialog, 844), "0");
-    EXPECT_EQ(ItemText(dialog, IDCANCEL), "Cancel");
+    const DialogDriver dialog = ShowPrinterRun();
+    EXPECT_EQ(dialog.Text(842), "Laser");
+    EXPECT_EQ(dialog.Text(843), "0");
+    EXPECT_EQ(dialog.Text(844), "0");
+    EXPECT_EQ(dialog.Text(IDCANCEL), "Cancel");
 }
 
 TEST_F(Progress, EachDialogStandsInTheMiddleWithTheFocusOnCancel) {
     for (const auto &[name, procedure] : dialogs) {
-        const HWND dialog = Show(name, procedure);
+        const DialogDriver dialog = Show(name, procedure);
         RECT place;
         GetWindowRect(dialog, &place);
         const int width = place.right - place.left;
         EXPECT_EQ(place.left, GetSystemMetrics(SM_CXSCREEN) / 2 - width / 2) << name;
         EXPECT_TRUE(IsWindowVisible(dialog)) << name;
-        EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDCANCEL)) << name;
+        EXPECT_EQ(GetFocus(), dialog.Control(IDCANCEL)) << name;
     }
 }
 
 TEST_F(Progress, NamesShowTheirAmpersands) {
     for (const auto &[name, procedure] : dialogs) {
-        const HWND shown = GetDlgItem(Show(name, procedure), PROGRESS_DEVICE);
+        const HWND shown = Show(name, procedure).Control(PROGRESS_DEVICE);
         EXPECT_TRUE(GetWindowLongA(shown, GWL_STYLE) & SS_NOPREFIX) << name;
     }
 }
@@ -130,34 +127,34 @@ TEST_F(Progress, NamesShowTheirAmpersands) {
 // ---- Cancel ------------------------------------------------------------------------------------
 
 TEST_F(Progress, CancelInTheDialogOfARunToThePrinterChangesNothingVisible) {
-    const HWND dialog = ShowPrinterRun();
-    const auto before = DialogTexts(dialog);
-    SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    const DialogDriver dialog = ShowPrinterRun();
+    const auto before = dialog.Texts();
+    dialog.Send(IDCANCEL);
     EXPECT_EQ(session->report.CancelState, CANCEL_STOP);
-    EXPECT_EQ(DialogTexts(dialog), before);
-    EXPECT_TRUE(IsWindowEnabled(GetDlgItem(dialog, IDCANCEL)));
+    EXPECT_EQ(dialog.Texts(), before);
+    EXPECT_TRUE(dialog.Enabled(IDCANCEL));
 }
 
 TEST_F(Progress, CancelOfAPreviewsJobGreysTheButtonSaysPleaseWaitAndLeavesTheRun) {
-    const HWND dialog = ShowPreviewJob();
-    SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    const DialogDriver dialog = ShowPreviewJob();
+    dialog.Send(IDCANCEL);
     EXPECT_EQ(session->job.CancelState, CANCEL_STOP);
     EXPECT_EQ(session->report.CancelState, CANCEL_NONE);
-    EXPECT_EQ(ItemText(dialog, PROGRESS_DEVICE), "Cancelling..., Please Wait.");
-    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDCANCEL)));
+    EXPECT_EQ(dialog.Text(PROGRESS_DEVICE), "Cancelling..., Please Wait.");
+    EXPECT_FALSE(dialog.Enabled(IDCANCEL));
 }
 
 TEST_F(Progress, CancelOfARunToDiskGreysTheButtonAndSaysPleaseWait) {
-    const HWND dialog = ShowFileRun();
-    SendMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    const DialogDriver dialog = ShowFileRun();
+    dialog.Send(IDCANCEL);
     EXPECT_EQ(session->report.CancelState, CANCEL_STOP);
-    EXPECT_EQ(ItemText(dialog, PROGRESS_DEVICE), "Cancelling..., Please Wait.");
-    EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDCANCEL)));
+    EXPECT_EQ(dialog.Text(PROGRESS_DEVICE), "Cancelling..., Please Wait.");
+    EXPECT_FALSE(dialog.Enabled(IDCANCEL));
 }
 
 TEST_F(Progress, AnyCommandCancels) {
     for (const auto &[name, procedure] : dialogs) {
-        SendMessageA(Show(name, procedure), WM_COMMAND, 12345, 0);
+        Show(name, procedure).Send(12345);
         EXPECT_EQ(CancelWordOf(procedure), CANCEL_STOP) << name;
     }
 }
@@ -165,18 +162,18 @@ TEST_F(Progress, AnyCommandCancels) {
 // ---- the abort procedure of a run to the printer -----------------------------------------------
 
 TEST_F(Progress, PrinterRunRefreshesPagesOnlyTogetherWithRecords) {
-    const HWND dialog = ShowPrinterRun();
+    const DialogDriver dialog = ShowPrinterRun();
     session->report.PageCount = 3;
     EXPECT_EQ(PrintProc(Device(), 0), 1);
-    EXPECT_EQ(ItemText(dialog, PROGRESS_PAGES), "0");
+    EXPECT_EQ(dialog.Text(PROGRESS_PAGES), "0");
     session->report.RecordCount = 7;
     EXPECT_EQ(PrintProc(Device(), 0), 1);
-    EXPECT_EQ(ItemText(dialog, PROGRESS_PAGES), "3");
-    EXPECT_EQ(ItemText(dialog, PROGRESS_RECORDS), "7");
+    EXPECT_EQ(dialog.Text(PROGRESS_PAGES), "3");
+    EXPECT_EQ(dialog.Text(PROGRESS_RECORDS), "7");
 }
 
 TEST_F(Progress, DeviceOfNoJobIsLeftAlone) {
-    const HWND dialog = ShowPrinterRun();
+    const DialogDriver dialog = ShowPrinterRun();
     session->report.RecordCount = 7;
     PostOne();
     const HDC other = CreateCompatibleDC(nullptr);
@@ -185,9 +182,9 @@ TEST_F(Progress, DeviceOfNoJobIsLeftAlone) {
         EXPECT_EQ(ScrPrintProc(device, 0), 1);
     }
     DeleteDC(other);
-    EXPECT_EQ(ItemText(dialog, PROGRESS_RECORDS), "0");
+    EXPECT_EQ(dialog.Text(PROGRESS_RECORDS), "0");
     EXPECT_TRUE(Waits());
-    Drain();
+    ServeMessages();
 }
 
 TEST_F(Progress, PrinterRunPumpsForItsOutputDeviceAlone) {
@@ -204,27 +201,27 @@ TEST_F(Progress, PrinterRunPumpsForItsOutputDeviceAlone) {
 }
 
 TEST_F(Progress, PumpHandsCancelToTheDialogAndThenStops) {
-    const HWND dialog = ShowPrinterRun();
-    Drain();
-    PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+    const DialogDriver dialog = ShowPrinterRun();
+    ServeMessages();
+    dialog.Press(IDCANCEL);
     PostOne();
     PrintProc(Device(), 0);
     EXPECT_EQ(session->report.CancelState, CANCEL_STOP);
     EXPECT_TRUE(Waits());
-    Drain();
+    ServeMessages();
 }
 
 TEST_F(Progress, KeysReachTheDialog) {
-    const HWND dialog = ShowPrinterRun();
-    Drain();
-    PostMessageA(GetDlgItem(dialog, IDCANCEL), WM_KEYDOWN, VK_ESCAPE, 0);
+    const DialogDriver dialog = ShowPrinterRun();
+    ServeMessages();
+    PostMessageA(dialog.Control(IDCANCEL), WM_KEYDOWN, VK_ESCAPE, 0);
     PrintProc(Device(), 0);
     EXPECT_EQ(session->report.CancelState, CANCEL_STOP);
 }
 
 TEST_F(Progress, SpoolersErrorCancelsAfterOneMessage) {
     const auto cancels = [&](ABORTPROC procedure, const int32_t &cancel_word) {
-        Drain();
+        ServeMessages();
         EXPECT_EQ(procedure(Device(), SP_ERROR), 1);
         EXPECT_EQ(cancel_word, CANCEL_NONE); // there was no message
         PostOne();
@@ -232,7 +229,7 @@ TEST_F(Progress, SpoolersErrorCancelsAfterOneMessage) {
         EXPECT_EQ(procedure(Device(), SP_ERROR), 1);
         EXPECT_EQ(cancel_word, CANCEL_STOP);
         EXPECT_TRUE(Waits());
-        Drain();
+        ServeMessages();
     };
     ShowPrinterRun();
     cancels(PrintProc, session->report.CancelState);
@@ -242,7 +239,7 @@ TEST_F(Progress, SpoolersErrorCancelsAfterOneMessage) {
 
 TEST_F(Progress, QuitIsLeftToTheHostsOwnLoop) {
     ShowPrinterRun();
-    Drain();
+    ServeMessages();
     PostQuitMessage(7);
     EXPECT_EQ(PrintProc(Device(), 0), 1);
     MSG message{};
@@ -257,13 +254,13 @@ TEST_F(Progress, QuitIsLeftToTheHostsOwnLoop) {
 // ---- the abort procedure of a preview's job ----------------------------------------------------
 
 TEST_F(Progress, PreviewsJobRefreshesItsPagesAndPumpsForAnyDeviceOfIts) {
-    const HWND dialog = ShowPreviewJob();
+    const DialogDriver dialog = ShowPreviewJob();
     const HDC other = CreateCompatibleDC(nullptr);
     NotePrinterContext(session, other);
     session->job.PageCount = 2;
     PostOne();
     EXPECT_EQ(ScrPrintProc(other, 0), 1);
-    EXPECT_EQ(ItemText(dialog, PROGRESS_PAGES), "2");
+    EXPECT_EQ(dialog.Text(PROGRESS_PAGES), "2");
     EXPECT_FALSE(Waits());
     DeleteDC(other);
 }
@@ -273,17 +270,17 @@ TEST_F(Progress, SilentPreviewsJobHasNoPump) {
     PostOne();
     EXPECT_EQ(ScrPrintProc(Device(), 0), 1);
     EXPECT_TRUE(Waits());
-    Drain();
+    ServeMessages();
 }
 
 // ---- the pump of a run to disk -----------------------------------------------------------------
 
 TEST_F(Progress, FilePumpRefreshesPagesAndHandsOutMessages) {
-    const HWND dialog = ShowFileRun();
+    const DialogDriver dialog = ShowFileRun();
     session->report.PageCount = 4;
     PostOne();
     FilePrintPump(session);
-    EXPECT_EQ(ItemText(dialog, PROGRESS_PAGES), "4");
+    EXPECT_EQ(dialog.Text(PROGRESS_PAGES), "4");
     EXPECT_FALSE(Waits());
 }
 
@@ -291,17 +288,17 @@ TEST_F(Progress, FilePumpWithoutADialogLeavesMessagesAlone) {
     PostOne();
     FilePrintPump(session);
     EXPECT_TRUE(Waits());
-    Drain();
+    ServeMessages();
 }
 
 TEST_F(Progress, FilePumpOfACancelledRunLeavesMessagesAlone) {
     ShowFileRun();
-    Drain();
+    ServeMessages();
     session->report.CancelState = CANCEL_STOP;
     PostOne();
     FilePrintPump(session);
     EXPECT_TRUE(Waits());
-    Drain();
+    ServeMessages();
 }
 
 // ---- which session a device belongs to ---------------------------------------------------------

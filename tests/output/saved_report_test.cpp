@@ -16,16 +16,17 @@
 #include "tests/support/page_texts.h"
 #include "tests/support/report_view.h"
 #include "tests/support/system_objects.h"
+#include "tests/support/window_driver.h"
 
 namespace {
 
 class AskedView : public ReportView {
 protected:
     void AnswerDevice(int row, int button) {
-        boxes.OnDialog("Output Device", [=, this](HWND dialog) {
-            offered = static_cast<int>(SendDlgItemMessageA(dialog, LIST_CHOICE, LB_GETCOUNT, 0, 0));
-            SendDlgItemMessageA(dialog, LIST_CHOICE, LB_SETCURSEL, static_cast<WPARAM>(row), 0);
-            PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
+        boxes.OnDialog("Output Device", [=, this](DialogDriver dialog) {
+            offered = static_cast<int>(dialog.Rows(LIST_CHOICE).size());
+            dialog.Select(LIST_CHOICE, row);
+            dialog.Press(button);
         });
     }
     int offered = 0;
@@ -102,20 +103,14 @@ TEST_F(ReportView, AnyOtherLetterCountsAsPrinter) {
 TEST_F(ReportView, EmptyNameIsAskedForAndComesBack) {
     block.ReportFileName[0] = 0;
     const std::string path = run.params.OutputFile;
-    boxes.OnDialog("Select Report File to View", [&](HWND dialog) {
-        HWND edit = GetDlgItem(dialog, 0x480);
-        if (!edit) edit = GetDlgItem(dialog, 0x47C);
-        SendMessageA(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
-        PostMessageA(dialog, WM_COMMAND, IDOK, 0);
-    });
+    boxes.AnswerDialog("Select Report File to View", FILE_NAME, path, IDOK);
     ASSERT_TRUE(Show(1)) << boxes.LastText();
     EXPECT_EQ(+block.ReportFileName, path);
 }
 
 TEST_F(ReportView, CancelledNameGivesNoPage) {
     block.ReportFileName[0] = 0;
-    boxes.OnDialog("Select Report File to View",
-                   [](HWND dialog) { PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0); });
+    boxes.AnswerDialog("Select Report File to View", IDCANCEL);
     EXPECT_FALSE(Show(1));
     EXPECT_EQ(number, 1);
     EXPECT_TRUE(boxes.Log().empty());
@@ -237,12 +232,8 @@ TEST_F(ReportView, WindowHasTheBlocksPlaceAndStyleAndNoNameAndItsBarsAtTheStart)
         EXPECT_EQ(place.top, 40);
         EXPECT_TRUE(GetWindowLongA(window, GWL_STYLE) & WS_THICKFRAME);
         for (const int bar : {SB_HORZ, SB_VERT}) {
-            int low = -1;
-            int high = -1;
-            GetScrollRange(window, bar, &low, &high);
-            EXPECT_EQ(low, 0);
-            EXPECT_EQ(high, 100);
-            EXPECT_EQ(GetScrollPos(window, bar), 0);
+            EXPECT_EQ(DrivenWindow(window).ScrollRange(bar), (std::pair{0, 100}));
+            EXPECT_EQ(DrivenWindow(window).ScrollPosition(bar), 0);
         }
         RECT client{};
         GetClientRect(window, &client);

@@ -30,16 +30,12 @@ struct Prompter {
         boxes.OnDialog("User Field Prompt", [this](HWND dialog) { Answer(dialog); });
     }
 
-    void Answer(HWND dialog) {
-        const auto text = [&](int control) {
-            char shown[100] = "";
-            GetDlgItemTextA(dialog, control, shown, sizeof shown);
-            return std::string(shown);
-        };
+    void Answer(DialogDriver dialog) {
+        const auto text = [&](int control) { return dialog.Text(control); };
         shown.push_back(text(PROMPT) + "|" + text(INPUT) + "|" + text(PREVIOUS) + "|" + text(NEXT));
         const Step step = place_ < steps_.size() ? steps_[place_++] : Step{"-", PREVIOUS};
-        if (step.answer != "-") SetDlgItemTextA(dialog, INPUT, step.answer.c_str());
-        PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(step.button), 0);
+        if (step.answer != "-") dialog.SetText(INPUT, step.answer);
+        dialog.Press(step.button);
     }
 
     MessageBoxes boxes;
@@ -231,10 +227,10 @@ TEST(Prompts, HelpIs3016AndTheDialogStays) {
     MessageBoxes boxes;
     const HelpCall help;
     bool open_behind = false;
-    boxes.OnDialog("User Field Prompt", [&](HWND dialog) {
-        SendMessageA(dialog, WM_COMMAND, DIALOG_HELP, 0);
+    boxes.OnDialog("User Field Prompt", [&](DialogDriver dialog) {
+        dialog.Send(DIALOG_HELP);
         open_behind = IsWindow(dialog);
-        PostMessageA(dialog, WM_COMMAND, PREVIOUS, 0);
+        dialog.Press(PREVIOUS);
     });
     EXPECT_EQ(ReportRun(form).Start(), CODE_CANCELLED);
     EXPECT_TRUE(open_behind);
@@ -248,9 +244,9 @@ TEST(Prompts, PromptShowsItsAmpersands) {
     form.Ask("X", TYPE_TEXT, 0);
     MessageBoxes boxes;
     LONG style = 0;
-    boxes.OnDialog("User Field Prompt", [&](HWND dialog) {
-        style = GetWindowLongA(GetDlgItem(dialog, PROMPT), GWL_STYLE);
-        PostMessageA(dialog, WM_COMMAND, PREVIOUS, 0);
+    boxes.OnDialog("User Field Prompt", [&](DialogDriver dialog) {
+        style = GetWindowLongA(dialog.Control(PROMPT), GWL_STYLE);
+        dialog.Press(PREVIOUS);
     });
     EXPECT_EQ(ReportRun(form).Start(), CODE_CANCELLED);
     EXPECT_TRUE(style & SS_NOPREFIX);
@@ -268,14 +264,14 @@ TEST(Prompts, InputIsAsWideAsItsFieldAndStandsInTheMiddleWithTheFocus) {
         RECT drawn{0, 26, 0, 14}; // of the template: top and height
         POINT client{};
         bool has_focus = false;
-        boxes.OnDialog("User Field Prompt", [&](HWND dialog) {
-            const HWND input = GetDlgItem(dialog, PROMPT_INPUT);
+        boxes.OnDialog("User Field Prompt", [&](DialogDriver dialog) {
+            const HWND input = dialog.Control(PROMPT_INPUT);
             GetWindowRect(dialog, &outer);
             GetWindowRect(input, &place);
             MapDialogRect(dialog, &drawn);
             ClientToScreen(dialog, &client);
             has_focus = GetFocus() == input;
-            PostMessageA(dialog, WM_COMMAND, PREVIOUS, 0);
+            dialog.Press(PREVIOUS);
         });
         EXPECT_EQ(ReportRun(form).Start(), CODE_CANCELLED);
         const int inner = outer.right - outer.left - 2 * GetSystemMetrics(7);

@@ -464,9 +464,9 @@ TEST(RecordDriver, RunInsideACallTakesNoOther) {
     FormBuilder::Store({zero, 506, form.number, 507, zero},
                        form.sections[SECTION_DETAIL_1].SectionFilter);
     MessageBoxes boxes;
-    boxes.OnDialog("Fatal Error", [](HWND box) {
+    boxes.OnDialog("Fatal Error", [](DialogDriver box) {
         ReEnter();
-        PostMessageA(box, WM_COMMAND, IDOK, 0);
+        box.Press(IDOK);
     });
     ReportRun run(form);
     run.params.PictureProc = PaintAndReEnter;

@@ -372,10 +372,10 @@ class EndOfAPreview : public PreviewRun {};
 TEST_F(EndOfAPreview, CloseBehindAFailureOfTheEndWaitsForItsAnswer) {
     ASSERT_EQ(Feed(2), 0);
     bool open_behind = false;
-    boxes.OnDialog("Fatal Error", [&](HWND box) {
+    boxes.OnDialog("Fatal Error", [&](DialogDriver box) {
         Send(WM_CLOSE, 0);
         open_behind = Open();
-        PostMessageA(box, WM_COMMAND, IDOK, 0);
+        box.Press(IDOK);
     });
     const FailingCall failing("CopyMetaFileA", CopyMetaFileA, nullptr);
     EXPECT_EQ(run.Finish(), CODE_FILE);

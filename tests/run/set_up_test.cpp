@@ -38,22 +38,16 @@ Session *SessionOf(const ReportRun &run) {
 
 // Answers the choice of the device with a row of its list, -1 for Cancel.
 void ChooseDevice(MessageBoxes *boxes, int row) {
-    boxes->OnDialog("Output Device", [row](HWND dialog) {
-        SendDlgItemMessageA(dialog, LIST_CHOICE, LB_SETCURSEL, static_cast<WPARAM>(row), 0);
-        PostMessageA(dialog, WM_COMMAND, row < 0 ? IDCANCEL : IDOK, 0);
+    boxes->OnDialog("Output Device", [row](DialogDriver dialog) {
+        dialog.Select(LIST_CHOICE, row);
+        dialog.Press(row < 0 ? IDCANCEL : IDOK);
     });
 }
 
 // Answers the choice of the report's file; an empty name cancels.
 void ChooseFile(MessageBoxes *boxes, const std::string &name) {
-    boxes->OnDialog("Report File Name Selection", [name](HWND dialog) {
-        constexpr int NAME_EDIT = 0x480;
-        constexpr int NAME_COMBO = 0x47C;
-        HWND edit = GetDlgItem(dialog, NAME_EDIT);
-        if (!edit) edit = GetDlgItem(dialog, NAME_COMBO);
-        SendMessageA(edit, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(name.c_str()));
-        PostMessageA(dialog, WM_COMMAND, name.empty() ? IDCANCEL : IDOK, 0);
-    });
+    boxes->AnswerDialog("Report File Name Selection", FILE_NAME, name,
+                        name.empty() ? IDCANCEL : IDOK);
 }
 
 } // namespace

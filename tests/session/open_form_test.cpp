@@ -308,9 +308,9 @@ TEST_F(OpenFormTest, OpenedFormIsUnmodifiedAndTheHostKnowsIt) {
     ASSERT_EQ(StartOn(form), 0);
     EXPECT_EQ(host.Count(MESSAGE_MODIFIED) + host.Count(MESSAGE_UNMODIFIED), 0);
     form.Label(SECTION_DETAIL_1, 30000, 0, 100, 50, "far");
-    boxes.OnDialog("Warning", [&](HWND warning) {
+    boxes.OnDialog("Warning", [&](DialogDriver warning) {
         SetModified(session, 1); // while the form is being opened
-        PostMessageA(warning, WM_COMMAND, IDOK, 0);
+        warning.Press(IDOK);
     });
     ASSERT_EQ(StartOn(form), 0);
     EXPECT_EQ(session->form.FormModified, 0u);

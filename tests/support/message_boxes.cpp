@@ -2,26 +2,13 @@
 
 #include <algorithm>
 
+#include "tests/support/window_driver.h"
+
 namespace {
 
 MessageBoxes *current = nullptr;
 
-std::string WindowText(HWND window) {
-    char text[2048] = "";
-    GetWindowTextA(window, text, sizeof text);
-    return text;
-}
-
 } // namespace
-
-std::string ItemText(HWND dialog, int control) { return WindowText(GetDlgItem(dialog, control)); }
-
-std::vector<std::string> DialogTexts(HWND dialog) {
-    std::vector<std::string> texts{WindowText(dialog)};
-    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        texts.push_back(WindowText(child));
-    return texts;
-}
 
 MessageBoxes::MessageBoxes() {
     current = this;
@@ -36,6 +23,14 @@ MessageBoxes::~MessageBoxes() {
 
 void MessageBoxes::OnDialog(const std::string &title, std::function<void(HWND)> routine) {
     dialogs_[title] = std::move(routine);
+}
+
+void MessageBoxes::AnswerDialog(const std::string &title, int control, const std::string &text,
+                                int button) {
+    OnDialog(title, [=](DialogDriver dialog) {
+        if (control) dialog.SetText(control, text);
+        dialog.Press(button);
+    });
 }
 
 std::vector<std::string> MessageBoxes::Texts() const {

@@ -7,7 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "state/windows.h"
+#include "frame/windows.h"
+#include "tests/support/dialog_driver.h"
 
 struct BoxRecord {
     std::string title;
@@ -16,11 +17,6 @@ struct BoxRecord {
 
     bool operator==(const BoxRecord &other) const = default;
 };
-
-// What a dialog shows in a control.
-std::string ItemText(HWND dialog, int control);
-// Its title and all its controls, from top to bottom.
-std::vector<std::string> DialogTexts(HWND dialog);
 
 // While one stands, every message box that opens is logged and answered: with the next answer
 // given to Answer, or else with its first button among OK, No, Cancel. A dialog whose title was
@@ -34,6 +30,9 @@ public:
 
     void Answer(int button) { answers_.push_back(button); }
     void OnDialog(const std::string &title, std::function<void(HWND)> routine);
+    // A dialog of the title gets a text in a control, if one is given, and a button.
+    void AnswerDialog(const std::string &title, int control, const std::string &text, int button);
+    void AnswerDialog(const std::string &title, int button) { AnswerDialog(title, 0, "", button); }
 
     const std::vector<BoxRecord> &Log() const { return log_; }
     std::vector<std::string> Texts() const; // of all boxes, in order

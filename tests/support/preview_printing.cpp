@@ -15,14 +15,14 @@ void PreviewPrinting::FeedToPage(int page) {
 }
 
 int PreviewPrinting::Ask(const char *first, const char *last) {
-    boxes.OnDialog("Print Selected Pages", [this, first, last](HWND dialog) {
-        SetDlgItemTextA(dialog, PRINT_FIRST_PAGE, first);
-        SetDlgItemTextA(dialog, PRINT_LAST_PAGE, last);
-        SetFocus(GetDlgItem(dialog, IDOK));
-        SendMessageA(dialog, WM_COMMAND, IDOK, 0);
+    boxes.OnDialog("Print Selected Pages", [this, first, last](DialogDriver dialog) {
+        dialog.SetText(PRINT_FIRST_PAGE, first);
+        dialog.SetText(PRINT_LAST_PAGE, last);
+        SetFocus(dialog.Control(IDOK));
+        dialog.Send(IDOK);
         if (IsWindowEnabled(Window())) return; // it was accepted
-        focus_behind_refusal = GetDlgCtrlID(GetFocus());
-        PostMessageA(dialog, WM_COMMAND, IDCANCEL, 0);
+        focus_behind_refusal = dialog.Focus();
+        dialog.Press(IDCANCEL);
     });
     return tessarine::PrintPages(session, 1);
 }

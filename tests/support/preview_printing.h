@@ -16,6 +16,7 @@ protected:
     // Enters a range in the dialog and, when it is refused, cancels.
     int Ask(const char *first, const char *last);
     int Print(int first, int last);
+    DialogDriver Progress() const { return session->job.Progress.AbortDialog; }
     BoxRecord Last() const { return boxes.Log().empty() ? BoxRecord{} : boxes.Log().back(); }
 
     int focus_behind_refusal = 0;

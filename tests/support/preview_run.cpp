@@ -1,10 +1,5 @@
 #include "tests/support/preview_run.h"
 
-HWND FileNameOf(HWND dialog) {
-    const HWND edit = GetDlgItem(dialog, 0x480);
-    return edit ? edit : GetDlgItem(dialog, 0x47C);
-}
-
 FiveAPage::FiveAPage() {
     const int name = Field(FIELD_DATA, "NAME", TYPE_TEXT);
     Section(SECTION_DETAIL_1, 500);
@@ -47,25 +42,11 @@ bool PreviewRun::Open() const {
     return tessarine::GetSessionPointer(nullptr, run.params.SessionId) == session;
 }
 
-void PreviewRun::AnswerDialog(const char *title, int control, const std::string &text, int button) {
-    boxes.OnDialog(title, [=](HWND dialog) {
-        const HWND place = control == FILE_NAME ? FileNameOf(dialog) : GetDlgItem(dialog, control);
-        if (place) SendMessageA(place, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str()));
-        PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
-    });
-}
-
 std::string PreviewRun::Enabled() const {
     std::string enabled;
-    for (const UINT number : {COMMAND_JUMP, COMMAND_PRINT, COMMAND_FIT, COMMAND_SAVE, COMMAND_EXIT})
-        enabled += GetMenuState(GetMenu(Window()), number, MF_BYCOMMAND) & MF_GRAYED ? '-' : 'x';
+    for (const int number : {COMMAND_JUMP, COMMAND_PRINT, COMMAND_FIT, COMMAND_SAVE, COMMAND_EXIT})
+        enabled += MenuEnabled(number) ? 'x' : '-';
     return enabled;
-}
-
-std::string PreviewRun::MenuText(int number) const {
-    char text[40] = "";
-    GetMenuStringA(GetMenu(Window()), static_cast<UINT>(number), text, sizeof text, MF_BYCOMMAND);
-    return text;
 }
 
 int PreviewRun::FilesOfPages() const {

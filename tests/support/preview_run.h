@@ -7,13 +7,9 @@
 #include "output/preview.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/report_run.h"
+#include "tests/support/window_driver.h"
 
 using enum tessarine::PreviewCommand;
-
-constexpr int FILE_NAME = -1; // in place of a control: where a file dialog takes the name
-
-// The edit control or the combo box of a file dialog, as the system has it.
-HWND FileNameOf(HWND dialog);
 
 // A list of five records a page.
 struct FiveAPage : FormBuilder {
@@ -21,7 +17,7 @@ struct FiveAPage : FormBuilder {
 };
 
 // A preview while its run is going on, and behind it, in a window of half a page.
-class PreviewRun : public testing::Test {
+class PreviewRun : public testing::Test, public WindowDriver {
 protected:
     explicit PreviewRun(const FormBuilder &form = FiveAPage{});
     ~PreviewRun() override;
@@ -32,17 +28,9 @@ protected:
     void Finish(int records); // a finished run of so many records
 
     bool Open() const; // the session stands
-    HWND Window() const { return session->Window; }
-    void Send(UINT message, WPARAM wParam) { SendMessageA(Window(), message, wParam, 0); }
-    void Command(int number) { Send(WM_COMMAND, static_cast<WPARAM>(number)); }
-    void Scroll(UINT message, int code, int position = 0) {
-        Send(message, MAKEWPARAM(code, position));
-    }
-    // Dialogs of the title get the text in a control, unless that is 0, and a button.
-    void AnswerDialog(const char *title, int control, const std::string &text, int button);
+    HWND Window() const override { return session->Window; }
 
     std::string Enabled() const; // of Jump, Print, Preview, Save, Exit: 'x', or '-' when grey
-    std::string MenuText(int number) const;
     int Page() const { return session->pages.ShownPageIndex + 1; }
     int FilesOfPages() const; // in the run's folder
 

@@ -30,7 +30,7 @@ protected:
     bool Open() const {
         return tessarine::GetSessionPointer(nullptr, run->params.SessionId) != nullptr;
     }
-    HWND Dialog() const { return session->progress.AbortDialog; }
+    DialogDriver Dialog() const { return session->progress.AbortDialog; }
     BoxRecord Last() const { return boxes.Log().empty() ? BoxRecord{} : boxes.Log().back(); }
 
     HostWindow host;
