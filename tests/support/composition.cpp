@@ -57,26 +57,22 @@ Composition::~Composition() {
 SectionRecord &Composition::Section(int section, int height, int flags, int across) {
     SectionRecord &record = session->form.Sections[section];
     section_ = section;
-    record.InUse = 1;
-    record.SectionFlags = static_cast<uint16_t>(flags);
+    rows_.Section(section, height, flags);
+    ItemRecord &bar = session->form.Items[record.BarItem];
+    bar.x = 0;
+    bar.width = BAR_WIDTH;
+    bar.height = Short(height + 1);
     record.Across = Short(across);
     record.SectionFilter[0] = CELL_END;
     record.SectionHeight = Short(height);
-    record.BarItem = record.FirstItem = Short(session->form.TotalItems);
-    record.ItemTotal = 0;
-    Item(ITEM_BAR, 0, 0, BAR_WIDTH, height + 1);
+    record.FirstItem = record.BarItem;
+    record.ItemTotal = 1;
     return record;
 }
 
 ItemRecord &Composition::Item(int type, int x, int y, int width, int height) {
-    ItemRecord &item = session->form.Items[session->form.TotalItems++];
-    item.ItemType = static_cast<uint16_t>(type);
-    item.x = Short(x);
-    item.y = Short(y);
-    item.width = Short(width);
-    item.height = Short(height);
+    ItemRecord &item = rows_.Item(type, section_, x, y, width, height);
     item.ItemFlags = FLAG_LEFT | FLAG_TOP;
-    item.SectionIndex = Short(section_);
     ++session->form.Sections[section_].ItemTotal;
     return item;
 }
@@ -116,27 +112,18 @@ int Composition::NumberField(int32_t value) {
 
 int Composition::CalcField(const std::vector<int> &cells) {
     const int row = session.AddField(FIELD_CALC, "CALC->C", TYPE_NUMERIC);
-    size_t place = 0;
-    for (const int cell : cells) Field(row).FieldTokens[place++] = static_cast<uint16_t>(cell);
-    Field(row).FieldTokens[place] = CELL_END;
+    FormRows::Store(cells, Field(row).FieldTokens);
     return row;
 }
 
 int Composition::Constant(int32_t value) {
-    const int row = session.AddField(FIELD_CONSTANT, std::to_string(value), TYPE_NUMERIC);
-    Field(row).LongValue = value;
-    Field(row).DoubleValue = value;
-    return row;
+    return rows_.Constant(std::to_string(value), TYPE_NUMERIC, value, value);
 }
 
-void Composition::Break(int field, int header) {
-    session->form.Breaks[session->form.BreakCount++] = {Short(field), Short(field), Short(header)};
-}
+void Composition::Break(int field, int header) { rows_.Break(field, field, header); }
 
 void Composition::Filter(int section, const std::vector<int> &cells) {
-    uint16_t *filter = session->form.Sections[section].SectionFilter;
-    for (const int cell : cells) *filter++ = static_cast<uint16_t>(cell);
-    *filter = CELL_END;
+    FormRows::Store(cells, session->form.Sections[section].SectionFilter);
 }
 
 std::vector<std::string> Composition::DrawingOfLast() {

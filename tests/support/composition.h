@@ -59,6 +59,7 @@ private:
     static std::vector<std::string> MarksOf(const std::string &metafile);
     std::string Record(); // the bytes of the open recording, which a fresh one follows
 
+    SessionForm rows_{session};
     std::vector<FieldRecord> input_;
     DEVMODEA mode_{};
     int section_ = 0;

@@ -49,78 +49,16 @@ FormBuilder::FormBuilder() {
     fonts.push_back(font);
 }
 
-int FormBuilder::Section(int section, int height, int flags) {
-    sections[section].InUse = 1;
-    sections[section].SectionFlags = static_cast<uint16_t>(flags);
-    Item(ITEM_BAR, section, 125, 0, 1875, height + BAR_HEIGHT);
-    return section;
-}
-
-int FormBuilder::Field(int kind, const std::string &name, int type, int width) {
+int FormBuilder::AddField(const FieldRecord &field) {
     if (fields.size() == 32) fields.push_back(FreeField());
-    FieldRecord field{};
-    field.FieldKind = static_cast<uint16_t>(kind);
-    field.HostTable = field.HostField = -1;
-    field.ValueType = Short(type);
-    field.FieldWidth = Short(width);
-    field.Modifiable = field.InUse = 1;
-    field.TableIndex = -1;
-    Put(field.FieldName, name);
-    Put(field.DateDelimiter, "/");
-    Put(field.ThousandsChar, ",");
-    Put(field.DecimalChar, ".");
-    Put(field.TrueText, "Y");
-    Put(field.FalseText, "N");
-    Put(field.NegativePrefix, "-");
-    Put(field.ZeroText, "0");
-    field.FieldTokens[0] = CELL_END;
-    field.LineBreakChar[0] = '\r';
     fields.push_back(field);
     return static_cast<int>(fields.size()) - 1;
 }
 
-int FormBuilder::Constant(const std::string &literal, int type, int32_t value, double number) {
-    const int row = Field(FIELD_CONSTANT, literal, type, static_cast<int>(literal.size()) + 1);
-    fields[static_cast<size_t>(row)].LongValue = value;
-    fields[static_cast<size_t>(row)].DoubleValue = number;
-    fields[static_cast<size_t>(row)].FieldFlags = FIELD_SHARED;
-    return row;
-}
-
-ItemRecord &FormBuilder::Item(int type, int section, int x, int y, int width, int height) {
-    ItemRecord item{};
-    item.ItemType = static_cast<uint16_t>(type);
-    item.x = Short(x);
-    item.y = Short(y);
-    item.width = Short(width);
-    item.height = Short(height);
-    item.ItemFlags = FLAG_LEFT | FLAG_MIDDLE;
-    item.SectionIndex = Short(section);
-    items[section].push_back(item);
-    return items[section].back();
-}
-
-ItemRecord &FormBuilder::Label(int section, int x, int y, int width, int height,
-                               const std::string &text) {
-    ItemRecord &item = Item(ITEM_LABEL, section, x, y + BAR_HEIGHT, width, height);
-    Put(item.LabelText, text);
-    return item;
-}
-
-ItemRecord &FormBuilder::FieldItem(int section, int x, int y, int width, int height, int field) {
-    ItemRecord &item = Item(ITEM_FIELD, section, x, y + BAR_HEIGHT, width, height);
-    item.FieldIndex = Short(field);
-    return item;
-}
-
-ItemRecord &FormBuilder::Line(int section, int x, int y, int width, int height, int angle) {
-    ItemRecord &item = Item(ITEM_LINE, section, x, y + BAR_HEIGHT, width, height);
-    item.LineAngle = Short(angle);
-    return item;
-}
-
-void FormBuilder::Break(int sort_field, int break_field, int section) {
-    breaks.push_back({Short(sort_field), Short(break_field), Short(section)});
+ItemRecord &FormBuilder::AddItem(const ItemRecord &item) {
+    auto &own = items[item.SectionIndex];
+    own.push_back(item);
+    return own.back();
 }
 
 int FormBuilder::UserField(const std::string &name, int type, int order) {
@@ -133,12 +71,6 @@ int FormBuilder::UserField(const std::string &name, int type, int order) {
     Put(users[row].UserName, name);
     Put(users[row].UserPrompt, name);
     return row;
-}
-
-void FormBuilder::Store(const std::vector<int> &cells, void *target) {
-    std::vector<uint16_t> list(cells.begin(), cells.end());
-    list.push_back(CELL_END);
-    std::memcpy(target, list.data(), list.size() * sizeof list[0]);
 }
 
 std::string FormBuilder::Bytes() const {

@@ -4,26 +4,14 @@
 #include <string>
 #include <vector>
 
-#include "tessarine_records.h"
+#include "tests/support/form_rows.h"
 
-class FormBuilder {
+class FormBuilder : public FormRows {
 public:
     FormBuilder(); // a report form with margins of half an inch and no sections
 
-    // Adds a section with its bar; height in form units without the caption. Returns the section.
-    int Section(int section, int height, int flags = 0);
-    // Adds a field row and returns it.
-    int Field(int kind, const std::string &name, int type, int width = 15);
-    int Constant(const std::string &literal, int type, int32_t value = 0, double number = 0.0);
-    // Adds items to a section; y in form units from the top of the section below its caption.
-    ItemRecord &Label(int section, int x, int y, int width, int height, const std::string &text);
-    ItemRecord &FieldItem(int section, int x, int y, int width, int height, int field);
-    ItemRecord &Line(int section, int x, int y, int width, int height, int angle);
-    void Break(int sort_field, int break_field, int header);
     int UserField(const std::string &name, int type, int order);
     void Filter(const std::vector<int> &cells) { Store(cells, header.ReportFilter); }
-    // Writes cells and terminator to an expression, which may lie at any address.
-    static void Store(const std::vector<int> &cells, void *target);
 
     std::string Bytes() const; // the form file
     void Write(const std::string &path) const;
@@ -37,5 +25,10 @@ public:
     std::vector<ItemRecord> items[MAX_SECTIONS]; // by section, the bar first
 
 private:
-    ItemRecord &Item(int type, int section, int x, int y, int width, int height);
+    int BarHeight() const override { return header.BarHeight; }
+    SectionRecord &SectionRow(int section) override { return sections[section]; }
+    FieldRecord &FieldRow(int row) override { return fields[static_cast<size_t>(row)]; }
+    int AddField(const FieldRecord &field) override;
+    ItemRecord &AddItem(const ItemRecord &item) override;
+    void AddBreak(const BreakFieldRecord &row) override { breaks.push_back(row); }
 };

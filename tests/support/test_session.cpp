@@ -12,7 +12,6 @@
 #include "form/form_tables.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
-#include "frame/text.h"
 
 namespace {
 
@@ -51,19 +50,23 @@ int OpenSessions() {
                                           [](const Session *session) { return session; }));
 }
 
-int BareSession::AddField(int kind, const std::string &name, int type, int width) {
+int SessionForm::AddField(const FieldRecord &field) {
     const int row = tessarine::NewFieldSlot(session_);
-    FieldRecord *field = &session_->form.Fields[row];
-    tessarine::InitField(session_, field);
-    field->FieldKind = static_cast<uint16_t>(kind);
-    tessarine::CopyText(name.c_str(), field->FieldName, sizeof field->FieldName);
-    field->ValueType = static_cast<int16_t>(type);
-    field->FieldWidth = static_cast<int16_t>(width);
-    if (type == TYPE_TEXT) {
-        field->TextValue = static_cast<char *>(tessarine::OurAlloc(static_cast<size_t>(width) + 2));
-        field->TextValue[0] = 0;
+    FieldRecord &record = FieldRow(row);
+    record = field;
+    if (field.ValueType == TYPE_TEXT) {
+        const auto room = static_cast<size_t>(field.FieldWidth) + 2;
+        record.TextValue = static_cast<char *>(tessarine::OurAlloc(room));
+        record.TextValue[0] = 0;
     }
     return row;
+}
+
+ItemRecord &SessionForm::AddItem(const ItemRecord &item) {
+    const int row = session_->form.TotalItems++;
+    if (item.ItemType == ITEM_BAR)
+        SectionRow(item.SectionIndex).BarItem = static_cast<int16_t>(row);
+    return session_->form.Items[row] = item;
 }
 
 TemporaryFolder::TemporaryFolder() {

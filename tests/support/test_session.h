@@ -3,7 +3,27 @@
 
 #include <string>
 
-#include "state/session.h"
+#include "frame/session.h"
+#include "tests/support/form_rows.h"
+
+// Makes rows in the tables of a session, in the order in which they come. A text has a value with
+// room for its width.
+class SessionForm : public FormRows {
+public:
+    explicit SessionForm(Session *session) : session_(session) {}
+
+private:
+    int BarHeight() const override { return session_->form.Header.BarHeight; }
+    SectionRecord &SectionRow(int section) override { return session_->form.Sections[section]; }
+    FieldRecord &FieldRow(int row) override { return session_->form.Fields[row]; }
+    int AddField(const FieldRecord &field) override;
+    ItemRecord &AddItem(const ItemRecord &item) override;
+    void AddBreak(const BreakFieldRecord &row) override {
+        session_->form.Breaks[session_->form.BreakCount++] = row;
+    }
+
+    Session *session_;
+};
 
 // A session with its built-in tables and its four fixed tables, without window, printer or form.
 // It stands in the session table for as long as the object lives. Font row 0 is a font of
@@ -19,7 +39,9 @@ public:
     operator Session *() { return session_; }
 
     // Takes the next field row: kind, name, type and width.
-    int AddField(int kind, const std::string &name, int type, int width = 15);
+    int AddField(int kind, const std::string &name, int type, int width = 15) {
+        return SessionForm(session_).Field(kind, name, type, width);
+    }
 
 private:
     Session *session_;
