@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 // Controls of the common dialogs, as the system has them.
 enum CommonControl {

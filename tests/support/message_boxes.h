@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 #include "tests/support/dialog_driver.h"
 
 struct BoxRecord {

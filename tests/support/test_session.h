@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "frame/session.h"
+#include "state/session.h"
 #include "tests/support/form_rows.h"
 
 // Makes rows in the tables of a session, in the order in which they come. A text has a value with

@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 std::string WindowText(HWND window);
 
