@@ -4,58 +4,11 @@
 #include <cstddef>
 #include <string_view>
 
+#include "operators.h"
 #include "state/session.h"
 
 namespace tessarine {
 
-enum { // rows of OperatorTable that do something
-    OP_PLUS = 503,
-    OP_MINUS,
-    OP_TIMES,
-    OP_DIVIDE,
-    OP_EQUAL,
-    OP_NOT_EQUAL,
-    OP_POINT, // means the same as OP_NOT_EQUAL
-    OP_GREATER,
-    OP_LESS,
-    OP_NOT_LESS,
-    OP_NOT_GREATER,
-    OP_OR,
-    OP_AND,
-    OP_NOT,
-    OP_CONTAINED,
-    OP_COMMA,
-    OP_TOTAL,
-    OP_AVERAGE,
-    OP_MAX_OF,
-    OP_MIN_OF,
-    OP_COUNT,
-    OP_IF,
-    OP_THEN,
-    OP_ELSE,
-    OP_LEN,
-    OP_UPPER,
-    OP_LOWER,
-    OP_TRIM,
-    OP_WORD,
-    OP_CHAR,
-    OP_MIN,
-    OP_MAX,
-    OP_VAL,
-    OP_ROUND,
-    OP_ABS,
-    OP_WEEKDAY,
-    OP_DAY,
-    OP_MONTH,
-    OP_YEAR,
-    OP_LEFT,
-    OP_RIGHT,
-    OP_STR,
-    OP_DTOC,
-    OP_DTOS,
-    OP_CTOD,
-    OP_MONTHTOS
-};
 static_assert(int{OP_MONTHTOS} == int{CELL_LAST_OPERATOR});
 
 enum { // answers of an operation

@@ -1,5 +1,6 @@
 #include "expr/postfix.h"
 
+#include "expr/operations.h"
 #include "frame/message_box.h"
 
 namespace tessarine {
@@ -7,11 +8,6 @@ namespace tessarine {
 namespace {
 
 constexpr int STACK_SIZE = 100;
-constexpr int LEFT_PARENTHESIS = 501;
-constexpr int RIGHT_PARENTHESIS = 502;
-constexpr int PLUS = 503;
-constexpr int MINUS = 504;
-constexpr int COMMA = 518;
 
 const OperatorRow &RowOf(const Session *session, int cell) {
     return session->form.OperatorTable[cell - CELL_FIRST_OPERATOR];
@@ -41,7 +37,7 @@ struct Conversion {
     int Pop() {
         if (depth > 0) return stack[--depth];
         Fail("Parenthesis mismatch or stack underflow.");
-        return LEFT_PARENTHESIS;
+        return OP_LEFT_PARENTHESIS;
     }
     // The postfix of a legal list can pass the cells that a form keeps for it.
     void Append(int cell) {
@@ -66,7 +62,7 @@ int MoveFunctionsToCommas(Conversion *conversion, const Cell *infix, uint16_t *w
         if (IsBinaryFunction(conversion->session, cell))
             conversion->Push(cell);
         else
-            work[count++] = static_cast<uint16_t>(cell == COMMA ? conversion->Pop() : cell);
+            work[count++] = static_cast<uint16_t>(cell == OP_COMMA ? conversion->Pop() : cell);
         if (conversion->failed) return cell;
     }
     work[count] = CELL_END;
@@ -77,7 +73,7 @@ int MoveFunctionsToCommas(Conversion *conversion, const Cell *infix, uint16_t *w
 }
 
 void CloseParenthesis(Conversion *conversion) {
-    for (int cell = conversion->Pop(); cell != LEFT_PARENTHESIS; cell = conversion->Pop())
+    for (int cell = conversion->Pop(); cell != OP_LEFT_PARENTHESIS; cell = conversion->Pop())
         conversion->Append(cell);
 }
 
@@ -85,7 +81,7 @@ void CloseParenthesis(Conversion *conversion) {
 void PlaceOperator(Conversion *conversion, int cell) {
     const int precedence = RowOf(conversion->session, cell).Precedence;
     int popped = conversion->Pop();
-    while (popped != LEFT_PARENTHESIS &&
+    while (popped != OP_LEFT_PARENTHESIS &&
            RowOf(conversion->session, popped).Precedence >= precedence) {
         conversion->Append(popped);
         popped = conversion->Pop();
@@ -101,27 +97,27 @@ void PlaceCell(Conversion *conversion, int cell, bool at_start) {
         conversion->Append(cell);
         return;
     }
-    const bool sign = at_start && (cell == PLUS || cell == MINUS);
+    const bool sign = at_start && (cell == OP_PLUS || cell == OP_MINUS);
     if (RowOf(conversion->session, cell).Unary || sign) conversion->Append(CELL_NO_OPERAND);
-    if (cell == LEFT_PARENTHESIS)
+    if (cell == OP_LEFT_PARENTHESIS)
         conversion->Push(cell);
-    else if (cell == RIGHT_PARENTHESIS)
+    else if (cell == OP_RIGHT_PARENTHESIS)
         CloseParenthesis(conversion);
     else
         PlaceOperator(conversion, cell);
 }
 
 int Shunt(Conversion *conversion, const uint16_t *work) {
-    conversion->Push(LEFT_PARENTHESIS);
+    conversion->Push(OP_LEFT_PARENTHESIS);
     bool at_start = true;
     for (int place = 0; work[place] != CELL_END; ++place) {
         PlaceCell(conversion, work[place], at_start);
         if (conversion->failed) return work[place];
-        at_start = work[place] == LEFT_PARENTHESIS;
+        at_start = work[place] == OP_LEFT_PARENTHESIS;
     }
     CloseParenthesis(conversion);
     if (!conversion->failed && conversion->depth > 0) conversion->Fail("Parenthesis mismatch.");
-    return conversion->failed ? LEFT_PARENTHESIS : CELL_END;
+    return conversion->failed ? int{OP_LEFT_PARENTHESIS} : int{CELL_END};
 }
 
 bool CountsAsOperator(int cell) { return cell >= MAX_FIELDS && cell != CELL_NO_OPERAND; }

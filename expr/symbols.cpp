@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "expr/date_text.h"
+#include "expr/operations.h"
 #include "expr/tokenizer.h"
 #include "form/defaults.h"
 #include "form/field_table.h"
@@ -132,7 +133,7 @@ constexpr OperandRow operand_rows[] = {
     {'D', MakeDecimalNumber}, {'B', MakeLogical},
 };
 
-bool IsSummaryOperator(int cell) { return cell >= 519 && cell <= 523; }
+bool IsSummaryOperator(int cell) { return cell >= OP_TOTAL && cell <= OP_COUNT; }
 
 // The row of a new or shared operand; NO_CELL after a message.
 int OperandCell(Session *session, char token_class, const char *token, int cell_before) {
@@ -168,9 +169,9 @@ int NamedOperator(const Session *session, const char *token, int mode, const cha
 
 int CellOf(Session *session, char token_class, const char *token, int cell_before, int mode) {
     switch (token_class) {
-    case 'L': return 501;
-    case 'R': return 502;
-    case 'C': return 518;
+    case 'L': return OP_LEFT_PARENTHESIS;
+    case 'R': return OP_RIGHT_PARENTHESIS;
+    case 'C': return OP_COMMA;
     case 'O':
     case 'G': return NamedOperator(session, token, mode, "Invalid function or dot operator: %s");
     case 'P': return NamedOperator(session, token, 1, "Invalid operator: %s");

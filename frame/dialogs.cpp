@@ -2,11 +2,11 @@
 
 #include <cstring>
 
+#include "commands.h"
 #include "frame/fatal_error.h"
 #include "frame/message_box.h"
 #include "frame/session_table.h"
 #include "frame/text_numbers.h"
-#include "rep_dlg.h"
 
 namespace tessarine {
 

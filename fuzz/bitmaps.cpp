@@ -1,13 +1,13 @@
 #include <cstring>
 #include <exception>
 
-#include "frame/windows.h"
 #include "fuzz/changes.h"
 #include "fuzz/kinds.h"
 #include "fuzz/places.h"
 #include "fuzz/runs.h"
 #include "host/forms/form_image.h"
 #include "host/forms/form_json.h"
+#include "state/windows.h"
 
 namespace {
 

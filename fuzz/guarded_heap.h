@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 // From now on a module's calls of malloc and of the global blocks get such blocks.
 void GuardHeapOf(HMODULE module);

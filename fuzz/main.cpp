@@ -13,12 +13,12 @@
 #include <vector>
 
 #include "frame/session_table.h"
-#include "frame/windows.h"
 #include "fuzz/coverage.h"
 #include "fuzz/guarded_heap.h"
 #include "fuzz/kinds.h"
 #include "fuzz/places.h"
 #include "fuzz/watch.h"
+#include "state/windows.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/test_session.h"

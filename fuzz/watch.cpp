@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "frame/windows.h"
+#include "state/windows.h"
 
 namespace {
 

@@ -6,6 +6,7 @@
 #ifndef TESSARINE_H
 #define TESSARINE_H
 
+#include "session_head.h"
 #include "tessarine_records.h"
 
 #ifdef __cplusplus

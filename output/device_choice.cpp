@@ -1,9 +1,9 @@
 #include "output/device_choice.h"
 
+#include "commands.h"
 #include "form/defaults.h"
 #include "form/modified.h"
 #include "frame/dialogs.h"
-#include "rep_dlg.h"
 
 namespace tessarine {
 

@@ -1,10 +1,10 @@
 #include <algorithm>
 
+#include "commands.h"
 #include "frame/dialogs.h"
 #include "frame/text_numbers.h"
 #include "output/preview.h"
 #include "output/report_file.h"
-#include "rep_dlg.h"
 
 namespace tessarine {
 

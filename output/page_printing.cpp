@@ -1,3 +1,4 @@
+#include "commands.h"
 #include "device/printer.h"
 #include "frame/dialogs.h"
 #include "frame/fatal_error.h"
@@ -9,7 +10,6 @@
 #include "output/print_job.h"
 #include "output/progress_dialogs.h"
 #include "output/report_file.h"
-#include "rep_dlg.h"
 
 namespace tessarine {
 

@@ -4,6 +4,7 @@
 #include "form/label_measure.h"
 #include "frame/owned.h"
 #include "output/preview.h"
+#include "output/report_file.h"
 
 namespace tessarine {
 
@@ -161,6 +162,8 @@ void WriteStrip(const Session *session, const RECT &strip) {
 
 void PaintStatusStrip(Session *session) {
     if (!session->view.PaintEnabled || session->IgnoreMessages) return;
+    const int page_on_view = session->pages.ShownPage ? session->pages.ShownPageIndex + 1 : 0;
+    session->Preview = {page_on_view, FinishedPages(session)};
     const HDC device = session->view.MemoryDC;
     RECT strip = VisibleRectangle(session);
     strip.bottom = strip.top;

@@ -3,12 +3,12 @@
 #include <cstdio>
 #include <cstring>
 
+#include "commands.h"
 #include "frame/fatal_error.h"
 #include "frame/mapping.h"
 #include "frame/message_box.h"
 #include "frame/session_table.h"
 #include "output/progress_dialogs.h"
-#include "rep_dlg.h"
 
 namespace tessarine {
 

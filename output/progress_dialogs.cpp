@@ -1,8 +1,8 @@
 #include "output/progress_dialogs.h"
 
+#include "commands.h"
 #include "frame/dialogs.h"
 #include "frame/session_table.h"
-#include "rep_dlg.h"
 
 namespace tessarine {
 

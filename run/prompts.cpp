@@ -3,13 +3,13 @@
 #include <cstdio>
 #include <cstring>
 
+#include "commands.h"
 #include "expr/date_text.h"
 #include "form/modified.h"
 #include "frame/dialogs.h"
 #include "frame/message_box.h"
 #include "frame/text.h"
 #include "frame/text_numbers.h"
-#include "rep_dlg.h"
 
 namespace tessarine {
 

@@ -7,6 +7,7 @@
 
 #include <type_traits>
 
+#include "session_head.h"
 #include "state/device_state.h"
 #include "state/dialog_state.h"
 #include "state/drawing_state.h"
@@ -41,6 +42,7 @@ struct Session {
     FormParams FormBlock; // in a designer session
     RepParams RunBlock;   // in a run
     RepViewParams ViewBlock;
+    PreviewWords Preview; // what a host reads of a preview
 
     char CurrentFile[260]; // the form's file name as the user knows it
     HWND ParentWindow;
@@ -84,4 +86,7 @@ struct Session {
 };
 
 static_assert(std::is_trivially_copyable_v<Session>);
-static_assert(offsetof(Session, FormBlock) == 0);
+static_assert(offsetof(Session, FormBlock) == 0 &&
+              offsetof(Session, RunBlock) == offsetof(SessionHead, Run) &&
+              offsetof(Session, ViewBlock) == offsetof(SessionHead, View) &&
+              offsetof(Session, Preview) == offsetof(SessionHead, Preview));

@@ -113,9 +113,8 @@ void TellNothingSelected(const RunOptions &options) {
                  removed ? ("; the earlier " + options.output + " was removed").c_str() : "");
 }
 
-void ShowPreview(ReportRun *run, int pages, size_t records) {
-    run->Tell(std::to_string(pages) + (pages == 1 ? " page, " : " pages, ") +
-              std::to_string(records) + (records == 1 ? " record" : " records"));
+void ShowPreview(ReportRun *run, size_t records) {
+    run->Tell(std::to_string(records) + (records == 1 ? " record" : " records"));
     std::fprintf(stderr, "the preview is open; close its window to end\n");
     std::fflush(stderr);
     if (!run->Show()) throw Failure("stopped; the preview was closed", EXIT_CANCELLED);
@@ -139,7 +138,7 @@ int RunCommand(const RunOptions &options) {
     const size_t records = Feed(table, &run, options);
     const int pages = run.Finish();
     if (preview)
-        ShowPreview(&run, pages, records);
+        ShowPreview(&run, records);
     else if (pages == 0)
         TellNothingSelected(options);
     else if (!options.silent && request.target == Target::PRINTER)

@@ -9,6 +9,7 @@
 #include <span>
 
 #include "host/data/csv_source.h"
+#include "operators.h"
 
 namespace {
 
@@ -36,7 +37,7 @@ constexpr SystemField system_fields[] = {
     {"REC_COUNT", TYPE_NUMERIC}, {"PARA_BREAK", TYPE_TEXT}, {"REPORT_NAME", TYPE_TEXT},
 };
 
-bool IsSummary(int cell) { return cell >= 519 && cell <= 523; }
+bool IsSummary(int cell) { return cell >= OP_TOTAL && cell <= OP_COUNT; }
 bool IsDigit(char c) { return std::isdigit(static_cast<unsigned char>(c)); }
 
 std::string Upper(std::string text) {

@@ -1,36 +1,30 @@
 #include "host/run/preview_keys.h"
 
+#include <commands.h>
+
 #include <cstdlib>
 
 namespace {
 
-enum PreviewCommand {
-    PAGE_UP = 600,
-    PAGE_DOWN = 601,
-    LINE_UP = 602,
-    LINE_DOWN = 603,
-    LINE_LEFT = 604,
-    LINE_RIGHT = 605,
-    SAVE = 624,
-    JUMP = 694,
-    PRINT = 695,
-    TOGGLE = 696,
-    LEAVE = 697,
-};
-
 constexpr struct {
     WPARAM key;
     bool control;
-    PreviewCommand command;
+    UINT command;
     UINT menu; // 0, or the menu entry that must be enabled
 } keys[] = {
-    {VK_PRIOR, false, PAGE_UP, 0},    {VK_NEXT, false, PAGE_DOWN, 0},
-    {VK_UP, false, LINE_UP, 0},       {VK_DOWN, false, LINE_DOWN, 0},
-    {VK_LEFT, false, LINE_LEFT, 0},   {VK_RIGHT, false, LINE_RIGHT, 0},
-    {VK_SPACE, false, PAGE_DOWN, 0},  {VK_BACK, false, PAGE_UP, 0},
-    {VK_ESCAPE, false, LEAVE, LEAVE}, {'G', true, JUMP, JUMP},
-    {'P', true, PRINT, PRINT},        {'S', true, SAVE, SAVE},
-    {'Z', true, TOGGLE, TOGGLE},
+    {VK_PRIOR, false, COMMAND_PAGE_UP, 0},
+    {VK_NEXT, false, COMMAND_PAGE_DOWN, 0},
+    {VK_UP, false, COMMAND_LINE_UP, 0},
+    {VK_DOWN, false, COMMAND_LINE_DOWN, 0},
+    {VK_LEFT, false, COMMAND_LEFT, 0},
+    {VK_RIGHT, false, COMMAND_RIGHT, 0},
+    {VK_SPACE, false, COMMAND_PAGE_DOWN, 0},
+    {VK_BACK, false, COMMAND_PAGE_UP, 0},
+    {VK_ESCAPE, false, COMMAND_EXIT, COMMAND_EXIT},
+    {'G', true, COMMAND_JUMP, COMMAND_JUMP},
+    {'P', true, COMMAND_PRINT, COMMAND_PRINT},
+    {'S', true, COMMAND_SAVE, COMMAND_SAVE},
+    {'Z', true, COMMAND_FIT, COMMAND_FIT},
 };
 
 constexpr int LINES_A_NOTCH = 3;
@@ -51,7 +45,7 @@ bool ServeKey(HWND window, WPARAM key) {
 }
 
 void ServeWheel(HWND window, int delta) {
-    const WPARAM command = delta > 0 ? LINE_UP : LINE_DOWN;
+    const WPARAM command = delta > 0 ? COMMAND_LINE_UP : COMMAND_LINE_DOWN;
     const int lines = std::abs(delta) * LINES_A_NOTCH / WHEEL_DELTA;
     for (int line = 0; line < lines; ++line) PostMessageA(window, WM_COMMAND, command, 0);
 }

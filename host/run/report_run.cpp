@@ -25,14 +25,6 @@ template <size_t Size> void PutTempDirectory(char (&field)[Size]) {
     std::strncpy(field, folder, Size - 1);
 }
 
-// The preview of this thread; the library doesn't tell its window.
-HWND Preview() {
-    HWND window = nullptr;
-    do window = FindWindowExA(nullptr, window, "RepClass32", nullptr);
-    while (window && GetWindowThreadProcessId(window, nullptr) != GetCurrentThreadId());
-    return window;
-}
-
 } // namespace
 
 LabelWords::LabelWords(bool label_form) : label_form_(label_form) {
@@ -93,9 +85,24 @@ void ReportRun::Record() {
     Check(code, storing ? request_.output : request_.form);
 }
 
-void ReportRun::Tell(const std::string &text) const {
+void ReportRun::Tell(const std::string &text) {
+    told_ = text;
+    shown_ = {-1, -1}; // none that a preview shows
+    TellPage();
+}
+
+// The title is set anew only when it changes.
+void ReportRun::TellPage() {
+    const auto *head =
+        reinterpret_cast<const SessionHead *>(GetSessionPointer(nullptr, params_.SessionId));
+    if (!head || !std::memcmp(&head->Preview, &shown_, sizeof shown_)) return;
+    shown_ = head->Preview;
     const std::string name = request_.form.substr(request_.form.find_last_of("\\/:") + 1);
-    SetWindowTextA(Preview(), (name + " - " + text).c_str());
+    std::string title = name + " - ";
+    if (shown_.PageOnView > 0)
+        title += "page " + std::to_string(+shown_.PageOnView) + " of " +
+                 std::to_string(+shown_.FinishedPages) + ", ";
+    SetWindowTextA(head->View.ReportWindow, (title + told_).c_str());
 }
 
 std::string ReportRun::Printer() const {
@@ -128,6 +135,7 @@ bool ReportRun::Show() {
             TranslateMessage(&message);
             DispatchMessageA(&message);
         }
+        TellPage();
     }
     return true;
 }

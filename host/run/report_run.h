@@ -46,8 +46,8 @@ public:
     std::vector<std::string> Start();
     // The run's tables, from Start on.
     const RepParams &Params() const { return params_; }
-    // The text of the preview's title, behind the form's name.
-    void Tell(const std::string &text) const;
+    // Puts the page on view and this text into the preview's title, behind the form's name.
+    void Tell(const std::string &text);
     // Processes the record that stands in the tables.
     void Record();
     // The printer that the pages are laid out for, from Start on.
@@ -62,6 +62,7 @@ public:
 private:
     void Check(int code, const std::string &file);
     std::string LastText();
+    void TellPage();
 
     RunRequest request_;
     Unattended *unattended_;
@@ -70,4 +71,6 @@ private:
     std::optional<PartFile> part_; // of the report file
     ReportFileHeader made_{};
     bool open_ = false;
+    std::string told_; // what the title says behind the page
+    PreviewWords shown_{};
 };

@@ -8,6 +8,8 @@ const BlockSize block_sizes[] = {
     {"RepViewParams", sizeof(RepViewParams), 565},
     {"FormParams", sizeof(FormParams), 376},
     {"HostData", sizeof(HostData), 76},
+    {"PreviewWords", sizeof(PreviewWords), 8},
+    {"SessionHead", sizeof(SessionHead), 1834},
     {"NewFormData", sizeof(NewFormData), 330},
     {"FieldRecord", sizeof(FieldRecord), 543},
     {"LabelGeometry", sizeof(LabelGeometry), 40},

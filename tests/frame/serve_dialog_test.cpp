@@ -1,9 +1,9 @@
 // What all modal dialogs have from their frame.
 #include <gtest/gtest.h>
 
+#include "commands.h"
 #include "frame/boundary.h"
 #include "frame/dialogs.h"
-#include "rep_dlg.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/test_session.h"
 

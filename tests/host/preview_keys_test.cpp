@@ -7,7 +7,7 @@
 #include "output/preview.h"
 #include "tests/support/window_driver.h"
 
-using enum tessarine::PreviewCommand;
+using enum int;
 
 namespace {
 

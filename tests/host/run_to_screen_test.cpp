@@ -31,7 +31,7 @@ TEST_F(RunToScreen, PreviewStaysUntilTheUserClosesIt) {
     EXPECT_EQ(outcome.code, 0u) << outcome.output;
 }
 
-TEST_F(RunToScreen, TitleTellsFormAndProgressAndInTheEndThePages) {
+TEST_F(RunToScreen, TitleTellsFormPageAndRecordsAndFollowsThePageOnView) {
     Running tess(Program(), Arguments("countries"), log);
     const HWND window = tess.Window("RepClass32");
     ASSERT_NE(window, nullptr);
@@ -42,7 +42,9 @@ TEST_F(RunToScreen, TitleTellsFormAndProgressAndInTheEndThePages) {
         title = now;
         return title == text;
     };
-    EXPECT_TRUE(Comes([&] { return told("countries.fp - 3 pages, 85 records"); })) << title;
+    EXPECT_TRUE(Comes([&] { return told("countries.fp - page 1 of 3, 85 records"); })) << title;
+    PostMessageA(window, WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 100), 0);
+    EXPECT_TRUE(Comes([&] { return told("countries.fp - page 3 of 3, 85 records"); })) << title;
     PostMessageA(window, WM_CLOSE, 0, 0);
     EXPECT_EQ(tess.Wait().code, 0u);
 }

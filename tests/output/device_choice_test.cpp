@@ -4,8 +4,8 @@
 
 #include <cstring>
 
+#include "commands.h"
 #include "frame/session_table.h"
-#include "rep_dlg.h"
 #include "run/run.h"
 #include "tests/support/help_call.h"
 #include "tests/support/message_boxes.h"

@@ -1,7 +1,7 @@
 // Runs to disk under the user's eyes: dialogs, cancelling, closing message.
 #include <cstring>
 
-#include "rep_dlg.h"
+#include "commands.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/visible_run.h"

@@ -1,9 +1,9 @@
 #include <cstring>
 
+#include "commands.h"
 #include "frame/files.h"
 #include "frame/owned.h"
 #include "frame/session_table.h"
-#include "rep_dlg.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/help_call.h"
 #include "tests/support/page_texts.h"

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "rep_dlg.h"
+#include "commands.h"
 #include "tests/support/client_picture.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/preview_run.h"

@@ -1,6 +1,6 @@
 // Who may call what on a preview, and when.
+#include "commands.h"
 #include "frame/session_table.h"
-#include "rep_dlg.h"
 #include "run/run.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/host_window.h"

@@ -1,7 +1,7 @@
 // Cancelling a job of the preview, or closing the preview behind it, at each of its moments.
 #include <gtest/gtest.h>
 
-#include "rep_dlg.h"
+#include "commands.h"
 #include "tests/support/preview_printing.h"
 
 using namespace tessarine;

@@ -5,8 +5,8 @@
 #include <cstring>
 #include <filesystem>
 
+#include "commands.h"
 #include "output/report_file.h"
-#include "rep_dlg.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/help_call.h"
 #include "tests/support/preview_printing.h"

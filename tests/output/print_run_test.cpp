@@ -2,10 +2,10 @@
 #include <algorithm>
 #include <cstring>
 
+#include "commands.h"
 #include "device/printer.h"
 #include "frame/memory.h"
 #include "output/print_job.h"
-#include "rep_dlg.h"
 #include "run/run.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/no_printers.h"

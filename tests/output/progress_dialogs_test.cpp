@@ -5,9 +5,9 @@
 
 #include <vector>
 
+#include "commands.h"
 #include "frame/session_table.h"
 #include "output/print_job.h"
-#include "rep_dlg.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/test_session.h"
 #include "tests/support/window_driver.h"

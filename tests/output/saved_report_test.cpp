@@ -5,13 +5,13 @@
 #include <limits>
 #include <set>
 
+#include "commands.h"
 #include "device/printer.h"
 #include "form/form_tables.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
 #include "output/preview.h"
-#include "rep_dlg.h"
 #include "tests/support/metafile_records.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/report_view.h"

@@ -355,7 +355,7 @@ TEST_F(PageBreaks, MenuOfAPreviewOpensWithItsFirstTwoPages) {
     session->OutputToScreen = 1;
     const HMENU menu = CreatePopupMenu();
     session->device.Menu = menu;
-    for (const UINT command : {tessarine::COMMAND_PRINT, tessarine::COMMAND_JUMP})
+    for (const UINT command : {COMMAND_PRINT, COMMAND_JUMP})
         AppendMenuA(menu, MF_STRING | MF_GRAYED, command, "command");
     const auto enabled = [menu](UINT command) {
         return !(GetMenuState(menu, command, MF_BYCOMMAND) & MF_GRAYED);
@@ -365,13 +365,13 @@ TEST_F(PageBreaks, MenuOfAPreviewOpensWithItsFirstTwoPages) {
         PageBreak(session, SECTION_DETAIL_1);
     };
     next_page();
-    EXPECT_TRUE(enabled(tessarine::COMMAND_PRINT));
-    EXPECT_FALSE(enabled(tessarine::COMMAND_JUMP));
+    EXPECT_TRUE(enabled(COMMAND_PRINT));
+    EXPECT_FALSE(enabled(COMMAND_JUMP));
     next_page();
-    EXPECT_TRUE(enabled(tessarine::COMMAND_JUMP));
-    EnableMenuItem(menu, tessarine::COMMAND_JUMP, MF_BYCOMMAND | MF_GRAYED);
+    EXPECT_TRUE(enabled(COMMAND_JUMP));
+    EnableMenuItem(menu, COMMAND_JUMP, MF_BYCOMMAND | MF_GRAYED);
     next_page();
-    EXPECT_FALSE(enabled(tessarine::COMMAND_JUMP));
+    EXPECT_FALSE(enabled(COMMAND_JUMP));
     EXPECT_TRUE(session->pages.ShownPage);
     DestroyMenu(menu);
 }

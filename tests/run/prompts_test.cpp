@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "rep_dlg.h"
+#include "commands.h"
 #include "tests/support/box_owners.h"
 #include "tests/support/help_call.h"
 #include "tests/support/host_window.h"

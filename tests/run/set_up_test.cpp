@@ -3,12 +3,12 @@
 #include <cstring>
 #include <set>
 
+#include "commands.h"
 #include "device/printer.h"
 #include "expr/symbols.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
-#include "rep_dlg.h"
 #include "run/run.h"
 #include "run/run_tables.h"
 #include "tests/support/box_owners.h"

@@ -1,5 +1,5 @@
 // Trial records, for aligning forms in the printer.
-#include "rep_dlg.h"
+#include "commands.h"
 #include "run/sections.h"
 #include "tests/support/composition.h"
 #include "tests/support/page_texts.h"

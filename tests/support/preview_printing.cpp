@@ -1,6 +1,6 @@
 #include "tests/support/preview_printing.h"
 
-#include "rep_dlg.h"
+#include "commands.h"
 
 PreviewPrinting::PreviewPrinting() {
     boxes.OnDialog("Printing In Progress...", [](HWND) {});

@@ -9,8 +9,6 @@
 #include "tests/support/report_run.h"
 #include "tests/support/window_driver.h"
 
-using enum tessarine::PreviewCommand;
-
 // A list of five records a page.
 struct FiveAPage : FormBuilder {
     FiveAPage();
