@@ -1,3 +1,5 @@
+#include "device/device_names.h"
+
 #include <algorithm>
 #include <cstring>
 

@@ -1,3 +1,5 @@
+#include "device/paper.h"
+
 #include <algorithm>
 #include <cstring>
 

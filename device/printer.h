@@ -14,8 +14,6 @@ void AddDriverEnding(char *driver, const char *ending);
 void FreeDevMode(PrinterState *printer); // nothing when it has none
 void InitPrinter(Session *session);      // a fresh DEVMODE from the driver; fatal with code 10
 void CallPrinterDriver(Session *session, int mode);
-// Recomputes all that hangs on the printer: header, measuring context, paper, bars.
-int ProcessPrinterData(Session *session);
 // Binds the form just read to its printer.
 void BindFormPrinter(Session *session);
 // The device of a run to the printer, anew for the printer in force; fatal with code 2.
@@ -24,15 +22,5 @@ void RemakeOutputDevice(Session *session);
 HDC CreatePrinterContext(const Session *session);
 // The printing offset of a device in form units.
 void ReadPrintOffset(HDC device, int32_t *x, int32_t *y);
-// The width of a section's bar on the paper, in form units.
-int BarWidth(const Session *session, int section);
-// Lets the user set the printer up, as the designer's command does. 1, or 0 when it was cancelled.
-int FrPrintOptions(Session *session);
-HGLOBAL GetDevNames(Session *session);
-HGLOBAL GetDevMode(Session *session);
-// Takes device, driver and port; 0 when the block is none. The first leaves the form unmarked.
-int TakeDevNames(Session *session, HGLOBAL handle);
-int SetDevNames(Session *session, HGLOBAL handle);
-int SetDevMode(Session *session, HGLOBAL handle, int takeAll);
 
 } // namespace tessarine

@@ -1,5 +1,9 @@
+#include "device/printer_options.h"
+
 #include <cstring>
 
+#include "device/device_names.h"
+#include "device/paper.h"
 #include "device/printer.h"
 #include "form/modified.h"
 #include "frame/fatal_error.h"

@@ -1,6 +1,7 @@
+#include "expr/date_functions.h"
+
 #include "expr/date_text.h"
 #include "expr/dates.h"
-#include "expr/functions.h"
 #include "format/format_date.h"
 #include "format/month_names.h"
 #include "frame/text.h"

@@ -1,5 +1,9 @@
 #include "expr/functions.h"
 
+#include "expr/date_functions.h"
+#include "expr/number_functions.h"
+#include "expr/text_functions.h"
+
 namespace tessarine {
 
 namespace {

@@ -1,6 +1,7 @@
+#include "expr/number_functions.h"
+
 #include <cmath>
 
-#include "expr/functions.h"
 #include "frame/text_numbers.h"
 #include "frame/whole_numbers.h"
 

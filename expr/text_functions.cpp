@@ -1,6 +1,7 @@
+#include "expr/text_functions.h"
+
 #include <algorithm>
 
-#include "expr/functions.h"
 #include "format/format_field.h"
 #include "frame/text.h"
 

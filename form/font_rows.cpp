@@ -1,6 +1,9 @@
+#include "form/font_rows.h"
+
 #include <algorithm>
 
 #include "form/bitmaps.h"
+#include "form/font_table.h"
 #include "form/fonts.h"
 #include "form/form_blocks.h"
 #include "form/records.h"

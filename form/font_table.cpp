@@ -1,3 +1,5 @@
+#include "form/font_table.h"
+
 #include <algorithm>
 
 #include "form/field_sample.h"

@@ -6,7 +6,8 @@
 
 #include "form/defaults.h"
 #include "form/field_table.h"
-#include "form/fonts.h"
+#include "form/font_rows.h"
+#include "form/font_table.h"
 #include "form/form_blocks.h"
 #include "form/form_check.h"
 #include "form/form_lock.h"

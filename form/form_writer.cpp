@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "form/file_dialog.h"
+#include "form/font_rows.h"
 #include "form/form_blocks.h"
 #include "form/form_check.h"
 #include "form/form_lock.h"

@@ -1,6 +1,6 @@
 #include "form/pictures.h"
 
-#include "form/fonts.h"
+#include "form/font_table.h"
 #include "frame/memory.h"
 #include "frame/message_box.h"
 #include "frame/owned.h"

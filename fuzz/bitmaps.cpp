@@ -5,8 +5,8 @@
 #include "fuzz/kinds.h"
 #include "fuzz/places.h"
 #include "fuzz/runs.h"
+#include "host/forms/form_from_json.h"
 #include "host/forms/form_image.h"
-#include "host/forms/form_json.h"
 #include "state/windows.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include "fuzz/places.h"
 #include "fuzz/runs.h"
 #include "host/forms/form_image.h"
-#include "host/forms/form_json.h"
+#include "host/forms/form_to_json.h"
 
 namespace {
 

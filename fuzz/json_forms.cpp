@@ -4,7 +4,8 @@
 #include "fuzz/kinds.h"
 #include "fuzz/places.h"
 #include "fuzz/runs.h"
-#include "host/forms/form_json.h"
+#include "host/forms/form_from_json.h"
+#include "host/forms/form_to_json.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include "fuzz/places.h"
 
 #include "host/data/files.h"
-#include "host/forms/form_json.h"
+#include "host/forms/form_from_json.h"
 #include "tests/support/test_session.h"
 
 namespace {

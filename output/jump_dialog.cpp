@@ -1,9 +1,10 @@
+#include "output/jump_dialog.h"
+
 #include <algorithm>
 
 #include "commands.h"
 #include "frame/dialogs.h"
 #include "frame/text_numbers.h"
-#include "output/preview.h"
 #include "output/report_file.h"
 
 namespace tessarine {

@@ -8,7 +8,6 @@
 
 #include "frame/owned.h"
 #include "frame/text.h"
-#include "output/page_store.h"
 
 namespace tessarine {
 

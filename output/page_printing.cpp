@@ -1,4 +1,5 @@
-#include "commands.h"
+#include "output/page_printing.h"
+
 #include "device/printer.h"
 #include "frame/dialogs.h"
 #include "frame/fatal_error.h"

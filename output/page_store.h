@@ -5,9 +5,8 @@
 
 namespace tessarine {
 
-void AllocPageStore(Session *session);    // the page table and the copy buffer; fatal, code 3
-void ReleasePageStore(Session *session);  // frees both, ends the recording, deletes scratch files
-void MakePageFileNames(Session *session); // ReportPath and the three scratch paths
+void AllocPageStore(Session *session);   // the page table and the copy buffer; fatal, code 3
+void ReleasePageStore(Session *session); // frees both, ends the recording, deletes scratch files
 void StartRecorder(Session *session, const char *failure); // a new PageRecorder; fatal, code 1
 
 // Moves the finished page from PageRecorder to the report file and starts a new recording. The

@@ -1,10 +1,10 @@
+#include "output/preview_paint.h"
+
 #include <cstdio>
 
 #include "canvas/canvas.h"
 #include "form/label_measure.h"
 #include "frame/owned.h"
-#include "output/preview.h"
-#include "output/report_file.h"
 
 namespace tessarine {
 

@@ -1,9 +1,11 @@
+#include "output/preview_scroll.h"
+
 #include <algorithm>
 #include <utility>
 
 #include "canvas/scroll_bars.h"
 #include "output/page_store.h"
-#include "output/preview.h"
+#include "output/preview_paint.h"
 #include "output/report_file.h"
 
 namespace tessarine {

@@ -1,3 +1,5 @@
+#include "output/preview_window.h"
+
 #include "canvas/canvas.h"
 #include "canvas/command_table.h"
 #include "device/device_properties.h"
@@ -6,9 +8,11 @@
 #include "frame/dialogs.h"
 #include "frame/files.h"
 #include "frame/session_table.h"
+#include "output/jump_dialog.h"
+#include "output/page_printing.h"
 #include "output/page_store.h"
-#include "output/preview.h"
-#include "output/print_job.h"
+#include "output/preview_paint.h"
+#include "output/preview_scroll.h"
 #include "output/report_file.h"
 
 namespace tessarine {

@@ -17,11 +17,7 @@ void FinishOutput(Session *session, bool whole);
 // Starts a document of the report's name; false when the device refuses.
 bool StartDocument(const Session *session, HDC device);
 
-// Prints finished pages of a preview. 1, also when the user cancelled; 0 after a message.
-int PrintPages(Session *session, int askRange);
-
 BOOL CALLBACK PrintProc(HDC device, int code);
 BOOL CALLBACK ScrPrintProc(HDC device, int code);
-INT_PTR CALLBACK PrintParam(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 
 } // namespace tessarine

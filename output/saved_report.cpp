@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "canvas/canvas.h"
+#include "device/device_names.h"
+#include "device/paper.h"
 #include "device/printer.h"
 #include "form/file_dialog.h"
 #include "form/modified.h"
@@ -13,8 +15,10 @@
 #include "frame/session_table.h"
 #include "output/clock.h"
 #include "output/device_choice.h"
+#include "output/page_files.h"
 #include "output/page_store.h"
-#include "output/preview.h"
+#include "output/preview_scroll.h"
+#include "output/preview_window.h"
 #include "output/report_file.h"
 #include "session/session_life.h"
 

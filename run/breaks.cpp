@@ -1,6 +1,9 @@
+#include "run/breaks.h"
+
 #include "form/sections.h"
-#include "run/record_driver.h"
+#include "run/calculations.h"
 #include "run/sections.h"
+#include "run/summaries.h"
 
 namespace tessarine {
 

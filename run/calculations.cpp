@@ -1,9 +1,10 @@
+#include "run/calculations.h"
+
 #include <cstring>
 
 #include "expr/evaluator.h"
 #include "frame/fatal_error.h"
 #include "frame/memory.h"
-#include "run/record_driver.h"
 
 namespace tessarine {
 

@@ -1,3 +1,5 @@
+#include "run/field_item.h"
+
 #include <algorithm>
 #include <cstring>
 
@@ -8,7 +10,6 @@
 #include "paint/text_measure.h"
 #include "paint/text_place.h"
 #include "run/items.h"
-#include "run/text_items.h"
 #include "run/wrapped_text.h"
 
 namespace tessarine {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "paint/shapes.h"
+#include "run/field_item.h"
 #include "run/shape_items.h"
 #include "run/text_items.h"
 

@@ -1,7 +1,8 @@
+#include "run/label_frame.h"
+
 #include "frame/mapping.h"
 #include "frame/owned.h"
 #include "paint/shapes.h"
-#include "run/sections.h"
 #include "run/shape_items.h"
 
 namespace tessarine {

@@ -1,5 +1,6 @@
+#include "run/message_pump.h"
+
 #include "frame/fatal_error.h"
-#include "run/record_driver.h"
 
 namespace tessarine {
 

@@ -1,10 +1,15 @@
+#include "run/page_break.h"
+
 #include "frame/fatal_error.h"
 #include "output/page_store.h"
-#include "output/preview.h"
+#include "output/preview_paint.h"
+#include "output/preview_window.h"
 #include "output/print_job.h"
 #include "output/report_file.h"
-#include "run/record_driver.h"
+#include "run/calculations.h"
 #include "run/sections.h"
+#include "run/summaries.h"
+#include "run/system_fields.h"
 
 namespace tessarine {
 

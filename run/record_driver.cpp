@@ -6,11 +6,16 @@
 #include "frame/boundary.h"
 #include "frame/memory.h"
 #include "frame/message_box.h"
-#include "output/preview.h"
+#include "output/preview_paint.h"
+#include "output/preview_window.h"
 #include "output/print_job.h"
-#include "run/run.h"
+#include "run/breaks.h"
+#include "run/calculations.h"
+#include "run/message_pump.h"
 #include "run/run_tables.h"
 #include "run/sections.h"
+#include "run/summaries.h"
+#include "run/system_fields.h"
 
 namespace tessarine {
 

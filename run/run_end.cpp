@@ -1,15 +1,17 @@
+#include "run/run_end.h"
+
 #include <climits>
 
 #include "form/sections.h"
 #include "frame/boundary.h"
 #include "frame/session_table.h"
 #include "output/page_store.h"
-#include "output/preview.h"
+#include "output/preview_paint.h"
+#include "output/preview_window.h"
 #include "output/print_job.h"
 #include "output/report_file.h"
 #include "output/saved_report.h"
-#include "run/record_driver.h"
-#include "run/run.h"
+#include "run/calculations.h"
 #include "run/run_tables.h"
 #include "run/sections.h"
 #include "session/session_life.h"

@@ -8,6 +8,8 @@
 #include "frame/memory.h"
 #include "paint/text_measure.h"
 #include "run/items.h"
+#include "run/label_frame.h"
+#include "run/page_break.h"
 
 namespace tessarine {
 

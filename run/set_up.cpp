@@ -1,4 +1,8 @@
+#include "run/set_up.h"
+
 #include "canvas/canvas.h"
+#include "device/device_names.h"
+#include "device/paper.h"
 #include "device/printer.h"
 #include "expr/postfix.h"
 #include "form/defaults.h"
@@ -11,14 +15,16 @@
 #include "output/clock.h"
 #include "output/device_choice.h"
 #include "output/page_store.h"
-#include "output/preview.h"
+#include "output/preview_paint.h"
+#include "output/preview_scroll.h"
+#include "output/preview_window.h"
 #include "output/report_file.h"
 #include "run/page_geometry.h"
 #include "run/prompts.h"
-#include "run/record_driver.h"
-#include "run/run.h"
+#include "run/run_end.h"
 #include "run/run_tables.h"
 #include "run/section_setup.h"
+#include "run/system_fields.h"
 #include "session/session_life.h"
 
 namespace tessarine {

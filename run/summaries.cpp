@@ -1,5 +1,6 @@
+#include "run/summaries.h"
+
 #include "frame/whole_numbers.h"
-#include "run/record_driver.h"
 
 namespace tessarine {
 

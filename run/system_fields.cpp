@@ -1,7 +1,8 @@
+#include "run/system_fields.h"
+
 #include <cstdio>
 #include <iterator>
 
-#include "run/record_driver.h"
 #include "run/run_tables.h"
 
 namespace tessarine {

@@ -1,7 +1,10 @@
+#include "run/trial_print.h"
+
 #include <algorithm>
 
 #include "form/sections.h"
 #include "frame/message_box.h"
+#include "run/page_break.h"
 #include "run/sections.h"
 
 namespace tessarine {

@@ -10,8 +10,8 @@
 #include "paint/text_measure.h"
 #include "paint/text_place.h"
 #include "run/items.h"
+#include "run/page_break.h"
 #include "run/sections.h"
-#include "run/text_items.h"
 
 namespace tessarine {
 

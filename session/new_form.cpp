@@ -1,7 +1,9 @@
+#include "session/new_form.h"
+
 #include <algorithm>
 #include <cstring>
 
-#include "device/printer.h"
+#include "device/paper.h"
 #include "form/defaults.h"
 #include "form/form_check.h"
 #include "form/form_writer.h"
@@ -10,7 +12,6 @@
 #include "frame/host_data.h"
 #include "frame/mapping.h"
 #include "frame/text.h"
-#include "session/open_form.h"
 
 namespace tessarine {
 

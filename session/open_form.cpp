@@ -3,7 +3,9 @@
 #include <cstdio>
 
 #include "device/margins.h"
+#include "device/paper.h"
 #include "device/printer.h"
+#include "form/font_table.h"
 #include "form/fonts.h"
 #include "form/form_reader.h"
 #include "form/host_field.h"
@@ -13,6 +15,7 @@
 #include "frame/host_data.h"
 #include "frame/message_box.h"
 #include "frame/text.h"
+#include "session/new_form.h"
 #include "session/session_life.h"
 
 namespace tessarine {

@@ -6,6 +6,5 @@
 namespace tessarine {
 
 int OpenForm(Session *session, char *path); // 1 when a form stands in the session, else 0
-int InitNewForm(Session *session);          // 1; nothing in a report session
 
 } // namespace tessarine

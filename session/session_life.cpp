@@ -7,7 +7,7 @@
 #include "device/printer.h"
 #include "form/built_in_tables.h"
 #include "form/defaults.h"
-#include "form/fonts.h"
+#include "form/font_table.h"
 #include "form/form_lock.h"
 #include "form/form_tables.h"
 #include "form/form_writer.h"

@@ -1,6 +1,7 @@
+#include "host/cli/info_command.h"
+
 #include <cstdio>
 
-#include "host/cli/commands.h"
 #include "host/cli/failure.h"
 #include "host/data/files.h"
 #include "host/export/report_pages.h"
@@ -78,8 +79,7 @@ void PrintForm(const std::string &path) {
 
 } // namespace
 
-int InfoCommand(const FileOptions &options) {
-    const std::string &path = options.path;
+int InfoCommand(const std::string &path) {
     const std::string bytes = ReadFileBytes(path);
     if (IsReport(bytes))
         PrintReport(path);

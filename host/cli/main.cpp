@@ -7,8 +7,15 @@
 #include <CLI/CLI.hpp>
 #include <windows.h>
 
-#include "host/cli/commands.h"
 #include "host/cli/failure.h"
+#include "host/cli/form_commands.h"
+#include "host/cli/info_command.h"
+#include "host/cli/pages_command.h"
+#include "host/cli/pdf_command.h"
+#include "host/cli/print_command.h"
+#include "host/cli/printers_command.h"
+#include "host/cli/run_command.h"
+#include "host/cli/view_command.h"
 
 namespace {
 
@@ -61,11 +68,11 @@ void Describe(CLI::App *command, FormOptions *options) {
     command->add_option("to", options->to, "what to write")->required();
 }
 
-void Describe(CLI::App *command, FileOptions *options) {
-    command->add_option("file", options->path, "the file")->required();
+void Describe(CLI::App *command, std::string *path) {
+    command->add_option("file", *path, "the file")->required();
 }
 
-void Describe(CLI::App *, NoOptions *) {}
+void Describe(CLI::App *, PrintersOptions *) {}
 
 using Action = std::function<int()>;
 
@@ -84,12 +91,12 @@ struct CommandRow {
 
 constexpr CommandRow commands[] = {
     {"run", "Run a report from a form and a CSV table", Prepare<RunOptions, RunCommand>},
-    {"view", "Show a report (.FRC) in a window", Prepare<FileOptions, ViewCommand>},
+    {"view", "Show a report (.FRC) in a window", Prepare<std::string, ViewCommand>},
     {"pages", "Draw or list the pages of a report", Prepare<PagesOptions, PagesCommand>},
     {"print", "Print pages of a report", Prepare<PrintOptions, PrintCommand>},
     {"pdf", "Make a PDF of a report by a printer for PDF", Prepare<PdfOptions, PdfCommand>},
-    {"printers", "List the printers; * is the default", Prepare<NoOptions, PrintersCommand>},
-    {"info", "Tell what a form (.FP) or a report (.FRC) holds", Prepare<FileOptions, InfoCommand>},
+    {"printers", "List the printers; * is the default", Prepare<PrintersOptions, PrintersCommand>},
+    {"info", "Tell what a form (.FP) or a report (.FRC) holds", Prepare<std::string, InfoCommand>},
 };
 
 constexpr CommandRow form_commands[] = {
@@ -120,7 +127,7 @@ int main(int count, char **arguments) {
     Offer(&app, commands, &code);
     Offer(app.add_subcommand("form", "A form as JSON text and back"), form_commands, &code);
     try {
-        if (IsReportAlone(count, arguments)) return ViewCommand({arguments[1]});
+        if (IsReportAlone(count, arguments)) return ViewCommand(arguments[1]);
         app.parse(count, arguments);
     } catch (const CLI::ParseError &error) {
         return app.exit(error) == 0 ? EXIT_DONE : EXIT_USAGE;

@@ -1,6 +1,7 @@
+#include "host/cli/pages_command.h"
+
 #include <cstdio>
 
-#include "host/cli/commands.h"
 #include "host/cli/failure.h"
 #include "host/data/files.h"
 #include "host/export/page_png.h"

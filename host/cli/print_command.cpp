@@ -1,6 +1,7 @@
+#include "host/cli/print_command.h"
+
 #include <cstdio>
 
-#include "host/cli/commands.h"
 #include "host/cli/failure.h"
 #include "host/export/report_pages.h"
 #include "host/forms/fixed_text.h"

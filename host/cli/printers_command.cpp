@@ -1,10 +1,11 @@
+#include "host/cli/printers_command.h"
+
 #include <cstdio>
 
-#include "host/cli/commands.h"
 #include "host/cli/failure.h"
 #include "host/print/printers.h"
 
-int PrintersCommand(const NoOptions &) {
+int PrintersCommand(const PrintersOptions &) {
     const std::vector<PrinterName> printers = Printers();
     if (printers.empty()) std::fprintf(stderr, "tess: there is no printer on this machine\n");
     for (const PrinterName &printer : printers)

@@ -1,7 +1,8 @@
+#include "host/cli/run_command.h"
+
 #include <cstdio>
 #include <map>
 
-#include "host/cli/commands.h"
 #include "host/cli/failure.h"
 #include "host/cli/interrupt.h"
 #include "host/cli/progress.h"

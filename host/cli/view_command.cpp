@@ -1,4 +1,4 @@
-#include "host/cli/commands.h"
+#include "host/cli/view_command.h"
 
 #include <windows.h>
 
@@ -15,12 +15,12 @@ bool StartedFromWindow() {
 
 } // namespace
 
-int ViewCommand(const FileOptions &options) {
+int ViewCommand(const std::string &report) {
     SetProcessDPIAware();
     const bool from_window = StartedFromWindow();
     if (from_window) FreeConsole();
     try {
-        Viewer(options.path).Run();
+        Viewer(report).Run();
     } catch (const Failure &failure) {
         if (from_window)
             MessageBoxA(nullptr, failure.what(), "View a Report", MB_OK | MB_ICONWARNING);

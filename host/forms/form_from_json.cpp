@@ -1,3 +1,5 @@
+#include "host/forms/form_from_json.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
@@ -7,7 +9,6 @@
 #include "host/data/csv_source.h"
 #include "host/data/files.h"
 #include "host/forms/expression_text.h"
-#include "host/forms/form_json.h"
 #include "host/forms/form_members.h"
 #include "host/forms/form_names.h"
 #include "host/forms/json_place.h"

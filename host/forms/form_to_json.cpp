@@ -1,6 +1,7 @@
+#include "host/forms/form_to_json.h"
+
 #include "host/forms/expression_text.h"
 #include "host/forms/form_check.h"
-#include "host/forms/form_json.h"
 #include "host/forms/form_members.h"
 #include "host/forms/form_names.h"
 

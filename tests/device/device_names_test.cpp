@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "device/printer.h"
+#include "device/device_names.h"
 #include "frame/memory.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/form_session.h"

@@ -6,7 +6,6 @@
 #include <set>
 
 #include "frame/session_table.h"
-#include "run/run.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/form_session.h"
 #include "tests/support/report_run.h"

@@ -3,7 +3,7 @@
 
 #include <cstring>
 
-#include "device/printer.h"
+#include "device/printer_options.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "tests/support/failing_call.h"

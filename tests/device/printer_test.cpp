@@ -6,11 +6,11 @@
 #include <set>
 #include <vector>
 
+#include "device/paper.h"
 #include "frame/boundary.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
-#include "run/run.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/form_session.h"
 #include "tests/support/report_run.h"

@@ -5,6 +5,7 @@
 #include <set>
 #include <vector>
 
+#include "form/font_table.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/form_session.h"
 

@@ -1,6 +1,5 @@
 #include "form/pictures.h"
 
-#include "form/fonts.h"
 #include "frame/memory.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/form_session.h"

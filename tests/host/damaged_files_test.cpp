@@ -5,7 +5,7 @@
 
 #include "host/cli/failure.h"
 #include "host/forms/form_check.h"
-#include "host/forms/form_json.h"
+#include "host/forms/form_to_json.h"
 #include "tests/support/form_files.h"
 #include "tests/support/tess_program.h"
 

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "host/cli/failure.h"
-#include "host/forms/form_json.h"
+#include "host/forms/form_from_json.h"
 
 namespace {
 

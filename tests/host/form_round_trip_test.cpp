@@ -1,7 +1,8 @@
 // Forms as JSON and back, byte for byte.
 #include <gtest/gtest.h>
 
-#include "host/forms/form_json.h"
+#include "host/forms/form_from_json.h"
+#include "host/forms/form_to_json.h"
 #include "tests/support/form_files.h"
 
 namespace {

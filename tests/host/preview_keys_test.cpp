@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "host/run/preview_keys.h"
-#include "output/preview.h"
+#include "output/preview_window.h"
 #include "tests/support/window_driver.h"
 
 using enum int;

@@ -6,7 +6,6 @@
 
 #include "commands.h"
 #include "frame/session_table.h"
-#include "run/run.h"
 #include "tests/support/help_call.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/preview_run.h"

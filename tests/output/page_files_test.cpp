@@ -5,7 +5,6 @@
 
 #include <cstring>
 
-#include "output/page_store.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/preview_run.h"
 #include "tests/support/tess_program.h"

@@ -1,5 +1,4 @@
 // The preview's window while a print job of it is in hand.
-#include "output/print_job.h"
 
 #include <algorithm>
 

@@ -1,5 +1,4 @@
-#include "output/preview.h"
-#include "run/run.h"
+#include "output/preview_paint.h"
 #include "tests/support/client_picture.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/preview_run.h"

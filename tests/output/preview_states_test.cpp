@@ -1,7 +1,8 @@
 // Who may call what on a preview, and when.
 #include "commands.h"
 #include "frame/session_table.h"
-#include "run/run.h"
+#include "run/record_driver.h"
+#include "run/run_end.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/host_window.h"
 #include "tests/support/page_texts.h"

@@ -2,8 +2,8 @@
 #include <cstring>
 #include <set>
 
-#include "run/record_driver.h"
-#include "run/run.h"
+#include "output/preview_window.h"
+#include "run/message_pump.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/host_window.h"
 #include "tests/support/metafile_records.h"

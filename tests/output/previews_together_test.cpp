@@ -1,7 +1,6 @@
 #include <cstring>
 #include <memory>
 
-#include "run/run.h"
 #include "tests/support/preview_run.h"
 
 namespace {

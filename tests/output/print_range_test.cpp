@@ -5,7 +5,7 @@
 #include <cstring>
 #include <filesystem>
 
-#include "commands.h"
+#include "output/page_printing.h"
 #include "output/report_file.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/help_call.h"

@@ -5,7 +5,6 @@
 
 #include "frame/host_data.h"
 #include "output/page_files.h"
-#include "output/page_store.h"
 #include "output/report_file.h"
 #include "output/saved_report.h"
 #include "tests/support/message_boxes.h"

@@ -2,7 +2,7 @@
 #include <cstring>
 #include <memory>
 
-#include "device/printer.h"
+#include "device/device_names.h"
 #include "frame/memory.h"
 #include "tests/support/metafile_records.h"
 #include "tests/support/page_texts.h"

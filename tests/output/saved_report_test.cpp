@@ -11,7 +11,7 @@
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
-#include "output/preview.h"
+#include "output/preview_paint.h"
 #include "tests/support/metafile_records.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/report_view.h"

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <iterator>
 
-#include "device/printer.h"
+#include "device/paper.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/form_session.h"
 

@@ -1,8 +1,9 @@
 // Groups: what is a break, what prints and starts anew at one, and the summaries of a group.
 #include <cstring>
 
-#include "run/record_driver.h"
-#include "run/sections.h"
+#include "run/breaks.h"
+#include "run/calculations.h"
+#include "run/summaries.h"
 #include "tests/support/composition.h"
 
 using tessarine::AccumulateSummaries;

@@ -5,7 +5,6 @@
 #include <random>
 
 #include "frame/session_table.h"
-#include "run/run.h"
 #include "session/session_life.h"
 #include "tests/support/form_files.h"
 #include "tests/support/report_run.h"

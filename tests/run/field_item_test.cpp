@@ -3,7 +3,6 @@
 
 #include "paint/text_measure.h"
 #include "run/record_driver.h"
-#include "run/text_items.h"
 #include "tests/support/composition.h"
 
 namespace {

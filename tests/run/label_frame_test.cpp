@@ -1,4 +1,5 @@
 // The frames of labels.
+#include "run/label_frame.h"
 #include "run/sections.h"
 #include "tests/support/composition.h"
 

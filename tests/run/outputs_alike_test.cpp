@@ -1,8 +1,8 @@
 // The same form to a file, to a preview and to the printer.
 #include <cstring>
 
-#include "device/printer.h"
-#include "run/run.h"
+#include "device/device_names.h"
+#include "run/set_up.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/printer_calls.h"
 #include "tests/support/visible_run.h"

@@ -1,6 +1,7 @@
 // How a page ends and what stands at the top of the next.
 #include "frame/session_table.h"
-#include "output/preview.h"
+#include "output/preview_window.h"
+#include "run/page_break.h"
 #include "run/sections.h"
 #include "tests/support/composition.h"
 #include "tests/support/page_texts.h"

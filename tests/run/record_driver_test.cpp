@@ -4,8 +4,10 @@
 
 #include "frame/memory.h"
 #include "frame/session_table.h"
+#include "run/breaks.h"
 #include "run/record_driver.h"
-#include "run/run.h"
+#include "run/run_end.h"
+#include "run/system_fields.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/page_texts.h"

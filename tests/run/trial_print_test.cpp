@@ -1,6 +1,6 @@
 // Trial records, for aligning forms in the printer.
 #include "commands.h"
-#include "run/sections.h"
+#include "run/trial_print.h"
 #include "tests/support/composition.h"
 #include "tests/support/page_texts.h"
 

@@ -3,7 +3,7 @@
 #include "frame/host_data.h"
 #include "frame/mapping.h"
 #include "frame/text.h"
-#include "session/open_form.h"
+#include "session/new_form.h"
 #include "tests/support/form_session.h"
 
 using namespace tessarine;

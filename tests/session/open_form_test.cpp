@@ -1,4 +1,3 @@
-#include "session/open_form.h"
 
 #include <algorithm>
 #include <cstring>

@@ -5,10 +5,10 @@
 #include "designer/field_items.h"
 #include "expr/symbols.h"
 #include "form/defaults.h"
-#include "form/fonts.h"
+#include "form/font_table.h"
 #include "frame/host_data.h"
 #include "frame/text.h"
-#include "session/open_form.h"
+#include "session/new_form.h"
 #include "tests/support/form_session.h"
 
 using namespace tessarine;

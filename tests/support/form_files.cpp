@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "form/fonts.h"
+#include "form/font_table.h"
 #include "form/form_reader.h"
 #include "form/form_writer.h"
 #include "frame/boundary.h"

@@ -1,7 +1,6 @@
 // A preview whose pages are printed, with the answers to its dialogs.
 #pragma once
 
-#include "output/print_job.h"
 #include "tests/support/preview_run.h"
 #include "tests/support/printer_calls.h"
 

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "frame/session_table.h"
-#include "output/preview.h"
+#include "output/preview_window.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/report_run.h"
 #include "tests/support/window_driver.h"

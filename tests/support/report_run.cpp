@@ -3,7 +3,9 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "run/run.h"
+#include "run/record_driver.h"
+#include "run/run_end.h"
+#include "run/set_up.h"
 
 ReportRun::ReportRun(const FormBuilder &form) {
     const std::string path = folder_.Path("FORM.FP");

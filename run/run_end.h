@@ -1,12 +1,10 @@
-// The three entry points of a run, and its end.
+// The end of a run.
 #pragma once
 
 #include "state/session.h"
 
 namespace tessarine {
 
-int RepInit(RepParams *params, int feedMode, HGLOBAL devNames, HGLOBAL devMode);
-int RepRec(int sessionId, uint32_t outline);
 int RepExit(int sessionId, int fill, int32_t *pageCount);
 
 // Closes the output and marks the run for its release, which comes when nothing works on it any

@@ -1,8 +1,10 @@
+#include "host/cli/form_commands.h"
+
 #include <cstdio>
 
-#include "host/cli/commands.h"
 #include "host/data/files.h"
-#include "host/forms/form_json.h"
+#include "host/forms/form_from_json.h"
+#include "host/forms/form_to_json.h"
 
 int FormBuildCommand(const FormOptions &options) {
     const std::string &json = options.from;
@@ -15,5 +17,12 @@ int FormBuildCommand(const FormOptions &options) {
     WriteFileBytes(options.to, FormBytes(image));
     std::printf("%s: %zu items, %zu fields\n", options.to.c_str(), image.items.size(),
                 image.fields.size());
+    return 0;
+}
+
+int FormDumpCommand(const FormOptions &options) {
+    KeepInput(options.to, options.from);
+    WriteFileBytes(options.to, JsonFromForm(options.from, ReadForm(options.from)));
+    std::printf("%s\n", options.to.c_str());
     return 0;
 }

@@ -1,19 +1,10 @@
-// The preview window of a run, and what the run tells it.
+// The page of a preview on view, and where it stands in the window.
 #pragma once
 
 #include "commands.h"
 #include "state/session.h"
 
 namespace tessarine {
-
-LRESULT CALLBACK RepWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-INT_PTR CALLBACK JumpParam(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
-
-// Enables the commands of the menu that make sense now.
-void SetMenuState(Session *session);
-// The status strip and the page on view; nothing in a session without a window of its own.
-void PaintPreview(Session *session);
-void PaintStatusStrip(Session *session);
 
 // Scroll bars from 0 to 100: at the start of a preview, and after each message.
 void PlaceScrollBars(Session *session);

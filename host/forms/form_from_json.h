@@ -1,4 +1,4 @@
-// A form as readable, diffable JSON text and back.
+// A form from readable, diffable JSON text.
 #pragma once
 
 #include <string>
@@ -10,5 +10,3 @@
 // those that were read. A mistake throws Failure with the JSON's path, line and the place in it.
 FormImage FormFromJson(const std::string &path, const std::string &text, const std::string &folder,
                        std::vector<std::string> *pictures = nullptr);
-// Throws Failure when a row of the form points where nothing is.
-std::string JsonFromForm(const std::string &path, const FormImage &form);

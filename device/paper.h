@@ -1,0 +1,13 @@
+// What hangs on the printer's paper.
+#pragma once
+
+#include "state/session.h"
+
+namespace tessarine {
+
+// Recomputes all that hangs on the printer: header, measuring context, paper, bars.
+int ProcessPrinterData(Session *session);
+// The width of a section's bar on the paper, in form units.
+int BarWidth(const Session *session, int section);
+
+} // namespace tessarine

@@ -1,0 +1,6 @@
+// tess printers: the printers that can be named.
+#pragma once
+
+struct PrintersOptions {};
+
+int PrintersCommand(const PrintersOptions &);
