@@ -1,6 +1,6 @@
 #include "fuzz/places.h"
 
-#include "host/data/files.h"
+#include "host/base/files.h"
 #include "host/forms/form_from_json.h"
 #include "tests/support/test_session.h"
 

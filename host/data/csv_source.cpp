@@ -5,8 +5,8 @@
 #include <csv.h>
 #include <windows.h>
 
-#include "host/cli/failure.h"
-#include "host/data/files.h"
+#include "host/base/failure.h"
+#include "host/base/files.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <numeric>
 
-#include "host/cli/failure.h"
+#include "host/base/failure.h"
 
 namespace {
 

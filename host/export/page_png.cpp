@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/cli/failure.h"
+#include "host/base/failure.h"
 #include "host/export/page_play.h"
 #include "host/export/picture.h"
 

@@ -1,6 +1,6 @@
 #include "host/export/page_text.h"
 
-#include "host/cli/failure.h"
+#include "host/base/failure.h"
 #include "host/forms/record_json.h"
 
 namespace {

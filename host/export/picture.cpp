@@ -1,7 +1,7 @@
 #include "host/export/picture.h"
 
-#include "host/cli/failure.h"
-#include "host/data/files.h"
+#include "host/base/failure.h"
+#include "host/base/files.h"
 
 #if defined(__GNUC__)
 #pragma GCC diagnostic push

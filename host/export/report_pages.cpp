@@ -6,8 +6,8 @@
 #include <sstream>
 #include <utility>
 
-#include "host/cli/failure.h"
-#include "host/data/files.h"
+#include "host/base/failure.h"
+#include "host/base/files.h"
 #include "host/export/page_check.h"
 
 bool IsReport(const std::string &bytes) {

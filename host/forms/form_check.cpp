@@ -1,6 +1,6 @@
 #include "host/forms/form_check.h"
 
-#include "host/cli/failure.h"
+#include "host/base/failure.h"
 #include "host/forms/form_names.h"
 
 namespace {

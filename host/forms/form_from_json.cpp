@@ -5,9 +5,9 @@
 #include <cstring>
 #include <set>
 
-#include "host/cli/failure.h"
+#include "host/base/failure.h"
+#include "host/base/files.h"
 #include "host/data/csv_source.h"
-#include "host/data/files.h"
 #include "host/forms/expression_text.h"
 #include "host/forms/form_members.h"
 #include "host/forms/form_names.h"

@@ -2,8 +2,8 @@
 
 #include <cstring>
 
-#include "host/cli/failure.h"
-#include "host/data/files.h"
+#include "host/base/failure.h"
+#include "host/base/files.h"
 #include "host/forms/form_names.h"
 
 namespace {

@@ -4,10 +4,10 @@
 #include <cctype>
 #include <cstdlib>
 
-#include "host/cli/failure.h"
-#include "host/cli/interrupt.h"
-#include "host/data/files.h"
-#include "host/data/part_file.h"
+#include "host/base/failure.h"
+#include "host/base/files.h"
+#include "host/base/interrupt.h"
+#include "host/base/part_file.h"
 #include "host/print/print_job.h"
 #include "host/print/printers.h"
 

@@ -2,10 +2,10 @@
 
 #include <cstdio>
 
-#include "host/cli/failure.h"
-#include "host/cli/interrupt.h"
-#include "host/cli/progress.h"
-#include "host/data/files.h"
+#include "host/base/failure.h"
+#include "host/base/files.h"
+#include "host/base/interrupt.h"
+#include "host/base/progress.h"
 #include "host/export/report_pages.h"
 #include "host/print/printers.h"
 #include "tessarine.h"

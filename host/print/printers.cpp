@@ -6,8 +6,8 @@
 
 #include <winspool.h>
 
-#include "host/cli/failure.h"
-#include "host/data/files.h"
+#include "host/base/failure.h"
+#include "host/base/files.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include <cstring>
 #include <utility>
 
-#include "host/cli/failure.h"
-#include "host/cli/interrupt.h"
+#include "host/base/failure.h"
+#include "host/base/interrupt.h"
 #include "host/export/report_pages.h"
 #include "host/print/printers.h"
 

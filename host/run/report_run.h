@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/data/part_file.h"
+#include "host/base/part_file.h"
 #include "host/run/form_copy.h"
 #include "host/run/unattended.h"
 #include "tessarine.h"

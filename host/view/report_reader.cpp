@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <cstring>
 
-#include "host/cli/failure.h"
-#include "host/data/files.h"
+#include "host/base/failure.h"
+#include "host/base/files.h"
 #include "host/export/report_pages.h"
 #include "tessarine.h"
 

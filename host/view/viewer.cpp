@@ -8,7 +8,7 @@
 #include <commdlg.h>
 #include <shellapi.h>
 
-#include "host/cli/failure.h"
+#include "host/base/failure.h"
 #include "host/view/go_to_dialog.h"
 #include "host/view/resource_ids.h"
 #include "host/view/sheet_paint.h"

@@ -3,7 +3,7 @@
 
 #include <random>
 
-#include "host/cli/failure.h"
+#include "host/base/failure.h"
 #include "host/forms/form_check.h"
 #include "host/forms/form_to_json.h"
 #include "tests/support/form_files.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "host/cli/failure.h"
+#include "host/base/failure.h"
 #include "host/export/page_check.h"
 #include "host/export/page_play.h"
 #include "host/export/page_text.h"

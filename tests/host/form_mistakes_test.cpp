@@ -1,7 +1,7 @@
 // Mistakes in the JSON of a form: each is told with file, line and path.
 #include <gtest/gtest.h>
 
-#include "host/cli/failure.h"
+#include "host/base/failure.h"
 #include "host/forms/form_from_json.h"
 
 namespace {

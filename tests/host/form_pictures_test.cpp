@@ -1,7 +1,7 @@
 // Bitmap files that a form as text names.
 #include <gtest/gtest.h>
 
-#include "host/cli/failure.h"
+#include "host/base/failure.h"
 #include "host/forms/form_from_json.h"
 #include "tests/support/bitmaps.h"
 #include "tests/support/test_session.h"

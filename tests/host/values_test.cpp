@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "host/cli/failure.h"
+#include "host/base/failure.h"
 #include "host/data/values.h"
 
 namespace {

@@ -183,7 +183,8 @@ TEST_F(PreviewPaint, BitmapHasTheClientsSizeOrFittedAPixelAUnit) {
     EXPECT_EQ(bitmap.bmWidth, client.right);
     EXPECT_EQ(bitmap.bmHeight, client.bottom);
     EXPECT_EQ(session->view.ViewWidth, MulDiv(client.right, 250, session->drawing.LogPixelsX) + 1);
-    EXPECT_EQ(session->view.ViewHeight, MulDiv(client.bottom, 250, session->drawing.LogPixelsY) + 1);
+    EXPECT_EQ(session->view.ViewHeight,
+              MulDiv(client.bottom, 250, session->drawing.LogPixelsY) + 1);
     Command(COMMAND_FIT);
     GetObjectA(session->view.OffscreenBitmap, sizeof bitmap, &bitmap);
     EXPECT_EQ(bitmap.bmWidth, session->report.PageWidthUnits);

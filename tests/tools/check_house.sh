@@ -6,7 +6,7 @@ root=$1
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 git -C "$work" init -q
-mkdir -p "$work"/{include,state,form,run,host/data,host/cli,tests/run,tools}
+mkdir -p "$work"/{include,state,form,run,host/data,host/tess,tests/run,tools}
 
 # What check_house says of the tree, without line numbers, must be these lines.
 expect() {
@@ -67,7 +67,7 @@ C
 put host/data/table.h <<'C'
 #include "tessarine.h"
 C
-put host/cli/main.cpp <<'C'
+put host/tess/main.cpp <<'C'
 #include "host/data/table.h"
 C
 put tests/run/run_test.cpp <<'C'
@@ -90,9 +90,9 @@ put run/run.h <<'C'
 C
 put host/data/table.h <<'C'
 #include "form/reader.h"
-#include "host/cli/words.h"
+#include "host/tess/words.h"
 C
-put host/cli/words.h <<'C'
+put host/tess/words.h <<'C'
 #include "host/data/table.h"
 C
 {
@@ -112,8 +112,8 @@ undeclared form/extra.cpp Writer::Write
 undeclared form/extra.cpp Generic
 undeclared form/extra.cpp Unpublished
 upward host/data/table.h form/reader.h
-upward host/data/table.h host/cli/words.h
-circle host/cli/words.h host/data/table.h
+upward host/data/table.h host/tess/words.h
+circle host/data/table.h host/tess/words.h
 file tests/run/longer.h
 routine tests/run/long_test.cpp SixtyOne
 SAID

@@ -1,8 +1,8 @@
-#include "host/cli/view_command.h"
+#include "host/tess/view_command.h"
 
 #include <windows.h>
 
-#include "host/cli/failure.h"
+#include "host/base/failure.h"
 #include "host/view/viewer.h"
 
 namespace {

@@ -1,8 +1,8 @@
-#include "host/cli/print_command.h"
+#include "host/tess/print_command.h"
 
 #include <cstdio>
 
-#include "host/cli/failure.h"
+#include "host/base/failure.h"
 #include "host/export/report_pages.h"
 #include "host/forms/fixed_text.h"
 #include "host/print/print_job.h"

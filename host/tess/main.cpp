@@ -7,15 +7,15 @@
 #include <CLI/CLI.hpp>
 #include <windows.h>
 
-#include "host/cli/failure.h"
-#include "host/cli/form_commands.h"
-#include "host/cli/info_command.h"
-#include "host/cli/pages_command.h"
-#include "host/cli/pdf_command.h"
-#include "host/cli/print_command.h"
-#include "host/cli/printers_command.h"
-#include "host/cli/run_command.h"
-#include "host/cli/view_command.h"
+#include "host/base/failure.h"
+#include "host/tess/form_commands.h"
+#include "host/tess/info_command.h"
+#include "host/tess/pages_command.h"
+#include "host/tess/pdf_command.h"
+#include "host/tess/print_command.h"
+#include "host/tess/printers_command.h"
+#include "host/tess/run_command.h"
+#include "host/tess/view_command.h"
 
 namespace {
 

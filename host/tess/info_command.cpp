@@ -1,9 +1,9 @@
-#include "host/cli/info_command.h"
+#include "host/tess/info_command.h"
 
 #include <cstdio>
 
-#include "host/cli/failure.h"
-#include "host/data/files.h"
+#include "host/base/failure.h"
+#include "host/base/files.h"
 #include "host/export/report_pages.h"
 #include "host/forms/expression_text.h"
 #include "host/forms/fixed_text.h"

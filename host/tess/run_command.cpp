@@ -1,12 +1,12 @@
-#include "host/cli/run_command.h"
+#include "host/tess/run_command.h"
 
 #include <cstdio>
 #include <map>
 
-#include "host/cli/failure.h"
-#include "host/cli/interrupt.h"
-#include "host/cli/progress.h"
-#include "host/data/files.h"
+#include "host/base/failure.h"
+#include "host/base/files.h"
+#include "host/base/interrupt.h"
+#include "host/base/progress.h"
 #include "host/data/values.h"
 #include "host/forms/form_image.h"
 #include "host/run/form_remarks.h"

@@ -1,8 +1,8 @@
-#include "host/cli/form_commands.h"
+#include "host/tess/form_commands.h"
 
 #include <cstdio>
 
-#include "host/data/files.h"
+#include "host/base/files.h"
 #include "host/forms/form_from_json.h"
 #include "host/forms/form_to_json.h"
 

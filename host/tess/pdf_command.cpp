@@ -1,9 +1,9 @@
-#include "host/cli/pdf_command.h"
+#include "host/tess/pdf_command.h"
 
 #include <cstdio>
 
-#include "host/cli/failure.h"
-#include "host/data/files.h"
+#include "host/base/failure.h"
+#include "host/base/files.h"
 #include "host/export/report_pages.h"
 #include "host/print/pdf_output.h"
 #include "host/run/unattended.h"

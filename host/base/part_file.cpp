@@ -1,4 +1,4 @@
-#include "host/data/part_file.h"
+#include "host/base/part_file.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -6,8 +6,8 @@
 
 #include <windows.h>
 
-#include "host/cli/failure.h"
-#include "host/data/files.h"
+#include "host/base/failure.h"
+#include "host/base/files.h"
 
 namespace {
 

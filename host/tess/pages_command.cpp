@@ -1,9 +1,9 @@
-#include "host/cli/pages_command.h"
+#include "host/tess/pages_command.h"
 
 #include <cstdio>
 
-#include "host/cli/failure.h"
-#include "host/data/files.h"
+#include "host/base/failure.h"
+#include "host/base/files.h"
 #include "host/export/page_png.h"
 #include "host/export/page_text.h"
 

@@ -1,8 +1,8 @@
-#include "host/cli/printers_command.h"
+#include "host/tess/printers_command.h"
 
 #include <cstdio>
 
-#include "host/cli/failure.h"
+#include "host/base/failure.h"
 #include "host/print/printers.h"
 
 int PrintersCommand(const PrintersOptions &) {

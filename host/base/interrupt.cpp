@@ -1,4 +1,4 @@
-#include "host/cli/interrupt.h"
+#include "host/base/interrupt.h"
 
 #include <atomic>
 
