@@ -4,6 +4,7 @@
 
 #include <cstddef>
 
+#include "tessarine_blocks.h"
 #include "tessarine_records.h"
 
 #define AT(record, field, offset) static_assert(offsetof(record, field) == (offset))

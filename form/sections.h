@@ -1,7 +1,7 @@
 // Words about the rows of the section table.
 #pragma once
 
-#include "tessarine_records.h"
+#include "tessarine_numbers.h"
 
 namespace tessarine {
 

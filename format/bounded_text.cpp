@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "tessarine_numbers.h"
+
 namespace tessarine {
 
 BoundedText ContinueText(char *buffer) { return {buffer, std::strlen(buffer), MAX_LABEL_TEXT}; }

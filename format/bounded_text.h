@@ -1,10 +1,9 @@
 // A text that is built in a buffer of fixed size: what passes its end is left out.
 #pragma once
 
+#include <cstdint>
 #include <cstring>
 #include <string_view>
-
-#include "tessarine_records.h"
 
 namespace tessarine {
 

@@ -6,7 +6,8 @@
 #ifndef TESSARINE_H
 #define TESSARINE_H
 
-#include "session_head.h"
+#include "tessarine_blocks.h"
+#include "tessarine_numbers.h"
 #include "tessarine_records.h"
 
 #ifdef __cplusplus

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <cstring>
 
+#include "tessarine_numbers.h"
+
 namespace tessarine {
 
 namespace {

@@ -3,7 +3,6 @@
 
 #include "state/measures_state.h"
 #include "state/windows.h"
-#include "tessarine_records.h"
 
 namespace tessarine {
 

@@ -3,7 +3,7 @@
 
 #include "state/measures_state.h"
 #include "state/windows.h"
-#include "tessarine_records.h"
+#include "tessarine_numbers.h"
 
 namespace tessarine {
 

@@ -1,8 +1,9 @@
 // What everything is drawn on and by.
 #pragma once
 
+#include <cstdint>
+
 #include "state/windows.h"
-#include "tessarine_records.h"
 
 namespace tessarine {
 

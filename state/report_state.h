@@ -1,8 +1,7 @@
 // How far a report is, what its pages measure, and when it was made.
 #pragma once
 
-#include "state/windows.h"
-#include "tessarine_records.h"
+#include <cstdint>
 
 namespace tessarine {
 

@@ -17,7 +17,7 @@
 #include "state/run_state.h"
 #include "state/view_state.h"
 #include "state/windows.h"
-#include "tessarine_records.h"
+#include "tessarine_blocks.h"
 
 namespace tessarine {
 
