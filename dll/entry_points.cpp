@@ -243,15 +243,15 @@ HGLOBAL __stdcall GetDevMode(Session *session) {
 }
 
 int32_t __stdcall SetDevNames(Session *session, HGLOBAL handle) {
-    return OnSession(session, 0, [&] { return tessarine::SetDevNames(session, handle); });
+    return OnForm(session, 0, [&] { return tessarine::SetDevNames(session, handle); });
 }
 
 int32_t __stdcall SetDevMode(Session *session, HGLOBAL handle, int32_t takeAll) {
-    return OnSession(session, 0, [&] { return tessarine::SetDevMode(session, handle, takeAll); });
+    return OnForm(session, 0, [&] { return tessarine::SetDevMode(session, handle, takeAll); });
 }
 
 int32_t __stdcall ProcessPrinterData(Session *session) {
-    return OnSession(session, 0, [&] { return tessarine::ProcessPrinterData(session); });
+    return OnForm(session, 0, [&] { return tessarine::ProcessPrinterData(session); });
 }
 
 HMETAFILE __stdcall ReadMetaFilePage(Session *session, int32_t pageIndex, const char *scratchPath,

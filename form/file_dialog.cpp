@@ -17,6 +17,9 @@ constexpr size_t NAME_LENGTH = 129; // 128 characters of path
 void DropMouseMessages(HWND window) {
     MSG message;
     while (PeekMessageA(&message, window, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE)) {
+        if (message.message != WM_QUIT) continue;
+        PostQuitMessage(static_cast<int>(message.wParam)); // for the host's own loop
+        break;
     }
 }
 

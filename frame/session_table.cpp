@@ -21,13 +21,17 @@ bool IsOwnWindow(HWND window) {
     return process == GetCurrentProcessId();
 }
 
-// A window of another process holds an address of that process.
+// A window of another process holds an address of that process, and one of a second copy of this
+// library a session of its own.
 Session *SessionOfWindow(HWND window) {
     if (!IsOwnWindow(window)) return nullptr;
     char name[20] = "";
     GetClassNameA(window, name, sizeof name);
     for (const char *known : window_classes)
-        if (!lstrcmpiA(name, known)) return reinterpret_cast<Session *>(GetWindowLongA(window, 0));
+        if (!lstrcmpiA(name, known)) {
+            auto *session = reinterpret_cast<Session *>(GetWindowLongA(window, 0));
+            return SessionStands(session) ? session : nullptr;
+        }
     return nullptr;
 }
 

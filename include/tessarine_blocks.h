@@ -117,6 +117,18 @@ typedef struct NewFormData { /* values of the next new form */
     uint32_t Reserved;
 } NewFormData;
 
+typedef struct PreviewWords { /* of a run's preview, as its status strip shows them */
+    int32_t PageOnView;       /* from 1; 0 while no page is finished */
+    int32_t FinishedPages;
+} PreviewWords;
+
+typedef struct SessionHead { /* at the pointer of GetSessionPointer; a host changes nothing of it */
+    FormParams Form;         /* in a designer session */
+    RepParams Run;           /* in a run */
+    RepViewParams View;      /* ReportWindow in a run with a preview too */
+    PreviewWords Preview;
+} SessionHead;
+
 #pragma pack(pop)
 
 #ifdef __cplusplus

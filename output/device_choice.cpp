@@ -10,7 +10,7 @@ namespace tessarine {
 namespace {
 
 constexpr int DEVICE_HELP = 3015;
-constexpr int CANCELLED = -1;
+constexpr int CANCELLED = 0; // as a dialog that could not be shown gives
 
 void AddChoice(HWND dialog, const char *text) {
     SendDlgItemMessageA(dialog, LIST_CHOICE, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
@@ -25,7 +25,7 @@ bool Open(HWND dialog, Session *session, LPARAM) {
 }
 
 void Choose(HWND dialog, Session *session) {
-    EndDialog(dialog, SendDlgItemMessageA(dialog, LIST_CHOICE, LB_GETCURSEL, 0, 0));
+    EndDialog(dialog, 1 + SendDlgItemMessageA(dialog, LIST_CHOICE, LB_GETCURSEL, 0, 0));
     SetModified(session, 1);
 }
 
@@ -38,7 +38,7 @@ constexpr Dialog device_dialog{DEVICE_HELP, Open, controls, CANCELLED};
 int AskDevice(Session *session) {
     SetHelpFile(session);
     const HWND owner = session->Window ? nullptr : session->ParentWindow;
-    return static_cast<int>(RunDialog(session, "DeviceParam", DeviceParam, 0, owner));
+    return static_cast<int>(RunDialog(session, "DeviceParam", DeviceParam, 0, owner)) - 1;
 }
 
 INT_PTR CALLBACK DeviceParam(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {

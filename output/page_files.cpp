@@ -15,7 +15,8 @@ namespace {
 
 constexpr DWORD DIRECTORY_LIMIT = 150;
 constexpr size_t BASE_LENGTH = 8;
-constexpr int BASE_TRIES = 1296; // two characters of 36 letters
+constexpr int LETTERS = 26;
+constexpr int BASE_TRIES = LETTERS * LETTERS; // two characters between the numbers
 constexpr const char *page_endings[] = {".MF", ".MFT", ".MFS", ".MFP"};
 
 // An empty directory becomes the current one in its short form, also in the caller's block.
@@ -54,29 +55,48 @@ HANDLE Claim(const char *directory, const char *base) {
                        FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
 }
 
+// Not that its folder can't be reached: then no other name can be had either.
+bool IsTaken(DWORD error) {
+    return error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS ||
+           error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
+}
+
 void ReleaseClaim(PageStoreState *pages) {
     if (pages->NameClaim) CloseHandle(pages->NameClaim);
     pages->NameClaim = nullptr;
 }
 
-char Letter(int number) { return "RSTUVWXYZABCDEFGHIJKLMNOPQ0123456789"[number % 36]; }
+char Letter(int number) { return "RSTUVWXYZABCDEFGHIJKLMNOPQ"[number % LETTERS]; }
 
 // Two sessions of the same second differ in the characters between the numbers. One that runs alone
 // has the usual name.
 void ClaimName(PageStoreState *pages, const char *directory, char (&base)[BASE_LENGTH + 1]) {
     for (int number = 0; number < BASE_TRIES; ++number) {
         base[2] = Letter(number);
-        base[5] = Letter(number / 36);
+        base[5] = Letter(number / LETTERS);
         const HANDLE claim = Claim(directory, base);
-        if (claim == INVALID_HANDLE_VALUE) continue;
-        pages->NameClaim = claim;
-        return;
+        if (claim != INVALID_HANDLE_VALUE) {
+            pages->NameClaim = claim;
+            return;
+        }
+        if (!IsTaken(GetLastError())) return;
     }
 }
 
+// Two digits of a clock, below the limit.
+bool IsClockNumber(const char *text, int limit) {
+    return IsDigit(text[0]) && IsDigit(text[1]) && (text[0] - '0') * 10 + text[1] - '0' < limit;
+}
+
+bool IsUpperLetter(char c) { return c >= 'A' && c <= 'Z'; }
+
+// Hours, minutes and seconds with a letter between: no date and no number that a person would
+// write.
 bool IsPageFileName(const char *name) {
-    for (const int place : {0, 1, 3, 4, 6, 7})
-        if (!IsDigit(name[place])) return false;
+    const size_t length = std::strlen(name);
+    if (length <= BASE_LENGTH || !IsClockNumber(name, 24) || !IsUpperLetter(name[2]) ||
+        !IsClockNumber(name + 3, 60) || !IsUpperLetter(name[5]) || !IsClockNumber(name + 6, 60))
+        return false;
     const auto is_ending = [&](const char *ending) {
         return !lstrcmpiA(name + BASE_LENGTH, ending);
     };

@@ -1,5 +1,6 @@
 #include "output/page_printing.h"
 
+#include "commands.h"
 #include "device/printer.h"
 #include "frame/dialogs.h"
 #include "frame/fatal_error.h"
@@ -62,7 +63,7 @@ public:
     }
     JobClaim(const JobClaim &) = delete;
     JobClaim &operator=(const JobClaim &) = delete;
-    ~JobClaim() { session_->job.InHand = 0; }
+    ~JobClaim() { session_->job.InHand = session_->job.Printing = 0; }
 
 private:
     Session *session_;
@@ -122,6 +123,7 @@ private:
 
 int PrintJob(Session *session, HDC device) {
     const bool silent = session->ViewingFile && session->ViewBlock.Silent;
+    session->job.Printing = 1;
     NotePrinterContext(session, device);
     if (!silent) {
         session->job.Progress.AbortProc = ScrPrintProc;
@@ -143,6 +145,7 @@ int PrintPages(Session *session, int askRange) {
     if (session->job.InHand) return 1;
     const JobClaim claim(session);
     if (askRange && RunDialog(session, "PrintParam", PrintParam, 0) != 1) return 1;
+    if (session->job.CancelState == CANCEL_STOP) return 1; // its run has ended under the dialog
     --session->job.FirstPrintPage;
     --session->job.LastPrintPage;
     TakeReportPaper(session);

@@ -5,6 +5,7 @@
 #include "canvas/canvas.h"
 #include "form/label_measure.h"
 #include "frame/owned.h"
+#include "output/report_file.h"
 
 namespace tessarine {
 

@@ -1,7 +1,6 @@
 // The page of a preview on view, and where it stands in the window.
 #pragma once
 
-#include "commands.h"
 #include "state/session.h"
 
 namespace tessarine {

@@ -2,6 +2,7 @@
 
 #include "canvas/canvas.h"
 #include "canvas/command_table.h"
+#include "commands.h"
 #include "device/device_properties.h"
 #include "frame/boundary.h"
 #include "frame/cursor.h"
@@ -56,7 +57,8 @@ void CopyReport(Session *session, const char *path) {
 }
 
 bool ReportFinished(const Session *session) {
-    return session->report.RunPhase == PHASE_FINISHED && !session->ViewingFile;
+    return session->report.RunPhase == PHASE_FINISHED && session->pages.ReportWhole &&
+           !session->ViewingFile;
 }
 
 // The whole report file goes to the chosen name; only a finished run has one.
@@ -111,7 +113,7 @@ bool StartFailed(const Session *session) {
 void StopOrEnd(Session *session) {
     if (session->State == STATE_FINISHED || StartFailed(session))
         WantEnd(session);
-    else if (session->job.InHand)
+    else if (session->job.Printing)
         session->job.CancelState = CANCEL_STOP;
     else
         session->report.CancelState = CANCEL_STOP;
@@ -187,6 +189,7 @@ bool OnDestroy(Session *session, WPARAM) {
     session->view.WindowGone = 1;
     SetWindowLongA(session->Window, 0, 0);
     session->Window = nullptr;
+    session->device.Menu = nullptr;
     session->job.CancelState = session->report.CancelState = CANCEL_STOP;
     StopOrEnd(session);
     return true;
@@ -234,7 +237,8 @@ void SetMenuState(Session *session) {
 
 LRESULT CALLBACK RepWndProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     Session *session = window ? GetSessionPointer(window, 0) : nullptr;
-    const bool deaf = !session || session->IgnoreMessages || session->WindowInMaking;
+    const bool in_making = session && session->WindowInMaking && message != WM_DESTROY;
+    const bool deaf = !session || session->IgnoreMessages || in_making;
     if (!deaf && HandleWhole(session, message, wParam)) return 0;
     return DefWindowProcA(window, message, wParam, lParam);
 }

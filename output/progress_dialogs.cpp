@@ -2,6 +2,7 @@
 
 #include "commands.h"
 #include "frame/dialogs.h"
+#include "frame/float_state.h"
 #include "frame/session_table.h"
 
 namespace tessarine {
@@ -83,6 +84,7 @@ void ShowNumber(const ProgressState &progress, int control, int number) {
 }
 
 void PumpProgress(HWND dialog, int32_t *cancelState, int code) {
+    const OwnFloatState own; // windows may leave the floating point units as they like
     MSG message{};
     while (*cancelState != CANCEL_STOP && message.message != WM_QUIT &&
            PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {

@@ -6,6 +6,8 @@
 #include "form/label_measure.h"
 #include "format/format_field.h"
 #include "format/postnet.h"
+#include "frame/fatal_error.h"
+#include "frame/float_state.h"
 #include "frame/text.h"
 #include "paint/text_measure.h"
 #include "paint/text_place.h"
@@ -40,8 +42,12 @@ void PaintHostPicture(const Session *session, HDC device, const ItemRecord &item
     if (!session->RunBlock.PictureProc) return;
     const RECT place = ItemRectangle(session, item);
     const int32_t rectangle[4] = {place.left, place.top, place.right, place.bottom};
-    session->RunBlock.PictureProc(device, field.LongValue, field.HostTable, field.HostField,
-                                  rectangle, session->SessionId);
+    {
+        const OwnFloatState own; // the routine may leave the floating point units as it likes
+        session->RunBlock.PictureProc(device, field.LongValue, field.HostTable, field.HostField,
+                                      rectangle, session->SessionId);
+    }
+    RaisePending(session);
 }
 
 void Append(FieldText *out, const char *text) {

@@ -1,10 +1,12 @@
 #include "run/message_pump.h"
 
 #include "frame/fatal_error.h"
+#include "frame/float_state.h"
 
 namespace tessarine {
 
 void PumpMessages(Session *session) {
+    const OwnFloatState own; // windows may leave the floating point units as they like
     MSG message;
     while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
         if (message.message == WM_QUIT) { // for the host's own loop

@@ -159,7 +159,7 @@ int AskUserFields(Session *session) {
         session->dialog.DialogRow = session->run.PromptRows[index];
         const int place = index == total - 1 ? LAST_PLACE : index;
         if (RunDialog(session, "DlgInputParam", DlgInputParam, place) != 1) {
-            if (index == 0) return 0;
+            if (index == 0 || session->view.WindowGone) return 0;
             --index;
         } else if (TakeAnswer(session)) {
             ++index;

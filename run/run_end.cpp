@@ -89,6 +89,7 @@ void FinishRun(Session *session, int fill, int32_t *pageCount) {
 // The host has no further call for this run, whatever came: a preview stays to be read, until its
 // user closes it, and all else is released.
 int LeaveRun(Session *session, int code) {
+    if (session->State == STATE_FINISHED || session->State == STATE_ENDING) return code;
     const bool whole = code == CODE_DONE;
     if (!session->OutputToScreen || session->report.CancelState == CANCEL_STOP ||
         session->view.WindowGone) {
@@ -116,6 +117,7 @@ int RepExit(int sessionId, int fill, int32_t *pageCount) {
         [&] {
             if (PagesAreLost(session)) return LeaveRun(session, session->ErrorCode);
             FinishRun(session, fill, pageCount);
+            RaisePending(session);
             return LeaveRun(session, CODE_DONE);
         },
         [&] { return LeaveRun(session, session->ErrorCode); });

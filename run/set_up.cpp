@@ -38,6 +38,18 @@ bool FileExists(const char *path) {
 
 template <size_t Size> void Terminate(char (&text)[Size]) { text[Size - 1] = 0; }
 
+// The path as the current folder has it now: a host may go to another one during the run.
+template <size_t Size> void TakeWholePath(const char *name, char (&path)[Size]) {
+    const DWORD length = GetFullPathNameA(name, Size, path, nullptr);
+    if (length == 0 || length >= Size) CopyText(name, path, Size);
+}
+
+void TakeTempDir(Session *session, const RepParams *params) {
+    char given[sizeof params->TempDir];
+    CopyText(session->RunBlock.TempDir, given, sizeof given);
+    if (*given) TakeWholePath(given, session->RunBlock.TempDir);
+}
+
 void TakeParams(Session *session, const RepParams *params) {
     session->SessionKind = KIND_REPORT;
     session->WindowProcedure = RepWndProc;
@@ -47,6 +59,7 @@ void TakeParams(Session *session, const RepParams *params) {
     Terminate(session->RunBlock.FormFile);
     Terminate(session->RunBlock.TempDir);
     Terminate(session->RunBlock.OutputFile);
+    TakeTempDir(session, params);
     session->run.FirstOnPage = 1;
     session->run.FirstInGroup = 1;
     session->ParentWindow = params->ParentWindow;
@@ -65,23 +78,17 @@ int AskOutput(Session *session, RepParams *params) {
                : CODE_NO_OUTPUT_FILE;
 }
 
-// The path as the current folder has it now: a host may go to another one during the run.
-template <size_t Size> void TakeWholePath(const char *name, char (&path)[Size]) {
-    const DWORD length = GetFullPathNameA(name, Size, path, nullptr);
-    if (length == 0 || length >= Size) CopyText(name, path, Size);
-}
-
 bool MayBeOutput(const Session *session, const char *path) {
     if (!SameFile(path, session->RunBlock.FormFile)) return true;
     ShowBox(nullptr, "The output file is the form file!");
     return false;
 }
 
-int OpenOutputFile(Session *session, const RepParams *params) {
+int OpenOutputFile(Session *session, const char *name) {
     session->OutputToFile = 1;
-    if (!*params->OutputFile) return CODE_NO_OUTPUT_FILE;
+    if (!*name) return CODE_NO_OUTPUT_FILE;
     char path[sizeof session->pages.OutputPath];
-    TakeWholePath(params->OutputFile, path);
+    TakeWholePath(name, path);
     if (!MayBeOutput(session, path) || !WriteEmptyHeader(session, path)) return CODE_NO_OUTPUT_FILE;
     CopyText(path, session->pages.OutputPath, sizeof path);
     return CODE_DONE;
@@ -89,9 +96,11 @@ int OpenOutputFile(Session *session, const RepParams *params) {
 
 // The letter in the caller's block counts; the session's copy keeps the one that came in.
 int ChooseOutput(Session *session, RepParams *params) {
-    if (params->Device == 'A')
+    const bool asked = params->Device == 'A';
+    if (asked)
         if (const int code = AskOutput(session, params)) return code;
-    if (params->Device == 'F') return OpenOutputFile(session, params);
+    if (params->Device == 'F')
+        return OpenOutputFile(session, asked ? params->OutputFile : session->RunBlock.OutputFile);
     if (params->Device == 'S') {
         session->OutputToScreen = 1;
         session->view.HorzScroll = 1;
@@ -236,9 +245,16 @@ int SetUpRun(Session *session, RepParams *params, int feedMode, HGLOBAL devNames
     if (session->OutputToFile) StartRecorder(session, "Error creating metafile(a)");
     SetSystemFields(session);
     FillOutputFields(session);
+    RaisePending(session);
     session->State = STATE_READY;
     *params = session->RunBlock;
     return CODE_DONE;
+}
+
+// The user's close releases a start that failed, unless its window has gone already.
+int LeaveStart(Session *session, int code) {
+    if (code != CODE_DONE && session->view.WindowGone) WantEnd(session);
+    return code;
 }
 
 } // namespace
@@ -247,8 +263,12 @@ int RepInit(RepParams *params, int feedMode, HGLOBAL devNames, HGLOBAL devMode) 
     Session *session = nullptr;
     if (const int code = OpenRunSession(&session)) return code;
     return AtEntry(
-        session, [&] { return SetUpRun(session, params, feedMode, devNames, devMode); },
-        [&] { return session->ErrorCode; });
+        session,
+        [&] {
+            const int code = SetUpRun(session, params, feedMode, devNames, devMode);
+            return LeaveStart(session, code);
+        },
+        [&] { return LeaveStart(session, session->ErrorCode); });
 }
 
 } // namespace tessarine

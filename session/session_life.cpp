@@ -53,7 +53,6 @@ void MakeSessionWindow(Session *session, uint32_t style, const RECT &place) {
     const char *window_class = RegisterSessionClass(session);
     const char *title = *session->CurrentFile ? session->CurrentFile : "(UNNAMED)";
     session->device.Menu = LoadSessionMenu(session);
-    session->WindowInMaking = 1;
     const HWND window = CreateWindowExA(0, window_class, title, style, place.left, place.top,
                                         place.right, place.bottom, session->ParentWindow,
                                         session->device.Menu, module_instance, nullptr);
@@ -80,6 +79,32 @@ int CodeOfUnreadForm(const Session *session) {
 
 } // namespace
 
+namespace {
+
+// While one stands the window procedures hear of nothing but its end.
+class InMaking {
+public:
+    explicit InMaking(Session *session) : session_(session) { session->WindowInMaking = 1; }
+    InMaking(const InMaking &) = delete;
+    InMaking &operator=(const InMaking &) = delete;
+    ~InMaking() { session_->WindowInMaking = 0; }
+
+private:
+    Session *session_;
+};
+
+void MakeWindowAndDevices(Session *session, uint32_t style, const RECT &place) {
+    const InMaking making(session);
+    if (session->OutputToScreen)
+        MakeSessionWindow(session, style, place);
+    else
+        session->Window = session->ParentWindow;
+    InitDeviceProp(session);
+    MakeCanvas(session);
+}
+
+} // namespace
+
 int CreateFormWindow(Session *session, uint32_t style, int x, int y, int width, int height) {
     session->LabelMode = LabelModeWanted();
     InitVariables(session);
@@ -88,13 +113,7 @@ int CreateFormWindow(Session *session, uint32_t style, int x, int y, int width, 
                            session->printer.PortName))
         return CODE_PRINTER;
     InitPrinter(session);
-    if (session->OutputToScreen)
-        MakeSessionWindow(session, style, RECT{x, y, width, height});
-    else
-        session->Window = session->ParentWindow;
-    InitDeviceProp(session);
-    MakeCanvas(session);
-    session->WindowInMaking = 0;
+    MakeWindowAndDevices(session, style, RECT{x, y, width, height});
     if (!session->ViewingFile && !OpenForm(session, session->CurrentFile))
         return CodeOfUnreadForm(session);
     SetModified(session, 0);

@@ -13,7 +13,7 @@ struct PageStoreState {
     HMETAFILE ShownPage; // the one page held for painting
     int32_t ShownPageIndex;
     char *CopyBuffer; // 16384 bytes
-    char ReportPath[260];
+    char ReportPath[276];
     char TransferPath[260];   // .MFT, a page on its way in
     char ScreenPagePath[260]; // .MFS, a page on its way to the screen
     char PrintPagePath[260];  // .MFP, a page on its way to the printer
@@ -38,7 +38,8 @@ struct ProgressState {
 // A print job of the preview's finished pages. The run behind it goes on with its own page, scale
 // and cancel word.
 struct PreviewJobState {
-    uint32_t InHand;
+    uint32_t InHand;   // from the question for its pages on
+    uint32_t Printing; // from its document on
     ProgressState Progress;
     int32_t CancelState; // CANCEL_NONE or CANCEL_STOP
     int32_t PageCount;   // number of the page in hand, from 1

@@ -7,7 +7,6 @@
 
 #include <type_traits>
 
-#include "session_head.h"
 #include "state/device_state.h"
 #include "state/dialog_state.h"
 #include "state/drawing_state.h"

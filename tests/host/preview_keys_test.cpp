@@ -3,11 +3,10 @@
 
 #include <vector>
 
+#include "commands.h"
 #include "host/run/preview_keys.h"
 #include "output/preview_window.h"
 #include "tests/support/window_driver.h"
-
-using enum int;
 
 namespace {
 

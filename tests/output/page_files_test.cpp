@@ -89,8 +89,9 @@ TEST(PageFiles, FilesThatNobodyOwnsAreSweptAndThoseOfALiveOneStay) {
     WriteWholeFile(live.Pages().ReportPath, "pages");
     WriteWholeFile(live.Pages().TransferPath, "page");
     const char *orphans[] = {"09R59R00.MF", "09r59r00.mft", "14T05R33.MFS", "14T05R33.MFP"};
-    const char *others[] = {"14T05R33.MFX", "14T05R33", "14T05R3.MF",
-                            "14R0SR33.MF",  "NOTES.MF", "14T05R33.MF.BAK"};
+    const char *others[] = {"14T05R33.MFX", "14T05R33",    "14T05R3.MF",
+                            "14R0SR33.MF",  "NOTES.MF",    "14T05R33.MF.BAK",
+                            "20240131.MF",  "12-05-59.MF", "25R05R33.MF"};
     for (const char *name : orphans) WriteWholeFile(folder.Path(name), "left");
     for (const char *name : others) WriteWholeFile(folder.Path(name), "of a user");
     const NamedPages next(folder);

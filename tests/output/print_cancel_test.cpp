@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "commands.h"
+#include "output/print_job.h"
 #include "tests/support/preview_printing.h"
 
 using namespace tessarine;

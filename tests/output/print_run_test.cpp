@@ -3,10 +3,13 @@
 #include <cstring>
 
 #include "commands.h"
+#include "device/device_names.h"
 #include "device/printer.h"
 #include "frame/memory.h"
 #include "output/print_job.h"
-#include "run/run.h"
+#include "run/record_driver.h"
+#include "run/run_end.h"
+#include "run/set_up.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/no_printers.h"
 #include "tests/support/printer_calls.h"

@@ -1,4 +1,5 @@
 // How a page ends and what stands at the top of the next.
+#include "commands.h"
 #include "frame/session_table.h"
 #include "output/preview_window.h"
 #include "run/page_break.h"

@@ -3,12 +3,13 @@
 
 #include <string>
 
+#include "frame/host_data.h"
 #include "frame/owned.h"
 #include "tests/support/form_files.h"
 
 class FormSaves : public FormFiles {
 protected:
-    FormSaves() { host_data.EditAllowed = &edit_allowed; }
+    FormSaves() { tessarine::host_data.EditAllowed = &edit_allowed; }
 
     std::string Load(const std::string &name = "FORM.FP") {
         const std::string path = Put(form.Bytes(), name);

@@ -1,6 +1,7 @@
 #include "tests/support/preview_printing.h"
 
 #include "commands.h"
+#include "output/page_printing.h"
 
 PreviewPrinting::PreviewPrinting() {
     boxes.OnDialog("Printing In Progress...", [](HWND) {});

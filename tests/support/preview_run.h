@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "commands.h"
 #include "frame/session_table.h"
 #include "output/preview_window.h"
 #include "tests/support/message_boxes.h"
