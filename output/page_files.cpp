@@ -88,14 +88,12 @@ bool IsClockNumber(const char *text, int limit) {
     return IsDigit(text[0]) && IsDigit(text[1]) && (text[0] - '0') * 10 + text[1] - '0' < limit;
 }
 
-bool IsUpperLetter(char c) { return c >= 'A' && c <= 'Z'; }
-
 // Hours, minutes and seconds with a letter between: no date and no number that a person would
 // write.
 bool IsPageFileName(const char *name) {
     const size_t length = std::strlen(name);
-    if (length <= BASE_LENGTH || !IsClockNumber(name, 24) || !IsUpperLetter(name[2]) ||
-        !IsClockNumber(name + 3, 60) || !IsUpperLetter(name[5]) || !IsClockNumber(name + 6, 60))
+    if (length <= BASE_LENGTH || !IsClockNumber(name, 24) || !IsLetter(name[2]) ||
+        !IsClockNumber(name + 3, 60) || !IsLetter(name[5]) || !IsClockNumber(name + 6, 60))
         return false;
     const auto is_ending = [&](const char *ending) {
         return !lstrcmpiA(name + BASE_LENGTH, ending);

@@ -310,6 +310,9 @@ TEST_F(HostRun, RunRefusesWhatWorksOnAFormAndGoesOn) {
     Session *session = GetSessionPointer(nullptr, params.SessionId);
     uint16_t cells[MAX_CELLS]{};
     int32_t number = 0;
+    const HGLOBAL names = GetDevNames(session);
+    const HGLOBAL mode = GetDevMode(session);
+    ASSERT_TRUE(names && mode); // the printer's data are given in a run too
     std::string fifty = "101";
     for (int literal = 102; literal <= 150; ++literal) fifty += "+" + std::to_string(literal);
     for (int time = 0; time < 2; ++time) {
@@ -325,9 +328,14 @@ TEST_F(HostRun, RunRefusesWhatWorksOnAFormAndGoesOn) {
         EXPECT_EQ(InitNewForm(session), 0);
         EXPECT_EQ(CreateDefaultBoldFont(session), 0);
         EXPECT_EQ(ValidateMargins(session, 1), 0);
+        EXPECT_EQ(ProcessPrinterData(session), 0);
+        EXPECT_EQ(SetDevNames(session, names), 0);
+        EXPECT_EQ(SetDevMode(session, mode, 1), 0);
         EXPECT_GT(GetLabelLen(session, "text", 0), 0); // measures are as good in a run
         EXPECT_EQ(RepRec(params.SessionId, 0, 0), 0);
     }
+    GlobalFree(names);
+    GlobalFree(mode);
     EXPECT_TRUE(boxes.Log().empty());
     int32_t pages = 0;
     EXPECT_EQ(RepExit(params.SessionId, 0, &pages), 0);

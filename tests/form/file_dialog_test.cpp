@@ -66,6 +66,15 @@ protected:
 
 } // namespace
 
+TEST_F(FileDialog, QuitUnderItIsLeftToTheHostsOwnLoop) {
+    boxes.OnDialog("Save", [](HWND) { PostQuitMessage(7); });
+    char name[260] = "";
+    AskFileName(session, name, FILTER, "Save", true);
+    MSG message{};
+    ASSERT_TRUE(PeekMessageA(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(message.wParam, 7u);
+}
+
 TEST_F(FileDialog, ChosenNameComesBack) {
     char name[260] = "";
     const std::string path = folder.Path("CHOSEN.FP");

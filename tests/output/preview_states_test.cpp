@@ -18,7 +18,7 @@ protected:
 // A preview that a window of the host owns.
 class OwnedPreview : public PreviewRun {
 protected:
-    OwnedPreview() {
+    explicit OwnedPreview(const FormBuilder &form = FiveAPage{}) : PreviewRun(form) {
         owner = CreateWindowExA(0, "STATIC", "Owner", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
                                 nullptr, nullptr);
         run.params.ParentWindow = owner;
@@ -32,6 +32,20 @@ protected:
 // A form whose filter doesn't compile, which shows when its window stands.
 struct NoFilter : FiveAPage {
     NoFilter() { Filter({503}); }
+};
+
+// A page footer that leaves no room for anything else, which shows when the window stands.
+struct NoRoom : FiveAPage {
+    NoRoom() {
+        Section(SECTION_PAGE_FOOTER, 2900);
+        Label(SECTION_PAGE_FOOTER, 200, 0, 400, 50, "foot");
+    }
+};
+
+class FailedOwnedPreview : public OwnedPreview {
+protected:
+    FailedOwnedPreview() : OwnedPreview(NoRoom{}) {}
+    void SetUp() override {}
 };
 
 class FailedPreview : public PreviewRun {
@@ -174,4 +188,50 @@ TEST_F(OwnedPreview, OwnerDestroyedUnderADialogEndsTheSessionBehindIt) {
     Command(COMMAND_JUMP);
     EXPECT_FALSE(Open());
     EXPECT_EQ(FilesOfPages(), 0);
+}
+
+TEST_F(FailedOwnedPreview, OwnerDestroyedUnderABoxOfAStartThatFailsEndsTheSession) {
+    const int before = PreviewWindows();
+    Session *failed = nullptr;
+    boxes.OnDialog("", [&](HWND) {
+        failed = tessarine::GetSessionPointer(FindWindowA("RepClass32", nullptr), 0);
+        DestroyWindow(owner);
+    });
+    EXPECT_EQ(run.Start(), CODE_PRINTER);
+    ASSERT_TRUE(failed);
+    EXPECT_FALSE(tessarine::SessionStands(failed));
+    EXPECT_EQ(PreviewWindows(), before);
+}
+
+// The question for the pages is no job yet.
+TEST_F(PreviewStates, CloseUnderTheQuestionForPagesStopsTheRunAndPrintsNothing) {
+    ASSERT_EQ(Feed(12), 0);
+    boxes.OnDialog("Print Selected Pages", [&](DialogDriver dialog) {
+        Send(WM_CLOSE);
+        dialog.Press(IDCANCEL);
+    });
+    Command(COMMAND_PRINT);
+    EXPECT_EQ(Feed(1), CODE_CANCELLED);
+}
+
+TEST_F(PreviewStates, ReportThatIsNotWholeIsNotSaved) {
+    ASSERT_EQ(Feed(12), 0);
+    bool asked = false;
+    boxes.OnDialog("Save the Report to a Disk File", [&](DialogDriver dialog) {
+        asked = true;
+        dialog.Press(IDCANCEL);
+    });
+    bool tried = false;
+    boxes.OnDialog("Fatal Error", [&](DialogDriver box) {
+        tried = true;
+        Command(COMMAND_SAVE);
+        box.Press(IDOK);
+    });
+    {
+        const FailingCall failing("CopyMetaFileA", CopyMetaFileA, nullptr);
+        EXPECT_EQ(run.Finish(), CODE_FILE);
+    }
+    EXPECT_TRUE(tried);
+    EXPECT_FALSE(asked);
+    Send(WM_CLOSE);
 }
