@@ -13,6 +13,7 @@
 #include "form/form_lock.h"
 #include "form/versions.h"
 #include "frame/fatal_error.h"
+#include "frame/files.h"
 #include "frame/host_data.h"
 #include "frame/message_box.h"
 #include "frame/owned.h"
@@ -22,21 +23,10 @@ namespace tessarine {
 
 namespace {
 
-constexpr DWORD SHARE_ALL = FILE_SHARE_READ | FILE_SHARE_WRITE;
 constexpr const char *NOT_A_FORM = "Not a valid form file";
 
 bool IsFormSignature(uint16_t signature) {
     return signature == SIGNATURE_FORM || signature == SIGNATURE_FORM_OTHER;
-}
-
-HANDLE OpenForReading(const char *path) {
-    return CreateFileA(path, GENERIC_READ, SHARE_ALL, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
-                       nullptr);
-}
-
-HANDLE OpenForWriting(const char *path) {
-    return CreateFileA(path, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                       FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
 void ShowSystemMessage(HWND owner, DWORD error, const char *title) {
@@ -67,10 +57,10 @@ struct OpenedForm {
 OpenedForm OpenFormFile(const Session *session, const char *path, const FormHeader &header) {
     OpenedForm opened;
     opened.writable = MayWrite(session, header);
-    if (opened.writable) opened.file = OpenForWriting(path);
+    if (opened.writable) opened.file = OpenToKeep(path);
     if (opened.file != INVALID_HANDLE_VALUE) return opened;
     opened.fell_back = opened.writable;
-    opened.file = OpenForReading(path);
+    opened.file = OpenToRead(path);
     return opened;
 }
 
@@ -194,7 +184,7 @@ bool FitsSession(const Session *session, const FormHeader &header) {
 } // namespace
 
 bool PeekFormHeader(Session *session, const char *path, FormHeader *header) {
-    const OwnedFile file(OpenForReading(path));
+    const OwnedFile file(OpenToRead(path));
     if (!file) {
         ShowSystemMessage(session->Window, GetLastError(), "Open");
         return false;

@@ -9,6 +9,7 @@
 #include "form/form_lock.h"
 #include "form/modified.h"
 #include "frame/fatal_error.h"
+#include "frame/files.h"
 #include "frame/host_data.h"
 #include "frame/message_box.h"
 #include "frame/text.h"
@@ -28,8 +29,6 @@ Save Fail(const Session *session, const char *text, const char *title = "") {
 }
 
 bool IsReadOnly() { return host_data.EditAllowed && !*host_data.EditAllowed; }
-
-bool FileStands(const char *path) { return GetFileAttributesA(path) != INVALID_FILE_ATTRIBUTES; }
 
 // A point among the last five characters makes the name complete.
 void AddFormEnding(char *path) {
@@ -53,13 +52,8 @@ void BackupName(const char *path, char (&backup)[PATH_SIZE + 4]) {
     std::strcat(backup, ".BP");
 }
 
-HANDLE OpenForm(const char *path) {
-    return CreateFileA(path, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                       FILE_ATTRIBUTE_NORMAL, nullptr);
-}
-
 bool TakeLock(Session *session, const char *path) {
-    session->form.FormLock = OpenForm(path);
+    session->form.FormLock = OpenToKeep(path);
     CopyText(path, session->form.LockedPath, sizeof session->form.LockedPath);
     return session->form.FormLock != INVALID_HANDLE_VALUE;
 }
@@ -67,8 +61,7 @@ bool TakeLock(Session *session, const char *path) {
 Save OpenOutput(Session *session, const char *path) {
     FormState &form = session->form;
     if (!FileStands(path)) {
-        const HANDLE made = CreateFileA(path, GENERIC_READ | GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                                        FILE_ATTRIBUTE_NORMAL, nullptr);
+        const HANDLE made = MakeNew(path);
         if (made == INVALID_HANDLE_VALUE) return Fail(session, "Error creating the output file.");
         FlushFileBuffers(made);
         CloseHandle(made);

@@ -1,10 +1,10 @@
-/* The cells of an expression that are no operands.
+/* The cells of an expression: a map, and the codes of operators and functions.
  *
- *      0 to 499    an operand: the row of the field table
- *    501 to 548    an operator or function, by the codes below: row code - 501 of the operator table
- *    700 to 725    a temporary row, while an expression is evaluated
- *   1000, 1001     a cell that is used up; an operand that is missing
- *   1002           the end of every expression
+ * Below 500: an operand, by its row of the field table.
+ * 501 to 548: an operator or function, by its code below; row code - 501 of the operator table.
+ * 700 to 725: a temporary row, while an expression is evaluated.
+ * 1000 and 1001: a cell that is used up, and an operand that is missing.
+ * 1002: the end of every expression.
  *
  * A form keeps its expressions in the order in which they were written; a run turns them to postfix
  * in memory. */

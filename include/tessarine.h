@@ -24,7 +24,9 @@ int32_t __stdcall RepInit(RepParams *params, int32_t feedMode, HGLOBAL devNames,
  * non-zero outline draws the frames of labels. */
 int32_t __stdcall RepRec(int32_t sessionId, int32_t ignored, uint32_t outline);
 
-/* Finishes a run; fill completes a label sheet with frames; pageCount may be null. */
+/* Finishes a run; fill completes a label sheet with frames; pageCount may be null. It is the last
+ * call for a run, whatever it returns: a preview stays until its user closes it, all else is gone. A
+ * run that is inside a call takes no other, and one that has ended none at all: CODE_NO_SESSION. */
 int32_t __stdcall RepExit(int32_t sessionId, int32_t fill, int32_t *pageCount);
 
 /* Fetches a page of a saved report. *pageNumber: in the page from 1, out the count of pages.
@@ -32,7 +34,8 @@ int32_t __stdcall RepExit(int32_t sessionId, int32_t fill, int32_t *pageCount);
 HMETAFILE __stdcall RepView(RepViewParams *block, int32_t *pageNumber, HGLOBAL devNames,
                             HGLOBAL devMode);
 
-/* The session of a window, or of a slot when the window is null; null when there is none. */
+/* The session of a window, or of a slot when the window is null; null when there is none, and for
+ * windows of other programs. It begins with a SessionHead, which a host may read. */
 struct Session *__stdcall GetSessionPointer(HWND window, int32_t slot);
 HWND __stdcall RepGetParent(HWND window, int32_t slot);
 /* The callback is called with 1024 when the session has ended. 1, or 0 without a session. */
@@ -45,6 +48,10 @@ int32_t __stdcall SetNewFormData(const NewFormData *block);
 int32_t __stdcall WEP(int32_t ignored);
 
 /* ---- working on an open form --------------------------------------------------------------- */
+
+/* A run has made something else of its form: there these change nothing and give their failure
+ * value, 0 or -1, and so do the routines below that set the printer. Measures, sample texts and the
+ * printer's data can be had of a run too. */
 
 int32_t __stdcall InitVariables(struct Session *session);
 int32_t __stdcall InitNewForm(struct Session *session);

@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <iterator>
 
+#include "frame/files.h"
 #include "frame/owned.h"
 #include "frame/text.h"
 
@@ -51,8 +52,7 @@ void Compose(char (&path)[Size], const char *directory, const char *base, const 
 HANDLE Claim(const char *directory, const char *base) {
     char path[MAX_PATH];
     Compose(path, directory, base, ".MFC");
-    return CreateFileA(path, GENERIC_WRITE, 0, nullptr, CREATE_NEW,
-                       FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    return MakeNew(path, FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE);
 }
 
 // Not that its folder can't be reached: then no other name can be had either.

@@ -22,19 +22,10 @@ void DropRecorder(PageStoreState *pages) {
     pages->PageRecorder = nullptr;
 }
 
-HANDLE OpenInput(const char *path) {
-    return CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-}
-
-HANDLE OpenOutput(const char *path, DWORD disposition) {
-    return CreateFileA(path, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                       nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
-}
-
 HANDLE OpenCopyOutput(Session *session, const char *path) {
     const bool stands = FileStands(path);
-    const HANDLE file = OpenOutput(path, stands ? OPEN_EXISTING : CREATE_ALWAYS);
+    const HANDLE file =
+        OpenShared(path, GENERIC_READ | GENERIC_WRITE, stands ? OPEN_EXISTING : CREATE_ALWAYS);
     if (file == INVALID_HANDLE_VALUE)
         FatalError(session,
                    stands ? "Error opening the output file(CopyFileData)"
@@ -143,7 +134,7 @@ HMETAFILE ReadMetaFilePage(Session *session, int pageIndex, const char *scratchP
 
 void CopyFileData(Session *session, const char *inputPath, int64_t inputOffset,
                   const char *outputPath, int64_t outputOffset, int64_t byteCount) {
-    const OwnedFile input(OpenInput(inputPath));
+    const OwnedFile input(OpenToRead(inputPath));
     if (!input) FatalError(session, "Error opening the input file(CopyFileData)", CODE_FILE);
     if (!SeekTo(input.Get(), inputOffset))
         FatalError(session, "Error seeking the input file(CopyFileData)", CODE_FILE);

@@ -18,11 +18,6 @@ namespace {
 
 constexpr uint32_t HEADER_SIZE = sizeof(ReportFileHeader);
 
-HANDLE Open(const char *path, DWORD access, DWORD disposition) {
-    return CreateFileA(path, access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, disposition,
-                       FILE_ATTRIBUTE_NORMAL, nullptr);
-}
-
 bool Transferred(BOOL done, DWORD moved, DWORD size) { return done && moved == size; }
 
 bool ReadAll(HANDLE file, void *memory, DWORD size) {
@@ -88,7 +83,7 @@ ReportFileHeader MakeHeader(const Session *session) {
 HANDLE OpenFinishedFile(Session *session, const char *path) {
     const bool stands = FileStands(path);
     const HANDLE file =
-        Open(path, GENERIC_READ | GENERIC_WRITE, stands ? OPEN_EXISTING : CREATE_ALWAYS);
+        OpenShared(path, GENERIC_READ | GENERIC_WRITE, stands ? OPEN_EXISTING : CREATE_ALWAYS);
     if (file == INVALID_HANDLE_VALUE)
         FatalError(session,
                    stands ? "Error opening the output file(WriteOutputHdrFtr)"
@@ -142,7 +137,7 @@ bool AskReportName(Session *session, char *name, size_t size, const char *title)
 
 int WriteEmptyHeader(Session *, const char *path) {
     DeleteFileA(path);
-    OwnedFile file(Open(path, GENERIC_READ | GENERIC_WRITE, CREATE_ALWAYS));
+    OwnedFile file(OpenShared(path, GENERIC_READ | GENERIC_WRITE, CREATE_ALWAYS));
     if (!file) return Refuse("Error opening the output file(WriteEmptyHeader)");
     const ReportFileHeader empty{};
     if (WriteAll(file.Get(), &empty, sizeof empty)) return 1;
@@ -166,7 +161,7 @@ void WriteOutputHdrFtr(Session *session, const char *path) {
 }
 
 int ReadReportHeader(Session *session, const char *path) {
-    const OwnedFile file(Open(path, GENERIC_READ, OPEN_EXISTING));
+    const OwnedFile file(OpenShared(path, GENERIC_READ, OPEN_EXISTING));
     if (!file) return Refuse("Error opening the report file!");
     ReportFileHeader *header = &session->pages.Header;
     if (!ReadAll(file.Get(), header, sizeof *header))
@@ -175,7 +170,7 @@ int ReadReportHeader(Session *session, const char *path) {
 }
 
 int ReadPageTable(Session *session, const char *path) {
-    const OwnedFile file(Open(path, GENERIC_READ, OPEN_EXISTING));
+    const OwnedFile file(OpenShared(path, GENERIC_READ, OPEN_EXISTING));
     if (!file) return Refuse("Error opening the report file(ReadPageTable)");
     const ReportFileHeader &header = session->pages.Header;
     if (!SeekTo(file.Get(), TablePlace(header)))

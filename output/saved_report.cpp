@@ -9,6 +9,7 @@
 #include "form/file_dialog.h"
 #include "form/modified.h"
 #include "frame/boundary.h"
+#include "frame/files.h"
 #include "frame/host_data.h"
 #include "frame/mapping.h"
 #include "frame/owned.h"
@@ -50,10 +51,8 @@ bool NameReport(Session *session) {
 
 // A run to disk without records leaves no file, which is the usual cause.
 void CheckReadable(Session *session) {
-    const OwnedFile file(CreateFileA(session->ViewBlock.ReportFileName,
-                                     GENERIC_READ | GENERIC_WRITE,
-                                     FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING,
-                                     FILE_ATTRIBUTE_NORMAL, nullptr));
+    const OwnedFile file(
+        OpenShared(session->ViewBlock.ReportFileName, GENERIC_READ | GENERIC_WRITE, OPEN_EXISTING));
     if (file) return;
     FatalError(session,
                session->LabelMode ? "No Records Selected For Label!"

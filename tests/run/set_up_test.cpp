@@ -3,12 +3,12 @@
 #include <cstring>
 #include <set>
 
+#include "commands.h"
 #include "device/device_names.h"
 #include "expr/symbols.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
-#include "commands.h"
 #include "run/run_tables.h"
 #include "run/set_up.h"
 #include "tests/support/box_owners.h"
