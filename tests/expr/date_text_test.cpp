@@ -41,6 +41,7 @@ TEST(DateText, TextsOf8To12CharactersCanBeDates) {
     Check(session, {"{1/1/97}", DateShape::Valid, 19970101});
     Check(session, {"{12/12/1997}", DateShape::Valid, 19971212});
     Check(session, {"{12/12/01997}", DateShape::NotADate, -1});
+    Check(session, {"{1/2/12/1997}", DateShape::NotADate, -1});
     Check(session, {"", DateShape::NotADate, -1});
 }
 

@@ -92,6 +92,7 @@ TEST_F(Postfix, UnaryOperatorsHaveAPlaceholderOnTheirLeft) {
         {".IF. A .THEN. B .ELSE. C", "_ A .IF. B .THEN. C .ELSE."},
         {".IF. A=1 .THEN. B+1 .ELSE. C", "_ A 1 = .IF. B 1 + .THEN. C .ELSE."},
         {"ABS(-A)", "_ _ A - ABS"},
+        {"MONTHTOS(A)", "_ A MONTHTOS"}, // the table's last
     };
     for (const PostfixCase &test : cases) EXPECT_EQ(TextOf(test.infix), test.postfix);
 }

@@ -81,4 +81,5 @@ TEST(FormatDate, SurvivesEveryValue) {
         for (int format = 0; format < 9; ++format) EXPECT_LT(Date(value, format).size(), 30u);
     EXPECT_EQ(Date(-19000000, 2), "//0");
     EXPECT_EQ(Date(INT32_MAX, 2), "48/36/2147");
+    EXPECT_EQ(Date(INT32_MIN, 2), "84/83/-212");
 }

@@ -148,8 +148,9 @@ TEST_F(FormatFieldRules, WholeNumberHoldsUnitsOfItsLastDecimal) {
         int32_t value;
         int decimals;
         const char *text;
-    } cases[] = {{12345, 2, "123.45"}, {45, 2, ".45"},    {5, 2, ".05"}, {5, 5, ".00005"},
-                 {123, 3, ".123"},     {1234, 0, "1234"}, {7, -3, "7"},  {12, 12, ".000000000012"}};
+    } cases[] = {{12345, 2, "123.45"}, {105, 2, "1.05"}, {45, 2, ".45"},
+                 {5, 2, ".05"},        {5, 5, ".00005"}, {123, 3, ".123"},
+                 {1234, 0, "1234"},    {7, -3, "7"},     {12, 12, ".000000000012"}};
     for (const auto &row : cases) {
         FieldRecord record = Number(row.value);
         record.Decimals = static_cast<int16_t>(row.decimals);
