@@ -231,23 +231,6 @@ TEST_F(Breaks, LargerAndSmallerValuesReplaceAnExtreme) {
 
 // ---- calculations ----
 
-TEST_F(Breaks, CalculationsOfASectionRangeAreMadeInTableOrder) {
-    const int value = NumberField(4);
-    const int first = CalcField({value});
-    const int second = CalcField({first});
-    const int early = CalcField({0}); // reads a row that stands behind it
-    const int late = CalcField({value});
-    Field(early).FieldTokens[0] = static_cast<uint16_t>(late);
-    Field(first).SummarySection = Field(second).SummarySection = 10;
-    tessarine::CalcFields(session, 0, 9);
-    EXPECT_EQ(+Field(first).LongValue, 0);
-    EXPECT_EQ(+Field(late).LongValue, 4);
-    EXPECT_EQ(+Field(early).LongValue, 0);
-    tessarine::CalcFields(session, 0, 10);
-    EXPECT_EQ(+Field(second).LongValue, 4);
-    EXPECT_EQ(+Field(early).LongValue, 4); // by now the other has its value
-}
-
 TEST_F(Breaks, CalculationOfAFooterIsMadeWithItAlone) {
     const int value = NumberField(4);
     const int deferred = CalcField({value});
@@ -259,14 +242,4 @@ TEST_F(Breaks, CalculationOfAFooterIsMadeWithItAlone) {
     New(inner).LongValue = 9;
     DetectBreak(session);
     EXPECT_EQ(+Field(deferred).LongValue, 4);
-}
-
-TEST_F(Breaks, CalculatedTextIsTwoNarrowerThanItIsLong) {
-    const int text = TextField("seven77");
-    const int calculated = CalcField({text});
-    Field(calculated).ValueType = TYPE_TEXT;
-    Field(calculated).FieldWidth = 50;
-    tessarine::CalcFields(session, 0, 30);
-    EXPECT_STREQ(Field(calculated).TextValue, "seven77");
-    EXPECT_EQ(+Field(calculated).FieldWidth, 5);
 }

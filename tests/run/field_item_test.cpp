@@ -323,6 +323,13 @@ TEST_F(FieldItems, NumberPrintsAsBarcodeWithoutItsPrefix) {
     EXPECT_STREQ(item.LabelText, "  12345");
 }
 
+TEST_F(FieldItems, BarcodeIsMadeOfLessThan297Characters) {
+    for (const size_t hyphens : {size_t{291}, size_t{292}}) {
+        Shown(TextField("12345" + std::string(hyphens, '-'), FIELD_POSTNET)).width = 5000;
+        EXPECT_EQ(Text().substr(0, 3), hyphens == 291 ? "!12" : "123");
+    }
+}
+
 TEST_F(FieldItems, TextThatIsNoZipCodePrintsInTheFirstFontAndKeepsItsMeasure) {
     MakeFont(1, 60);
     session->form.Fonts[0].Font = CreateFontA(20, 0, 0, 0, 400, 0, 0, 0, 0, 0, 0, 0, 0, "Arial");

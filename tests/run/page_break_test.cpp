@@ -280,6 +280,22 @@ TEST_F(PageBreaks, HeaderCalculationsAreMadeOnceMoreAheadOfTheFirstTitle) {
     EXPECT_EQ(+Field(in_row).LongValue, 70);
 }
 
+// The first title consumes the total that it prints, and the second still knows it.
+TEST_F(PageBreaks, CalculationsOfAllTitlesAreMadeAheadOfTheFirst) {
+    const int value = NumberField(4);
+    Field(value).SummaryType = SUMMARY_TOTAL;
+    Field(value).LongSummary = 70;
+    const int in_title = CalcField({CELL_NO_OPERAND, value, 519});
+    Field(in_title).SummarySection = SECTION_SORT_HEADER_9;
+    Section(SECTION_SORT_HEADER_1, 50, SECTION_REPRINT);
+    FieldItem(0, 0, 400, 40, value);
+    Band(SECTION_SORT_HEADER_1 + 1, 50, "title", SECTION_REPRINT);
+    for (int level = 0; level < 2; ++level) Break(value, SECTION_SORT_HEADER_1 + level);
+    PageBreak(session, SECTION_DETAIL_1);
+    EXPECT_EQ(+Field(value).LongSummary, 0);
+    EXPECT_EQ(+Field(in_title).LongValue, 70);
+}
+
 TEST_F(PageBreaks, FooterSeesTheRecordThatStandsInTheFieldTable) {
     const int value = NumberField(1);
     Section(SECTION_PAGE_FOOTER, 50);
