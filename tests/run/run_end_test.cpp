@@ -99,6 +99,19 @@ TEST(RunEnd, ReportFooterThatDoesNotFitGoesToANewPageWithHeaderAndFooter) {
     EXPECT_EQ(PageWords(run.Report(), 1), (Lines{"head", "total", "foot"}));
 }
 
+TEST(RunEnd, FootersOfAllGroupsPrintFromTheInnermostOut) {
+    OneLine form;
+    form.Section(SECTION_SORT_FOOTER_1, 50);
+    form.Label(SECTION_SORT_FOOTER_1, 200, 0, 400, 50, "outer");
+    form.Section(SECTION_SORT_FOOTER_1 - 1, 50);
+    form.Label(SECTION_SORT_FOOTER_1 - 1, 200, 0, 400, 50, "inner");
+    form.Break(0, 0, SECTION_SORT_HEADER_1);
+    form.Break(0, 0, SECTION_SORT_HEADER_1 + 1);
+    ReportRun run(form);
+    ASSERT_EQ(run.Run({{{"NAME", "a"}}}), 0);
+    EXPECT_EQ(PageWords(run.Report(), 0), (Lines{"a", "inner", "outer"}));
+}
+
 // Only the end computes what stands in the report footer; the host has no second try.
 TEST(RunEnd, FailureInTheClosingSectionsGivesItsCodeOnceAndTheSessionIsReleased) {
     OneLine form;
@@ -230,6 +243,16 @@ TEST(RunEnd, SheetEndsWithoutFramesWhenItIsNotFilled) {
     const LabelMode mode;
     ReportRun run{LabelSheet{}};
     ASSERT_EQ(run.Run({{{"NAME", "a"}}}), 0) << boxes.LastText();
+    EXPECT_TRUE(FramesOf(run).empty());
+}
+
+TEST(RunEnd, FootersOfGroupsHaveNoLabelsFrame) {
+    const LabelMode mode;
+    LabelSheet form;
+    form.Section(SECTION_SORT_FOOTER_1, 50);
+    form.Break(0, 0, SECTION_SORT_HEADER_1);
+    ReportRun run(form);
+    ASSERT_EQ(run.Run({{{"NAME", "a"}}}), 0);
     EXPECT_TRUE(FramesOf(run).empty());
 }
 

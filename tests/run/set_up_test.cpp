@@ -142,6 +142,31 @@ TEST(RunTables, HostLearnsTheTablesAndNothingHasPrinted) {
     run.Finish();
 }
 
+TEST(RunTables, TextsAreEmptyBeforeTheFirstRecordWhateverTheMemoryHeld) {
+    std::vector<void *> blocks;
+    for (int count = 0; count < 1000; ++count) {
+        blocks.push_back(OurAlloc(22)); // as much as a text of 20
+        std::memset(blocks.back(), 'x', 22);
+    }
+    for (void *block : blocks) OurFree(block);
+    OneLine form;
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0);
+    const Session *session = SessionOf(run);
+    EXPECT_STREQ(session->form.Fields[1].TextValue, "");
+    EXPECT_STREQ(session->run.InputTable[1].TextValue, "");
+    EXPECT_STREQ(session->run.BreakTable[0].TextValue, "");
+    run.Finish();
+}
+
+TEST(RunTables, FieldTableIsLockedOnce) {
+    OneLine form;
+    ReportRun run(form);
+    ASSERT_EQ(run.Start(), 0);
+    EXPECT_EQ(GlobalFlags(SessionOf(run)->form.FieldMemory) & GMEM_LOCKCOUNT, 1u);
+    run.Finish();
+}
+
 TEST(RunTables, NoRowIsAddedOnceTheTableIsAsLongAsItsRows) {
     OneLine form;
     ReportRun run(form);
