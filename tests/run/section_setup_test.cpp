@@ -166,6 +166,18 @@ TEST_F(SectionSetUp, CalculationOverASummaryIsMadeAtItsFooterAlone) {
     EXPECT_EQ(+At(calc).SummaryType, SUMMARY_VALUE);
 }
 
+TEST_F(SectionSetUp, DataInAFooterPassesItsSectionOnToNoOther) {
+    const int summed = Field(FIELD_DATA, TYPE_NUMERIC, SUMMARY_TOTAL);
+    const int data = Field(FIELD_DATA, TYPE_NUMERIC, SUMMARY_TOTAL);
+    At(data).FieldTokens[0] = static_cast<Cell>(summed); // left over, and without a meaning
+    At(data).FieldTokens[1] = CELL_END;
+    Section(SECTION_SORT_FOOTER_1, 0, 50);
+    Item(ITEM_FIELD, 200, 40, 50, 30, data);
+    PrepareSections(session);
+    EXPECT_EQ(+At(summed).SummarySection, 0);
+    EXPECT_EQ(+At(data).SummaryType, SUMMARY_TOTAL);
+}
+
 TEST_F(SectionSetUp, SameCalculationInADetailSectionIsMadeForEachRecord) {
     const int summed = Field(FIELD_DATA, TYPE_NUMERIC, SUMMARY_TOTAL);
     const int calc = Field(FIELD_CALC, TYPE_NUMERIC, SUMMARY_TOTAL);
@@ -198,6 +210,16 @@ TEST_F(SectionSetUp, WrappedTextWithAnItemUnderItStaysInItsPlace) {
     Item(ITEM_LABEL, 600, 90, 100, 50); // begins exactly where the text ends
     PrepareSections(session);
     EXPECT_EQ(+session->form.Items[1].ItemType, ITEM_FIELD);
+    EXPECT_EQ(session->run.WrapItem, -1);
+}
+
+TEST_F(SectionSetUp, LabelIsNoWrappedTextWhateverFieldItsRowNames) {
+    const int text = Field(FIELD_DATA, TYPE_TEXT, 0, FIELD_WRAP);
+    Section(SECTION_DETAIL_1, 0, 200);
+    Item(ITEM_LABEL, 200, 40, 300, 50, text);
+    Item(ITEM_LINE, 600, 40, 100, 50);
+    PrepareSections(session);
+    EXPECT_EQ(+session->form.Items[1].ItemType, ITEM_LABEL);
     EXPECT_EQ(session->run.WrapItem, -1);
 }
 
