@@ -60,8 +60,6 @@ void TakeParams(Session *session, const RepParams *params) {
     Terminate(session->RunBlock.TempDir);
     Terminate(session->RunBlock.OutputFile);
     TakeTempDir(session, params);
-    session->run.FirstOnPage = 1;
-    session->run.FirstInGroup = 1;
     session->ParentWindow = params->ParentWindow;
 }
 

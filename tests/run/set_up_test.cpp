@@ -9,6 +9,7 @@
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
+#include "frame/text.h"
 #include "run/run_tables.h"
 #include "run/set_up.h"
 #include "tests/support/box_owners.h"
@@ -110,6 +111,19 @@ TEST(RunOutput, AnyOtherLetterIsThePrinter) {
     ASSERT_EQ(run.Start(), 0) << boxes.LastText();
     EXPECT_NE(SessionOf(run)->OutputToPrinter, 0u);
     EXPECT_EQ(SessionOf(run)->pages.PageTable, nullptr);
+    run.Finish();
+}
+
+TEST(RunFiles, FormsNameMayBeAsLongAsItsRoom) {
+    OneLine form;
+    ReportRun run(form);
+    TemporaryFolder folder;
+    std::string path = folder.Root() + "\\";
+    path += std::string(sizeof run.params.FormFile - 1 - path.size(), 'f');
+    form.Write(path);
+    CopyText(path.c_str(), run.params.FormFile, sizeof run.params.FormFile);
+    MessageBoxes boxes;
+    EXPECT_EQ(run.Start(), 0) << boxes.LastText();
     run.Finish();
 }
 
