@@ -20,6 +20,13 @@ protected:
         Marker("row");
         Band(SECTION_PAGE_FOOTER, 50, "foot");
     }
+    int RowsOfATrial() {
+        boxes.Answer(IDYES);
+        TrialPrint(session);
+        int rows = 0;
+        for (const std::string &mark : PageMarks(0)) rows += mark.find("row") != std::string::npos;
+        return rows;
+    }
     const BoxRecord first{"Trial Print", "Print a Trial Record Now?", {IDYES, IDNO}};
     const BoxRecord again{"Trial Record", "Print another Trial Record?", {IDYES, IDNO}};
 };
@@ -49,11 +56,12 @@ TEST_F(TrialRecords, EverySectionPrintsOnceInTheOrderOfTheRows) {
 
 TEST_F(TrialRecords, DetailFillsItsRowAcross) {
     AddBands(3);
-    boxes.Answer(IDYES);
-    TrialPrint(session);
-    int rows = 0;
-    for (const std::string &mark : PageMarks(0)) rows += mark.find("row") != std::string::npos;
-    EXPECT_EQ(rows, 3);
+    EXPECT_EQ(RowsOfATrial(), 3);
+}
+
+TEST_F(TrialRecords, DetailWithoutColumnsPrintsOnce) {
+    AddBands(0);
+    EXPECT_EQ(RowsOfATrial(), 1);
 }
 
 TEST_F(TrialRecords, YesRepeatsOnAFreshPage) {
