@@ -195,7 +195,9 @@ TEST(Bitmaps, HeadersThatNoBitmapHasAreRefused) {
         EXPECT_FALSE(bitmap.sound) << lie.place << " " << lie.value;
     }
     EXPECT_TRUE(CheckedBitmap(With(plain.info, HEIGHT, 0xFFFFFFFE), plain.bits).sound);
-    EXPECT_FALSE(CheckedBitmap(With(packed.info, HEIGHT, 0xFFFFFFFE), packed.bits).sound);
+    const std::string end_mark("\0\1", 2);
+    for (const std::string &runs : {packed.bits, end_mark}) // those stand bottom up alone
+        EXPECT_FALSE(CheckedBitmap(With(packed.info, HEIGHT, 0xFFFFFFFE), runs).sound);
     // A few bytes of runs that would take more memory than any device has.
     const std::string vast = With(With(packed.info, WIDTH, 65536), HEIGHT, 65536);
     EXPECT_FALSE(CheckedBitmap(vast, packed.bits).sound);
