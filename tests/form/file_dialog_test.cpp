@@ -142,6 +142,14 @@ TEST_F(FileDialog, HostsFolderIsOfferedUnlessItIsEmpty) {
     EXPECT_EQ(seen[2].folder, "(none)");
 }
 
+TEST_F(FileDialog, FilterKeeps254CharactersAndBothItsEnds) {
+    char name[260] = "";
+    seen.clear();
+    const ReplacedCall open("GetOpenFileNameA", NoteDialog);
+    AskFileName(session, name, std::string(300, 'f').c_str(), "Choose", false);
+    EXPECT_EQ(seen.at(0).filter, std::string(254, 'f') + '\0');
+}
+
 TEST_F(FileDialog, NameLongerThanTheRoomIsCut) {
     char name[260];
     std::memset(name, 'n', sizeof name);
