@@ -133,6 +133,14 @@ TEST_F(DamagedForm, FieldsWithUnendedTextsOrListsAreRefused) {
     RefuseField("user row", FIELD_USER, [](FieldRecord &field) { field.TableIndex = -1; });
 }
 
+TEST_F(DamagedForm, FieldThatNothingNamesIsCheckedToo) {
+    const auto row = static_cast<size_t>(form.Field(FIELD_DATA, "ALONE", TYPE_TEXT));
+    bytes = form.Bytes();
+    blocks = FormBlocks(bytes);
+    ExpectRefused<FieldRecord>("name", blocks.fields + row * sizeof(FieldRecord),
+                               [](FieldRecord &field) { Fill(field.FieldName); });
+}
+
 TEST_F(DamagedForm, FreeRowFullOfRubbishIsRefusedOnceSomethingNamesIt) {
     const auto gone = static_cast<uint16_t>(form.fields.size() - 2);
     ASSERT_EQ(+form.fields[gone].InUse, 0);

@@ -142,6 +142,14 @@ TEST_F(FontTable, OnlyLabelsFieldsAndTheGroupTakeAFont) {
     EXPECT_EQ(session->form.FormModified, 0u);
 }
 
+TEST_F(FontTable, ItemBehindTheTablesEndTakesNoFont) {
+    const LOGFONTA font = FontOfHeight(60);
+    const ItemRecord *item = Focus();
+    --session->form.TotalItems;
+    EXPECT_EQ(FrFonts(session, &font), 1);
+    EXPECT_EQ(+item->FontIndex, 0);
+}
+
 TEST_F(FontTable, PictureFieldTakesNoFont) {
     const LOGFONTA font = FontOfHeight(60);
     ItemRecord *item = Focus(ITEM_FIELD);
@@ -389,6 +397,14 @@ TEST_F(FontTable, RunToThePrinterHasTheLineHeightsOfTheScreen) {
         EXPECT_EQ(Row(0).Height, line) << height;
         EXPECT_EQ(Row(0).Ascent, ascent) << height;
     }
+}
+
+TEST_F(FontTable, DesignersWidthsAreThoseOfTheSystem) {
+    INT widths[256];
+    const HGDIOBJ old_font = SelectObject(session->drawing.ScreenDC, Row(0).Font);
+    ASSERT_TRUE(GetCharWidthA(session->drawing.ScreenDC, 0, 255, widths));
+    SelectObject(session->drawing.ScreenDC, old_font);
+    EXPECT_TRUE(std::equal(widths, widths + 256, Row(0).CharWidth));
 }
 
 TEST_F(FontTable, DesignersWidthsAreReducedByTheOverhang) {

@@ -1,6 +1,9 @@
 #include "form/pictures.h"
 
+#include "form/fonts.h"
+#include "form/form_blocks.h"
 #include "frame/memory.h"
+#include "frame/owned.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/form_session.h"
 
@@ -122,6 +125,16 @@ TEST_F(Pictures, BitmapThatCannotBeFilledIsTold) {
     const FailingCall fails("SetDIBits", SetDIBits, 0, 1, EVERY_CALL);
     EXPECT_EQ(Restore(row), 0);
     EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"", "Error Initializing the Bitmap", {IDOK}}}));
+}
+
+TEST_F(Pictures, RowThatNothingShowsIsSavedWithoutBlocks) {
+    const int row = StoreBitmap(session, bitmap);
+    ASSERT_GT(row, 0);
+    session->form.Fonts[row].InUse = 0;
+    const OwnedFile file(CreateFileA(folder.Path("ROWS").c_str(), GENERIC_WRITE, 0, nullptr,
+                                     CREATE_ALWAYS, 0, nullptr));
+    EXPECT_EQ(WriteFontRows(session, file.Get()), FontWrite::Done);
+    EXPECT_EQ(session->form.Fonts[row].IsPicture, 1u);
 }
 
 TEST_F(Pictures, FullTableTakesNoPicture) {
