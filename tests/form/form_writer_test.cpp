@@ -9,6 +9,7 @@
 #include "frame/text.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/form_saves.h"
+#include "tests/support/host_window.h"
 
 using namespace tessarine;
 
@@ -100,6 +101,24 @@ TEST_F(FormWriter, ReportNameIsTrimmedAndAnEmptyOneTakesThePath) {
     CopyText("   ", session->form.Header.ReportName, 52);
     ASSERT_EQ(Save(path), 1);
     EXPECT_EQ(session->form.Header.ReportName, SavedPath().substr(0, 51));
+}
+
+TEST_F(FormWriter, PathIsTheTitleOfTheDesignersWindow) {
+    Load();
+    const HostWindow window;
+    session->Window = window.Get();
+    ASSERT_EQ(Save(folder.Path("COPY.FP")), 1);
+    char title[MAX_PATH] = "";
+    GetWindowTextA(session->Window, title, sizeof title);
+    session->Window = nullptr;
+    EXPECT_STREQ(title, session->form.LockedPath);
+}
+
+TEST_F(FormWriter, NewFileIsFlushedBeforeTheFormIsWritten) {
+    Load();
+    const FailingCall flushes("FlushFileBuffers", FlushFileBuffers, TRUE);
+    ASSERT_EQ(Save(folder.Path("COPY.FP")), 1);
+    EXPECT_EQ(flushes.Seen(), 1);
 }
 
 TEST_F(FormWriter, HostWithTheRightSetsTheHostWord) {

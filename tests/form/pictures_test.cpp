@@ -1,5 +1,6 @@
 #include "form/pictures.h"
 
+#include "form/font_rows.h"
 #include "form/fonts.h"
 #include "form/form_blocks.h"
 #include "frame/memory.h"
