@@ -1,5 +1,5 @@
 // Calculated fields: which are made when, and what they leave in their rows.
-#include "run/record_driver.h"
+#include "run/calculations.h"
 #include "tests/support/composition.h"
 
 using tessarine::CalcFields;
