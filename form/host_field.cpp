@@ -1,7 +1,6 @@
 #include "form/host_field.h"
 
-#include <algorithm>
-#include <iterator>
+#include <cstring>
 
 #include "frame/float_state.h"
 #include "frame/host_data.h"
@@ -44,7 +43,7 @@ bool AskHostForField(const Session *session, FieldRecord *record) {
     record->FieldKind = before.FieldKind;
     record->InUse = before.InUse;
     record->TableIndex = before.TableIndex;
-    std::copy(std::begin(before.FieldTokens), std::end(before.FieldTokens), record->FieldTokens);
+    std::memcpy(record->FieldTokens, before.FieldTokens, sizeof before.FieldTokens);
     if (record->FieldWidth >= 0) return known;
     record->FieldWidth = before.FieldWidth;
     return false;
