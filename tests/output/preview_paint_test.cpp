@@ -163,6 +163,18 @@ TEST_F(PreviewPaint, FittedSheetOfANarrowWindowFollowsItsWidth) {
     EXPECT_GE(shown.CountInRow(highest, BLACK), Pixels(width) - 1);
 }
 
+TEST_F(PreviewPaint, FittedSheetWithoutWidthIsNotPainted) {
+    Finish(2);
+    Command(COMMAND_FIT);
+    const FailingCall plays("PlayMetaFile", PlayMetaFile, FALSE, 1, NEVER);
+    session->view.ViewHeight = 26; // one high, and less than one across
+    tessarine::PaintPreview(session);
+    EXPECT_EQ(plays.Seen(), 0);
+    session->view.ViewHeight = 27;
+    tessarine::PaintPreview(session);
+    EXPECT_EQ(plays.Seen(), 1);
+}
+
 TEST_F(PreviewPaint, ToggleClearsTheAreaAroundTheSheet) {
     Finish(7);
     session->view.OriginY = 100;
