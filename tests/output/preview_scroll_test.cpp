@@ -212,6 +212,14 @@ TEST_F(PreviewScroll, TopOfTheFirstPageIsTheEndWithoutARepaint) {
     EXPECT_EQ(copies.Seen(), 0);
 }
 
+TEST_F(PreviewScroll, OnlyPageScrollsDownAndUpAgain) {
+    Finish(5);
+    Command(COMMAND_PAGE_DOWN);
+    EXPECT_EQ(OriginY(), Height());
+    Command(COMMAND_PAGE_UP);
+    EXPECT_EQ(OriginY(), 0);
+}
+
 TEST_F(PreviewScroll, FittedPagesTurnWholeAndDoNotMoveSideways) {
     Finish(15);
     Command(COMMAND_RIGHT);
