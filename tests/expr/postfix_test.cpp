@@ -123,6 +123,7 @@ TEST_F(Postfix, SignIsUnaryOnlyAtTheStartOfAnExpressionOrParenthesis) {
 
 TEST_F(Postfix, BrokenListsAreRefusedWithTheirReason) {
     const PostfixCase cases[] = {
+        {"*", "Field missing for an operator"},
         {"A,B", "Parenthesis mismatch or stack underflow."},
         {"A)", "Parenthesis mismatch or stack underflow."},
         {"LEN(A,2)", "Parenthesis mismatch or stack underflow."},
