@@ -25,8 +25,9 @@ int32_t __stdcall RepInit(RepParams *params, int32_t feedMode, HGLOBAL devNames,
 int32_t __stdcall RepRec(int32_t sessionId, int32_t ignored, uint32_t outline);
 
 /* Finishes a run; fill completes a label sheet with frames; pageCount may be null. It is the last
- * call for a run, whatever it returns: a preview stays until its user closes it, all else is gone. A
- * run that is inside a call takes no other, and one that has ended none at all: CODE_NO_SESSION. */
+ * call for a run, whatever it returns: a preview stays until its user closes it, all else is gone.
+ * A run that is inside a call takes no other, and one that has ended none at all: CODE_NO_SESSION.
+ */
 int32_t __stdcall RepExit(int32_t sessionId, int32_t fill, int32_t *pageCount);
 
 /* Fetches a page of a saved report. *pageNumber: in the page from 1, out the count of pages.
