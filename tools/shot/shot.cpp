@@ -6,6 +6,7 @@
 
 #include <windows.h>
 
+#include "commands.h"
 #include "host/data/csv_source.h"
 #include "host/data/values.h"
 #include "host/export/picture.h"
@@ -17,7 +18,7 @@ namespace {
 
 constexpr int WIDTH = 900; // pixels of the window
 constexpr int HEIGHT = 680;
-constexpr size_t RECORDS_OF_RUNNING = 120; // enough that a page is finished
+constexpr size_t RECORDS_OF_RUNNING = 60; // enough that a page is finished
 
 struct Request {
     std::string form;
@@ -70,6 +71,8 @@ void TakePreview(const Request &request, bool finish, WPARAM command) {
     }
     if (finish) run.Finish();
     Settle(Preview());
+    const std::string records = std::to_string(feed.Count()) + " records";
+    run.Tell(finish ? records : std::to_string(RECORDS_OF_RUNNING) + " of " + records);
     if (command) SendMessageA(Preview(), WM_COMMAND, command, 0);
     Take(Preview(), request.picture);
     if (finish) SendMessageA(Preview(), WM_CLOSE, 0, 0);
@@ -89,7 +92,7 @@ constexpr struct {
     void (*take)(const Request &request);
 } shots[] = {
     {"preview", [](const Request &request) { TakePreview(request, true, 0); }},
-    {"preview-fitted", [](const Request &request) { TakePreview(request, true, 696); }},
+    {"preview-fitted", [](const Request &request) { TakePreview(request, true, COMMAND_FIT); }},
     {"preview-running", [](const Request &request) { TakePreview(request, false, 0); }},
     {"viewer", TakeViewer},
 };
