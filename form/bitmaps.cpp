@@ -101,22 +101,24 @@ uint64_t CompressedSize(const BITMAPINFOHEADER &header, const uint8_t *bits, siz
 } // namespace
 
 bool MendBitmap(BITMAPINFO *info, size_t info_size, const void *bits, size_t bits_size) {
-    BITMAPINFOHEADER *header = &info->bmiHeader;
-    if (info_size < sizeof *header || header->biSize != sizeof *header || header->biPlanes != 1)
-        return false;
-    const BitmapFormat *format = FormatOf(*header);
-    if (!format || !SizeFits(*header)) return false;
-    const uint64_t colors = Colors(*header);
-    if (HasColors(*header) && colors > MOST_COLORS) return false;
-    if (info_size < sizeof *header + (format->masks + colors) * sizeof(RGBQUAD)) return false;
-    const bool compressed = IsCompressed(*header);
+    BITMAPINFOHEADER header; // a copy: the block may stand at any address
+    if (info_size < sizeof header) return false;
+    std::memcpy(&header, info, sizeof header);
+    if (header.biSize != sizeof header || header.biPlanes != 1) return false;
+    const BitmapFormat *format = FormatOf(header);
+    if (!format || !SizeFits(header)) return false;
+    const uint64_t colors = Colors(header);
+    if (HasColors(header) && colors > MOST_COLORS) return false;
+    if (info_size < sizeof header + (format->masks + colors) * sizeof(RGBQUAD)) return false;
+    const bool compressed = IsCompressed(header);
     const uint64_t needed =
-        compressed ? CompressedSize(*header, static_cast<const uint8_t *>(bits), bits_size)
-                   : PlainSize(*header);
+        compressed ? CompressedSize(header, static_cast<const uint8_t *>(bits), bits_size)
+                   : PlainSize(header);
     if (needed == 0 || needed > bits_size) return false;
-    const DWORD size = header->biSizeImage;
+    const DWORD size = header.biSizeImage;
     if ((size || compressed) && (size < needed || size > bits_size))
-        header->biSizeImage = compressed ? static_cast<DWORD>(needed) : 0;
+        header.biSizeImage = compressed ? static_cast<DWORD>(needed) : 0;
+    std::memcpy(info, &header, sizeof header);
     return true;
 }
 

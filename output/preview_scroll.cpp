@@ -82,7 +82,8 @@ void TrackHorizontal(Session *session, int position) {
 
 void PlaceScrollBars(Session *session) {
     const ViewState &view = session->view;
-    MoveScrollBar(session, SB_HORZ, view.OriginX, session->report.PageWidthUnits - view.ViewWidth);
+    const int64_t hidden = int64_t{session->report.PageWidthUnits} - view.ViewWidth;
+    MoveScrollBar(session, SB_HORZ, view.OriginX, hidden);
     MoveScrollBar(session, SB_VERT, 0, 0);
 }
 

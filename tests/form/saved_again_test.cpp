@@ -93,8 +93,8 @@ TEST_F(SavedAgain, FormThatTheReaderWouldRefuseIsNotWritten) {
         SCOPED_TRACE(fault.name);
         ASSERT_EQ(Read(path), READ_DONE);
         const std::string before = ReadWholeFile(path);
-        ASSERT_EQ(session->form.Fields[CALC].FieldKind, FIELD_CALC);
-        ASSERT_EQ(session->form.Fields[ASKED].FieldKind, FIELD_USER);
+        ASSERT_EQ(+session->form.Fields[CALC].FieldKind, FIELD_CALC);
+        ASSERT_EQ(+session->form.Fields[ASKED].FieldKind, FIELD_USER);
         fault.put(&session->form);
         boxes.Clear();
         EXPECT_EQ(Save(path), 0);

@@ -192,7 +192,7 @@ TEST(RunTables, NoRowIsAddedOnceTheTableIsAsLongAsItsRows) {
     int32_t position = 0;
     EXPECT_EQ(GenerateSymbols(SessionOf(run), sum.c_str(), cells, &position, 2), 0);
     EXPECT_EQ(boxes.Texts(), std::vector<std::string>{"Ran out of field table!"});
-    EXPECT_EQ(SessionOf(run)->form.FieldCount, run.params.FieldTotal);
+    EXPECT_EQ(SessionOf(run)->form.FieldCount, +run.params.FieldTotal);
     for (const char *name : {"Oslo", "Rome"}) EXPECT_EQ(run.Feed({{"NAME", name}}), 0);
     EXPECT_EQ(run.Finish(), 0);
     const std::vector<std::string> expected{"Oslo", "Rome"};
