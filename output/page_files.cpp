@@ -136,7 +136,7 @@ void MakePageFileNames(Session *session) {
     char base[BASE_LENGTH + 1];
     PageDirectory(session, directory);
     BaseName(session, base);
-    DeleteOrphans(directory);
+    if (!session->ViewingFile) DeleteOrphans(directory); // a viewing is one page's, and many come
     ReleaseClaim(&pages);
     ClaimName(&pages, directory, base);
     Compose(pages.ReportPath, directory, base, ".MF");
