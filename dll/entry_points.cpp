@@ -48,20 +48,25 @@ bool IsOpen(const Session *session) {
            session->printer.DevMode && session->State != tessarine::STATE_ENDING;
 }
 
-// A routine on a session of any kind: a failure shows its message, leaves its code in the session
-// and gives the fallback.
+// A failure shows its message, leaves its code in the session and gives the fallback.
 template <typename Result, typename Body>
-Result OnSession(Session *session, Result fallback, Body body) {
-    if (!IsOpen(session)) return fallback;
+Result Enter(bool allowed, Session *session, Result fallback, Body body) {
+    if (!allowed) return fallback;
     return tessarine::AtEntry(
         session, [&] { return Result{body()}; }, [&] { return fallback; });
+}
+
+// A routine on a session of any kind.
+template <typename Result, typename Body>
+Result OnSession(Session *session, Result fallback, Body body) {
+    return Enter(IsOpen(session), session, fallback, body);
 }
 
 // A routine that works on a form. A run has made something else of its form.
 template <typename Result, typename Body>
 Result OnForm(Session *session, Result fallback, Body body) {
     const bool form = IsOpen(session) && session->State == tessarine::STATE_FORM_OPEN;
-    return form ? OnSession(session, fallback, body) : fallback;
+    return Enter(form, session, fallback, body);
 }
 
 // The session, unless the host left out what the routine reads or writes.

@@ -1,5 +1,6 @@
 #include "form/form_check.h"
 
+#include "form/field_texts.h"
 #include "form/sections.h"
 
 #include <algorithm>
@@ -30,11 +31,7 @@ bool GeometryFits(const LabelGeometry &label) {
 }
 
 bool FieldTextsEnd(const FieldRecord &field) {
-    return Ends(field.FieldName) && Ends(field.DateDelimiter) && Ends(field.ThousandsChar) &&
-           Ends(field.DecimalChar) && Ends(field.PadChar) && Ends(field.CurrencySymbol) &&
-           Ends(field.TrueText) && Ends(field.FalseText) && Ends(field.NegativePrefix) &&
-           Ends(field.NegativeSuffix) && Ends(field.PositivePrefix) && Ends(field.PositiveSuffix) &&
-           Ends(field.ZeroText) && Ends(field.Caption);
+    return EachTextOf(field, [](const auto &text) { return Ends(text); });
 }
 
 // A free row is carried as it stands, so it may hold anything until something names it.

@@ -2,33 +2,12 @@
 
 #include <cstring>
 
+#include "form/field_texts.h"
 #include "frame/float_state.h"
 #include "frame/host_data.h"
+#include "frame/text.h"
 
 namespace tessarine {
-
-namespace {
-
-template <size_t Size> void End(char (&text)[Size]) { text[Size - 1] = 0; }
-
-void EndTexts(FieldRecord *record) {
-    End(record->FieldName);
-    End(record->DateDelimiter);
-    End(record->ThousandsChar);
-    End(record->DecimalChar);
-    End(record->PadChar);
-    End(record->CurrencySymbol);
-    End(record->TrueText);
-    End(record->FalseText);
-    End(record->NegativePrefix);
-    End(record->NegativeSuffix);
-    End(record->PositivePrefix);
-    End(record->PositiveSuffix);
-    End(record->ZeroText);
-    End(record->Caption);
-}
-
-} // namespace
 
 bool AskHostForField(const Session *session, FieldRecord *record) {
     const CheckFieldRoutine check = session->FormBlock.CheckFieldProc;
@@ -39,7 +18,10 @@ bool AskHostForField(const Session *session, FieldRecord *record) {
         const OwnFloatState own; // the routine may leave the floating point units as it likes
         known = check(session->Window, record, 0, host_data.HostContext);
     }
-    EndTexts(record);
+    EachTextOf(*record, [](auto &text) {
+        EndText(text);
+        return true;
+    });
     record->FieldKind = before.FieldKind;
     record->InUse = before.InUse;
     record->TableIndex = before.TableIndex;

@@ -2,6 +2,8 @@
 
 #include <cstring>
 
+#include "frame/text.h"
+
 namespace tessarine {
 
 HostData host_data{};
@@ -65,8 +67,8 @@ int RemoveCRepData(HostData *block) {
 int SetNewFormData(const NewFormData *block) {
     if (block) {
         new_form_data = *block;
-        new_form_data.NewFormName[sizeof new_form_data.NewFormName - 1] = 0;
-        new_form_data.NewFormFile[sizeof new_form_data.NewFormFile - 1] = 0;
+        EndText(new_form_data.NewFormName);
+        EndText(new_form_data.NewFormFile);
     } else {
         new_form_data.NewFormName[0] = 0;
         new_form_data.NewFormFile[0] = 0;

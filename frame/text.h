@@ -30,6 +30,8 @@ int FindCharAt(const char *memory, char character, int count); // count when it 
 int FindTextAt(const char *text, const char *other);           // the text's length when absent
 void FillBytes(void *memory, int value, size_t count);
 void CopyBytes(const void *source, void *destination, size_t count); // safe for overlaps
+// Terminates a text that may fill its room.
+template <size_t Size> void EndText(char (&text)[Size]) { text[Size - 1] = 0; }
 // Copies at most size - 1 characters and terminates.
 void CopyText(const char *source, char *destination, size_t size);
 

@@ -22,18 +22,6 @@ void DropRecorder(PageStoreState *pages) {
     pages->PageRecorder = nullptr;
 }
 
-HANDLE OpenCopyOutput(Session *session, const char *path) {
-    const bool stands = FileStands(path);
-    const HANDLE file =
-        OpenShared(path, GENERIC_READ | GENERIC_WRITE, stands ? OPEN_EXISTING : CREATE_ALWAYS);
-    if (file == INVALID_HANDLE_VALUE)
-        FatalError(session,
-                   stands ? "Error opening the output file(CopyFileData)"
-                          : "Error opening the output file(CopyFileData A)",
-                   CODE_FILE);
-    return file;
-}
-
 void MoveBytes(Session *session, HANDLE input, HANDLE output, int64_t byteCount) {
     char *buffer = session->pages.CopyBuffer;
     while (byteCount > 0) {
@@ -132,13 +120,23 @@ HMETAFILE ReadMetaFilePage(Session *session, int pageIndex, const char *scratchP
     return in_memory;
 }
 
+HANDLE OpenOutput(Session *session, const char *path, const char *standing, const char *made) {
+    const bool stands = FileStands(path);
+    const HANDLE file =
+        OpenShared(path, GENERIC_READ | GENERIC_WRITE, stands ? OPEN_EXISTING : CREATE_ALWAYS);
+    if (file == INVALID_HANDLE_VALUE) FatalError(session, stands ? standing : made, CODE_FILE);
+    return file;
+}
+
 void CopyFileData(Session *session, const char *inputPath, int64_t inputOffset,
                   const char *outputPath, int64_t outputOffset, int64_t byteCount) {
     const OwnedFile input(OpenToRead(inputPath));
     if (!input) FatalError(session, "Error opening the input file(CopyFileData)", CODE_FILE);
     if (!SeekTo(input.Get(), inputOffset))
         FatalError(session, "Error seeking the input file(CopyFileData)", CODE_FILE);
-    const OwnedFile output(OpenCopyOutput(session, outputPath));
+    const OwnedFile output(OpenOutput(session, outputPath,
+                                      "Error opening the output file(CopyFileData)",
+                                      "Error opening the output file(CopyFileData A)"));
     if (!SeekTo(output.Get(), outputOffset))
         FatalError(session, "Error seeking the output file(CopyFileData)", CODE_FILE);
     MoveBytes(session, input.Get(), output.Get(), byteCount);

@@ -18,6 +18,9 @@ void TransferMetaFile(Session *session);
 HMETAFILE ReadMetaFilePage(Session *session, int pageIndex, const char *scratchPath,
                            HMETAFILE oldHandle);
 
+// Opens a file to write, also one that stands, which keeps its bytes. Fatal with code 1 and the
+// failure of a file that stands or of one to be made.
+HANDLE OpenOutput(Session *session, const char *path, const char *standing, const char *made);
 // Copies bytes between two files; an existing output is never cut short. Fatal with code 1.
 void CopyFileData(Session *session, const char *inputPath, int64_t inputOffset,
                   const char *outputPath, int64_t outputOffset, int64_t byteCount);

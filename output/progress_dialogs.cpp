@@ -15,44 +15,33 @@ INT_PTR Open(HWND dialog) {
     return FALSE; // the focus stands where it belongs
 }
 
-// The page in hand is still finished, so the dialog says that it has heard.
-void TellOfCancel(HWND dialog) {
-    SetDlgItemTextA(dialog, PROGRESS_DEVICE, "Cancelling..., Please Wait.");
-    EnableWindow(GetDlgItem(dialog, IDCANCEL), FALSE);
-}
+int32_t &WordOfRun(Session *session) { return session->report.CancelState; }
+int32_t &WordOfJob(Session *session) { return session->job.CancelState; }
 
-// The session whose user has pressed Cancel, or anything else that sends a command; null for all
-// other messages.
-Session *Cancelled(HWND dialog, UINT message) {
-    return message == WM_COMMAND ? DialogSession(dialog) : nullptr;
+// Cancel, or anything else that sends a command, stops what the cancel word belongs to. Where the
+// page in hand is still finished the dialog reports that it has heard.
+INT_PTR Serve(HWND dialog, UINT message, int32_t &(*word_of)(Session *), bool reports) {
+    if (message == WM_INITDIALOG) return Open(dialog);
+    Session *session = DialogSession(dialog);
+    if (message != WM_COMMAND || !session) return FALSE;
+    if (reports) SetDlgItemTextA(dialog, PROGRESS_DEVICE, "Cancelling..., Please Wait.");
+    word_of(session) = CANCEL_STOP;
+    if (reports) EnableWindow(GetDlgItem(dialog, IDCANCEL), FALSE);
+    return TRUE;
 }
 
 } // namespace
 
 INT_PTR CALLBACK PrintAbortParam(HWND dialog, UINT message, WPARAM, LPARAM) {
-    if (message == WM_INITDIALOG) return Open(dialog);
-    Session *session = Cancelled(dialog, message);
-    if (!session) return FALSE;
-    session->report.CancelState = CANCEL_STOP;
-    return TRUE;
+    return Serve(dialog, message, WordOfRun, false);
 }
 
 INT_PTR CALLBACK ScrPrintAbortParam(HWND dialog, UINT message, WPARAM, LPARAM) {
-    if (message == WM_INITDIALOG) return Open(dialog);
-    Session *session = Cancelled(dialog, message);
-    if (!session) return FALSE;
-    session->job.CancelState = CANCEL_STOP;
-    TellOfCancel(dialog);
-    return TRUE;
+    return Serve(dialog, message, WordOfJob, true);
 }
 
 INT_PTR CALLBACK FilePrintAbortParam(HWND dialog, UINT message, WPARAM, LPARAM) {
-    if (message == WM_INITDIALOG) return Open(dialog);
-    Session *session = Cancelled(dialog, message);
-    if (!session) return FALSE;
-    session->report.CancelState = CANCEL_STOP;
-    TellOfCancel(dialog);
-    return TRUE;
+    return Serve(dialog, message, WordOfRun, true);
 }
 
 void OpenProgress(Session *session, ProgressState *progress, const char *templateName,

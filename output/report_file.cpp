@@ -11,6 +11,7 @@
 #include "frame/owned.h"
 #include "frame/session_table.h"
 #include "frame/text.h"
+#include "output/page_store.h"
 
 namespace tessarine {
 
@@ -80,24 +81,15 @@ ReportFileHeader MakeHeader(const Session *session) {
     return header;
 }
 
-HANDLE OpenFinishedFile(Session *session, const char *path) {
-    const bool stands = FileStands(path);
-    const HANDLE file =
-        OpenShared(path, GENERIC_READ | GENERIC_WRITE, stands ? OPEN_EXISTING : CREATE_ALWAYS);
-    if (file == INVALID_HANDLE_VALUE)
-        FatalError(session,
-                   stands ? "Error opening the output file(WriteOutputHdrFtr)"
-                          : "Error opening the output file(WriteOutputHdrFtr A)",
-                   CODE_FILE);
-    return file;
-}
-
 // The file dialog has asked about the name as it was typed.
 bool MayReplace(const Session *session, const char *path) {
     char text[MAX_PATH + 60];
     std::snprintf(text, sizeof text, "%s already exists.\nDo you want to replace it?", path);
     const HWND owner = session->Window ? session->Window : session->ParentWindow;
-    return ShowBox(owner, text, "Replace File", MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;
+    const int answer =
+        ShowBox(owner, text, "Replace File", MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2);
+    RaisePending(session);
+    return answer == IDYES;
 }
 
 int Refuse(const char *text) {
@@ -147,7 +139,9 @@ int WriteEmptyHeader(Session *, const char *path) {
 }
 
 void WriteOutputHdrFtr(Session *session, const char *path) {
-    const OwnedFile file(OpenFinishedFile(session, path));
+    const OwnedFile file(OpenOutput(session, path,
+                                    "Error opening the output file(WriteOutputHdrFtr)",
+                                    "Error opening the output file(WriteOutputHdrFtr A)"));
     const ReportFileHeader header = MakeHeader(session);
     if (!SeekTo(file.Get(), 0))
         FatalError(session, "Error seeking the output file(WriteOutputHdrFtr)", CODE_FILE);

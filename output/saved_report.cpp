@@ -14,6 +14,7 @@
 #include "frame/mapping.h"
 #include "frame/owned.h"
 #include "frame/session_table.h"
+#include "frame/text.h"
 #include "output/clock.h"
 #include "output/device_choice.h"
 #include "output/page_files.h"
@@ -27,8 +28,6 @@ namespace tessarine {
 
 namespace {
 
-template <size_t Size> void Terminate(char (&text)[Size]) { text[Size - 1] = 0; }
-
 void TakeBlock(Session *session, const RepViewParams *block) {
     session->LabelMode = LabelModeWanted();
     session->SessionKind = KIND_REPORT;
@@ -36,8 +35,8 @@ void TakeBlock(Session *session, const RepViewParams *block) {
     session->EndSession = EndPageSession;
     session->report.RunPhase = PHASE_SETUP;
     session->ViewBlock = *block;
-    Terminate(session->ViewBlock.ReportFileName);
-    Terminate(session->ViewBlock.TempDir);
+    EndText(session->ViewBlock.ReportFileName);
+    EndText(session->ViewBlock.TempDir);
     session->ParentWindow = block->ParentWindow;
 }
 

@@ -36,16 +36,14 @@ bool FileExists(const char *path) {
     return attributes != INVALID_FILE_ATTRIBUTES && !(attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
-template <size_t Size> void Terminate(char (&text)[Size]) { text[Size - 1] = 0; }
-
 // The path as the current folder has it now: a host may go to another one during the run.
 template <size_t Size> void TakeWholePath(const char *name, char (&path)[Size]) {
     const DWORD length = GetFullPathNameA(name, Size, path, nullptr);
     if (length == 0 || length >= Size) CopyText(name, path, Size);
 }
 
-void TakeTempDir(Session *session, const RepParams *params) {
-    char given[sizeof params->TempDir];
+void TakeTempDir(Session *session) {
+    char given[sizeof session->RunBlock.TempDir];
     CopyText(session->RunBlock.TempDir, given, sizeof given);
     if (*given) TakeWholePath(given, session->RunBlock.TempDir);
 }
@@ -56,10 +54,10 @@ void TakeParams(Session *session, const RepParams *params) {
     session->EndSession = ReleaseRun;
     session->report.RunPhase = PHASE_SETUP;
     session->RunBlock = *params;
-    Terminate(session->RunBlock.FormFile);
-    Terminate(session->RunBlock.TempDir);
-    Terminate(session->RunBlock.OutputFile);
-    TakeTempDir(session, params);
+    EndText(session->RunBlock.FormFile);
+    EndText(session->RunBlock.TempDir);
+    EndText(session->RunBlock.OutputFile);
+    TakeTempDir(session);
     session->ParentWindow = params->ParentWindow;
 }
 
@@ -69,7 +67,7 @@ int AskOutput(Session *session, RepParams *params) {
     if (answer < 0) return CODE_NO_DEVICE;
     params->Device = answer == 0 ? 'S' : answer == 1 ? 'P' : 'F';
     if (params->Device != 'F') return CODE_DONE;
-    Terminate(params->OutputFile);
+    EndText(params->OutputFile);
     return AskReportName(session, params->OutputFile, sizeof params->OutputFile,
                          "Report File Name Selection")
                ? CODE_DONE

@@ -12,6 +12,7 @@
 #include "form/pictures.h"
 #include "frame/cursor.h"
 #include "frame/fatal_error.h"
+#include "frame/files.h"
 #include "frame/host_data.h"
 #include "frame/message_box.h"
 #include "frame/text.h"
@@ -68,7 +69,7 @@ void OfferDataFields(Session *session) {
 int OpenForm(Session *session, char *path) {
     TrimRight(UpperText(path));
     if (!*path) return InitNewForm(session);
-    if (GetFileAttributesA(path) == INVALID_FILE_ATTRIBUTES) {
+    if (!FileStands(path)) {
         if (CreateWanted(session, path)) return InitNewForm(session);
         CloseSession(session);
         return 0;

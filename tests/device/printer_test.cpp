@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "device/paper.h"
-#include "frame/boundary.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
 #include "frame/session_table.h"
+#include "tests/support/entry_code.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/form_session.h"
 #include "tests/support/report_run.h"
@@ -195,13 +195,7 @@ TEST_F(Printer, DriverThatGivesNoSettingsIsFatal) {
 TEST_F(Printer, SettingsWithoutMemoryAreFatal) {
     ASSERT_EQ(StartOn(form), 0);
     FailAllocation(1);
-    const int code = AtEntry(
-        session,
-        [&] {
-            InitPrinter(session);
-            return 0;
-        },
-        [&] { return session->ErrorCode; });
+    const int code = EntryCode(session, [&] { InitPrinter(session); });
     FailAllocation(0);
     EXPECT_EQ(code, CODE_PRINTER);
     EXPECT_EQ(Last(), Fatal("Ran Out of Memory (InitPrinter)"));

@@ -2,6 +2,7 @@
 
 #include "frame/message_box.h"
 #include "frame/session_table.h"
+#include "tests/support/entry_code.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/test_session.h"
 
@@ -25,17 +26,6 @@ Session *OpenReleasable() {
     return session;
 }
 
-// The code of an entry point with this body.
-template <typename Body> int Enter(Session *session, Body body) {
-    return AtEntry(
-        session,
-        [&] {
-            body();
-            return 0;
-        },
-        [&] { return session->ErrorCode; });
-}
-
 // What a callback leaves behind: caught at its own boundary.
 void FailInACallback(Session *session, int code) {
     Guarded(session, 0, [&]() -> int { FatalError(session, "", code); });
@@ -45,15 +35,15 @@ void FailInACallback(Session *session, int code) {
 
 TEST(Boundary, FailureBelowIsTheResultAndTheSessionStands) {
     BareSession session;
-    EXPECT_EQ(Enter(session, [&] { FatalError(session, "", 7); }), 7);
+    EXPECT_EQ(EntryCode(session, [&] { FatalError(session, "", 7); }), 7);
     EXPECT_EQ(session->UnwindPoint, 0);
-    EXPECT_EQ(Enter(session, [] {}), 0);
+    EXPECT_EQ(EntryCode(session, [] {}), 0);
 }
 
 TEST(Boundary, LackOfMemoryIsToldAndGivesItsCode) {
     MessageBoxes boxes;
     BareSession session;
-    EXPECT_EQ(Enter(session, [] { throw std::bad_alloc(); }), CODE_MEMORY);
+    EXPECT_EQ(EntryCode(session, [] { throw std::bad_alloc(); }), CODE_MEMORY);
     EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"Fatal Error", "Ran Out of Memory", {IDOK}}}));
     EXPECT_EQ(Guarded(session, -1, []() -> int { throw std::bad_alloc(); }), -1);
     EXPECT_EQ(session->ErrorCode, CODE_MEMORY);
@@ -61,16 +51,16 @@ TEST(Boundary, LackOfMemoryIsToldAndGivesItsCode) {
 
 TEST(Boundary, FailureThatNobodyRaisedIsTheResultOfItsOwnCallAndOfNoLaterOne) {
     BareSession session;
-    EXPECT_EQ(Enter(session, [&] { FailInACallback(session, 9); }), 9);
-    EXPECT_EQ(Enter(session, [] {}), 0);
+    EXPECT_EQ(EntryCode(session, [&] { FailInACallback(session, 9); }), 9);
+    EXPECT_EQ(EntryCode(session, [] {}), 0);
 }
 
 TEST(Boundary, FailureOfTheOuterCallIsNotTheInnerOnes) {
     BareSession session;
     int inner = -1;
-    const int outer = Enter(session, [&] {
+    const int outer = EntryCode(session, [&] {
         FailInACallback(session, 9);
-        inner = Enter(session, [] {});
+        inner = EntryCode(session, [] {});
     });
     EXPECT_EQ(inner, 0);
     EXPECT_EQ(outer, 9);
@@ -84,19 +74,19 @@ TEST(Boundary, FailureUnderABoxUnwindsBehindIt) {
         FailInACallback(session, 9);
         dialog.Press(IDOK);
     });
-    EXPECT_EQ(Enter(session,
-                    [&] {
-                        ShowSessionBox(session, "a moment", "Wait");
-                        went_on = true;
-                    }),
+    EXPECT_EQ(EntryCode(session,
+                        [&] {
+                            ShowSessionBox(session, "a moment", "Wait");
+                            went_on = true;
+                        }),
               9);
     EXPECT_FALSE(went_on);
 }
 
 TEST(Boundary, SessionWhoseEndIsWantedIsReleasedWhenTheOutermostCallReturns) {
     Session *session = OpenReleasable();
-    Enter(session, [&] {
-        Enter(session, [&] { WantEnd(session); });
+    EntryCode(session, [&] {
+        EntryCode(session, [&] { WantEnd(session); });
         EXPECT_EQ(released, 0);
         EXPECT_TRUE(SessionStands(session));
     });
@@ -110,7 +100,7 @@ TEST(Boundary, SessionInsideAMessageIsReleasedBehindIt) {
         const InMessage outer(session);
         {
             const InMessage inner(session);
-            Enter(session, [&] { WantEnd(session); });
+            EntryCode(session, [&] { WantEnd(session); });
         }
         EXPECT_EQ(released, 0);
     }
@@ -121,10 +111,10 @@ TEST(Boundary, CallsInTheReleaseItselfReleaseNothingTwice) {
     Session *session = OpenReleasable();
     session->EndSession = [](Session *ended) {
         ++released;
-        Enter(ended, [] {});
+        EntryCode(ended, [] {});
         FreeSession(ended);
     };
-    Enter(session, [&] { WantEnd(session); });
+    EntryCode(session, [&] { WantEnd(session); });
     EXPECT_EQ(released, 1);
 }
 

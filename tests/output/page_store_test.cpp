@@ -5,7 +5,6 @@
 #include <cstring>
 #include <functional>
 
-#include "frame/boundary.h"
 #include "frame/files.h"
 #include "frame/host_data.h"
 #include "frame/memory.h"
@@ -13,6 +12,7 @@
 #include "output/page_files.h"
 #include "output/report_file.h"
 #include "output/saved_report.h"
+#include "tests/support/entry_code.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/page_texts.h"
@@ -46,15 +46,7 @@ protected:
         ReleasePageStore(session);
     }
 
-    int Code(const std::function<void()> &body) {
-        return AtEntry(
-            session,
-            [&] {
-                body();
-                return 0;
-            },
-            [&] { return session->ErrorCode; });
-    }
+    int Code(const std::function<void()> &body) { return EntryCode(session, body); }
     int Copy(const std::string &from, int64_t start, const std::string &to, int64_t place,
              int64_t count) {
         return Code([&] { CopyFileData(session, from.c_str(), start, to.c_str(), place, count); });
