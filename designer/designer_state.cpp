@@ -1,5 +1,7 @@
 #include "designer/designer_state.h"
 
+#include "designer/clipboard.h"
+#include "designer/undo.h"
 #include "frame/fatal_error.h"
 #include "frame/memory.h"
 
@@ -7,10 +9,11 @@ namespace tessarine {
 
 namespace {
 
-constexpr int IDLE = -1;
 constexpr int GRID_SIZE = 12; // form units
 
 void DropDesigner(Session *session) {
+    DropUndo(session);
+    ClearClip(session);
     OurFree(session->designer);
     session->designer = nullptr;
 }
@@ -29,9 +32,17 @@ Designer &DesignerOf(Session *session) {
 
 void ResetDesigner(Session *session) {
     if (!session->designer) return;
-    session->designer->PendingCommand = IDLE;
-    session->designer->SnapToGrid = 1;
-    session->designer->GridSize = GRID_SIZE;
+    Designer &designer = *session->designer;
+    designer.PendingCommand = IDLE;
+    designer.HandleCount = 0;
+    designer.FocusVisible = 0;
+    designer.PaintMode = PAINT_BORDERS;
+    designer.HoverOnly = 1;
+    designer.SnapToGrid = 1;
+    designer.GridSize = GRID_SIZE;
+    designer.HelpPending = 0;
+    DropUndo(session);
+    ClearClip(session);
 }
 
 } // namespace tessarine

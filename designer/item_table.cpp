@@ -1,6 +1,7 @@
 #include "designer/item_table.h"
 
 #include <cstring>
+#include <limits>
 
 #include "designer/designer_state.h"
 #include "frame/memory.h"
@@ -18,14 +19,6 @@ using OwnedRows = Owned<ItemRecord *, FreeRows>;
 void MoveRows(Session *session, int from, int to, int count) {
     ItemRecord *items = session->form.Items;
     std::memmove(items + to, items + from, static_cast<size_t>(count) * sizeof *items);
-}
-
-void RenewBars(Session *session, int from) {
-    for (int row = from; row < session->form.TotalItems; ++row) {
-        const ItemRecord &item = session->form.Items[row];
-        if (item.ItemType == ITEM_BAR)
-            session->form.Sections[item.SectionIndex].BarItem = static_cast<int16_t>(row);
-    }
 }
 
 int FirstBar(const Session *session) {
@@ -66,8 +59,55 @@ bool StandsBehind(const ItemRecord &item, int section, const RECT &place) {
 
 } // namespace
 
+void RenewBars(Session *session, int from) {
+    for (int row = from; row < session->form.TotalItems; ++row) {
+        const ItemRecord &item = session->form.Items[row];
+        if (item.ItemType == ITEM_BAR)
+            session->form.Sections[item.SectionIndex].BarItem = static_cast<int16_t>(row);
+    }
+}
+
+bool FitsRecord(int units) {
+    return units >= std::numeric_limits<int16_t>::min() &&
+           units <= std::numeric_limits<int16_t>::max();
+}
+
+bool FitsRecord(const RECT &place) {
+    return FitsRecord(place.left) && FitsRecord(place.top) &&
+           FitsRecord(place.right - place.left) && FitsRecord(place.bottom - place.top);
+}
+
+RECT RectOf(const ItemRecord &item) {
+    return {item.x, item.y, item.x + item.width, item.y + item.height};
+}
+
+void SetPlace(ItemRecord *item, const RECT &place) {
+    item->x = static_cast<int16_t>(place.left);
+    item->y = static_cast<int16_t>(place.top);
+    item->width = static_cast<int16_t>(place.right - place.left);
+    item->height = static_cast<int16_t>(place.bottom - place.top);
+}
+
+const ItemRecord *Selected(const Session *session) {
+    const FormState &form = session->form;
+    const bool one = form.SelectedItem >= 0 && form.SelectedItem < form.TotalItems;
+    return one ? &form.Items[form.SelectedItem] : nullptr;
+}
+
+ItemRecord *Selected(Session *session) {
+    return const_cast<ItemRecord *>(Selected(static_cast<const Session *>(session)));
+}
+
+int BarOfSection(const Session *session, int section) {
+    for (int row = 0; row < session->form.TotalItems; ++row) {
+        const ItemRecord &item = session->form.Items[row];
+        if (item.ItemType == ITEM_BAR && item.SectionIndex == section) return row;
+    }
+    return NO_ROW;
+}
+
 int InsertionRow(Session *session, int section) {
-    int row = 0;
+    int row = BarOfSection(session, section) + 1;
     while (row < session->form.TotalItems &&
            !StandsBehind(session->form.Items[row], section, DesignerOf(session).FocusRect))
         ++row;
@@ -89,6 +129,16 @@ void ShiftItems(Session *session, int row, int count, int operation) {
         RenewBars(session, row);
         PutBarFirst(session);
     }
+}
+
+int ReplaceRow(Session *session, int row, const ItemRecord &item) {
+    const ItemRecord moved = item; // the rows move under the caller's
+    const int place = InsertionRow(session, moved.SectionIndex);
+    const int old = row >= place ? row + 1 : row;
+    ShiftItems(session, place, 1, SHIFT_OPEN);
+    session->form.Items[place] = moved;
+    ShiftItems(session, old, 1, SHIFT_REMOVE);
+    return row < place ? place - 1 : place;
 }
 
 } // namespace tessarine

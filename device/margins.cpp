@@ -1,6 +1,6 @@
 #include "device/margins.h"
 
-#include "frame/mapping.h"
+#include "device/paper.h"
 #include "frame/message_box.h"
 
 namespace tessarine {
@@ -23,10 +23,7 @@ struct Bounds { // form units
 Bounds FormBounds(const Session *session) {
     const ItemRecord &bar = session->form.Items[0];
     if (session->LabelMode) return {bar.x, bar.x + bar.width, bar.y + bar.height};
-    const FormHeader &header = session->form.Header;
-    const double margins = static_cast<double>(header.LeftMargin) + header.RightMargin;
-    const int width = session->printer.ReportWidth - InchesToUnits(margins);
-    return {bar.x, bar.x + width - 1, bar.y + session->form.ReportHeight};
+    return {bar.x, bar.x + FullBarWidth(session) - 1, bar.y + session->form.ReportHeight};
 }
 
 bool IsTested(const ItemRecord &item) {

@@ -110,11 +110,14 @@ void FitBars(Session *session) {
 
 } // namespace
 
-int BarWidth(const Session *session, int section) {
+int FullBarWidth(const Session *session) {
     const FormHeader &header = session->form.Header;
     const double margins = static_cast<double>(header.LeftMargin) + header.RightMargin;
-    const int width = session->printer.ReportWidth - InchesToUnits(margins);
-    return width / std::max<int>(session->form.Sections[section].Across, 1);
+    return session->printer.ReportWidth - InchesToUnits(margins);
+}
+
+int BarWidth(const Session *session, int section) {
+    return FullBarWidth(session) / std::max<int>(session->form.Sections[section].Across, 1);
 }
 
 int ProcessPrinterData(Session *session) {

@@ -2,14 +2,11 @@
 // which a failure becomes a return value and past which no exception goes.
 #include "tessarine.h"
 
-#include <algorithm>
-#include <initializer_list>
-
 #include "designer/designer_state.h"
-#include "designer/field_items.h"
 #include "device/device_names.h"
 #include "device/margins.h"
 #include "device/paper.h"
+#include "dll/entry.h"
 #include "expr/symbols.h"
 #include "expr/validate.h"
 #include "form/defaults.h"
@@ -19,7 +16,6 @@
 #include "form/form_writer.h"
 #include "form/label_measure.h"
 #include "form/pictures.h"
-#include "frame/boundary.h"
 #include "frame/colors.h"
 #include "frame/dialogs.h"
 #include "frame/host_data.h"
@@ -40,40 +36,9 @@
 #include "run/set_up.h"
 #include "session/new_form.h"
 
+using namespace tessarine::entry;
+
 namespace {
-
-// False before a session has its tables and its printer, and once it is ending.
-bool IsOpen(const Session *session) {
-    return session && tessarine::SessionStands(session) && session->form.TablesAllocated &&
-           session->printer.DevMode && session->State != tessarine::STATE_ENDING;
-}
-
-// A failure shows its message, leaves its code in the session and gives the fallback.
-template <typename Result, typename Body>
-Result Enter(bool allowed, Session *session, Result fallback, Body body) {
-    if (!allowed) return fallback;
-    return tessarine::AtEntry(
-        session, [&] { return Result{body()}; }, [&] { return fallback; });
-}
-
-// A routine on a session of any kind.
-template <typename Result, typename Body>
-Result OnSession(Session *session, Result fallback, Body body) {
-    return Enter(IsOpen(session), session, fallback, body);
-}
-
-// A routine that works on a form. A run has made something else of its form.
-template <typename Result, typename Body>
-Result OnForm(Session *session, Result fallback, Body body) {
-    const bool form = IsOpen(session) && session->State == tessarine::STATE_FORM_OPEN;
-    return Enter(form, session, fallback, body);
-}
-
-// The session, unless the host left out what the routine reads or writes.
-Session *With(Session *session, std::initializer_list<const void *> needed) {
-    const bool all = std::find(needed.begin(), needed.end(), nullptr) == needed.end();
-    return all ? session : nullptr;
-}
 
 // What a host gives to measure: a row of the font table, and a text.
 bool Measurable(const Session *session, const char *text, int32_t font) {
@@ -149,25 +114,6 @@ int32_t __stdcall FrSave(Session *session, char *path) {
     return OnForm(With(session, {path}), 0, [&] { return tessarine::FrSave(session, path); });
 }
 
-int32_t __stdcall AddNewDataField(Session *session, const char *name, int32_t section, int32_t x,
-                                  int32_t y, int32_t wrap) {
-    return OnForm(With(session, {name}), -1,
-                  [&] { return tessarine::AddNewDataField(session, name, section, x, y, wrap); });
-}
-
-int32_t __stdcall AddNewCalcField(Session *session, const char *text, int32_t section,
-                                  const char *description, int32_t x, int32_t y) {
-    return OnForm(With(session, {text, description}), -1, [&] {
-        return tessarine::AddNewCalcField(session, text, section, description, x, y);
-    });
-}
-
-int32_t __stdcall AddNewSysField(Session *session, int32_t index, int32_t section, int32_t x,
-                                 int32_t y) {
-    return OnForm(session, -1,
-                  [&] { return tessarine::AddNewSysField(session, index, section, x, y); });
-}
-
 int32_t __stdcall CreateFieldLabel(Session *session, int32_t field, char *buffer, int32_t width,
                                    int32_t font) {
     return OnSession(With(session, {buffer}), 0, [&] {
@@ -183,10 +129,6 @@ int32_t __stdcall GetFieldSize(Session *session, int32_t field, int32_t font, in
 
 int32_t __stdcall CreateDefaultBoldFont(Session *session) {
     return OnForm(session, 0, [&] { return tessarine::CreateDefaultBoldFont(session); });
-}
-
-int32_t __stdcall FrFonts(Session *session, const LOGFONTA *font) {
-    return OnForm(session, 0, [&] { return tessarine::FrFonts(session, font); });
 }
 
 int32_t __stdcall ValidateMargins(Session *session, int32_t showMessage) {

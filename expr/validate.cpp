@@ -61,15 +61,18 @@ int CopyCreateExp(Session *session, const Cell *source, Cell *target) {
     return 1;
 }
 
-void ExpressionText(const Session *session, const Cell *cells, char *text, int size) {
+int ExpressionText(const Session *session, const Cell *cells, char *text, int size) {
     size_t length = 0;
+    size_t last_mention = 0;
     text[0] = 0;
     for (int place = 0; place < MAX_CELLS && cells[place] != CELL_END; ++place) {
         const char *piece = CellText(session, cells[place]);
-        if (length + std::strlen(piece) + 1 > static_cast<size_t>(size)) return;
+        if (length + std::strlen(piece) + 1 > static_cast<size_t>(size)) break;
+        if (cells[place] == cells[0]) last_mention = length;
         CopyText(piece, text + length, static_cast<size_t>(size) - length);
         length += std::strlen(piece);
     }
+    return static_cast<int>(last_mention);
 }
 
 } // namespace tessarine

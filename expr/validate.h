@@ -8,7 +8,8 @@ namespace tessarine {
 int ValidateExp(Session *session, const Cell *cells, int mode); // the type, 0 after a message
 // Copies a list for a copied field or item; 0 after a message.
 int CopyCreateExp(Session *session, const Cell *source, Cell *target);
-// The text of a list as a user writes it, at most size - 1 characters.
-void ExpressionText(const Session *session, const Cell *cells, char *text, int size);
+// The text of a list as a user writes it, at most size - 1 characters. Gives the place in it where
+// the first cell comes up again for the last time, or 0.
+int ExpressionText(const Session *session, const Cell *cells, char *text, int size);
 
 } // namespace tessarine

@@ -68,6 +68,9 @@ void InitVariables(Session *session) {
         user.InUse = 0;
         std::memset(user.Reserved434, 0, sizeof user.Reserved434);
     }
+    session->Desk.AccelTable = nullptr; // the host's, which gives them anew
+    session->Desk.EditWindow = nullptr;
+    session->Desk.EditWndProc = nullptr;
     std::memset(session->form.FillerText, FILLER_CHARACTER, sizeof session->form.FillerText - 1);
 }
 

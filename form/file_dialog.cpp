@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "frame/drop_messages.h"
 #include "frame/fatal_error.h"
 #include "frame/host_data.h"
 #include "frame/text.h"
@@ -12,16 +13,6 @@ namespace tessarine {
 namespace {
 
 constexpr size_t NAME_LENGTH = 129; // 128 characters of path
-
-// A double click on the dialog must not reach the window behind it.
-void DropMouseMessages(HWND window) {
-    MSG message;
-    while (PeekMessageA(&message, window, WM_MOUSEFIRST, WM_MOUSELAST, PM_REMOVE)) {
-        if (message.message != WM_QUIT) continue;
-        PostQuitMessage(static_cast<int>(message.wParam)); // for the host's own loop
-        break;
-    }
-}
 
 } // namespace
 
@@ -48,7 +39,7 @@ bool AskFileName(Session *session, char *name, const char *filter, const char *t
     const bool done = save ? GetSaveFileNameA(&dialog) : GetOpenFileNameA(&dialog);
     if (!done && session->ParentWindow)
         SendMessageA(session->ParentWindow, MESSAGE_NO_RESULT, 0, 0);
-    if (window) DropMouseMessages(window);
+    if (window) DropMessages(window, WM_MOUSEFIRST, WM_MOUSELAST); // a double click on the dialog
     if (done) std::strcpy(name, chosen);
     RaisePending(session);
     return done;

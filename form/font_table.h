@@ -1,4 +1,4 @@
-// The font table's rows: slots, release, and the font that the designer chooses.
+// The font table's rows: slots and release.
 #pragma once
 
 #include "state/session.h"
@@ -8,6 +8,5 @@ namespace tessarine {
 int FindFontRow(Session *session);              // a free row or -1 after a message
 void ReleaseFontRow(Session *session, int row); // deletes the handles and clears the row
 int CreateDefaultBoldFont(Session *session);    // the row, 0 after a message
-int FrFonts(Session *session, const LOGFONTA *font);
 
 } // namespace tessarine

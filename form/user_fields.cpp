@@ -45,7 +45,7 @@ bool IsNameCharacter(char c) { return c == '_' || IsLetter(c) || IsDigit(c); }
 bool IsTaken(const Session *session, int row, const char *name) {
     for (int other = 0; other < MAX_USER_FIELDS; ++other) {
         const UserFieldRecord &user = session->form.UserFields[other];
-        if (other != row && user.InUse && !std::strcmp(user.UserName, name)) return true;
+        if (other != row && user.InUse && !lstrcmpiA(user.UserName, name)) return true;
     }
     return false;
 }

@@ -56,9 +56,18 @@ INT_PTR Serve(const Dialog &served, HWND dialog, Session *session, Body body) {
     return TRUE;
 }
 
+// False, and the dialog ends as cancelled, when its session has gone under it or the row that it
+// works on isn't there.
+bool CanServe(const Dialog &served, HWND dialog, const Session *session) {
+    const bool stands = SessionStands(session) && (!served.RowStands || served.RowStands(session));
+    if (!stands) EndDialog(dialog, served.CancelResult);
+    return stands;
+}
+
 INT_PTR OpenDialog(const Dialog &served, HWND dialog, const DialogStart &start) {
-    SetDialogSession(dialog, start.session);
     CentreDialog(dialog);
+    if (!CanServe(served, dialog, start.session)) return TRUE;
+    SetDialogSession(dialog, start.session);
     return Serve(served, dialog, start.session,
                  [&] { return INT_PTR{served.Open(dialog, start.session, start.extra)}; });
 }
@@ -77,16 +86,45 @@ INT_PTR OnControl(const Dialog &served, HWND dialog, Session *session, int contr
     return control == IDCANCEL || control == DIALOG_HELP;
 }
 
-} // namespace
-
-INT_PTR ServeDialog(const Dialog &served, HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_INITDIALOG)
-        return OpenDialog(served, dialog, *reinterpret_cast<const DialogStart *>(lParam));
+INT_PTR OnCommand(const Dialog &served, HWND dialog, WPARAM wParam) {
     Session *session = DialogSession(dialog);
-    if (message != WM_COMMAND || !session) return FALSE;
+    if (!session) return FALSE;
+    if (!CanServe(served, dialog, session)) return TRUE;
     return Serve(served, dialog, session, [&] {
         return OnControl(served, dialog, session, LOWORD(wParam), HIWORD(wParam));
     });
+}
+
+const DrawnList *DrawnOf(const Dialog &served, UINT control) {
+    for (const DrawnList &list : served.Drawn)
+        if (static_cast<UINT>(list.Control) == control) return &list;
+    return nullptr;
+}
+
+// A list is measured while the dialog is being made, before it has its session.
+INT_PTR MeasureRow(const Dialog &served, MEASUREITEMSTRUCT *row) {
+    const DrawnList *list = DrawnOf(served, row->CtlID);
+    if (list) row->itemHeight = list->RowHeight;
+    return list != nullptr;
+}
+
+INT_PTR DrawRow(const Dialog &served, const DRAWITEMSTRUCT &row) {
+    const DrawnList *list = DrawnOf(served, row.CtlID);
+    if (list) list->Draw(row);
+    return list != nullptr;
+}
+
+} // namespace
+
+INT_PTR ServeDialog(const Dialog &served, HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_INITDIALOG:
+        return OpenDialog(served, dialog, *reinterpret_cast<const DialogStart *>(lParam));
+    case WM_COMMAND: return OnCommand(served, dialog, wParam);
+    case WM_MEASUREITEM: return MeasureRow(served, reinterpret_cast<MEASUREITEMSTRUCT *>(lParam));
+    case WM_DRAWITEM: return DrawRow(served, *reinterpret_cast<const DRAWITEMSTRUCT *>(lParam));
+    default: return FALSE;
+    }
 }
 
 void SetDialogSession(HWND dialog, Session *session) {

@@ -24,6 +24,13 @@ struct ControlRow {
     int Notification = 0; // the control's code that counts: 0 is a button's click
 };
 
+// A list that the dialog draws itself.
+struct DrawnList {
+    int Control;
+    UINT RowHeight; // pixels
+    void (*Draw)(const DRAWITEMSTRUCT &row);
+};
+
 // What a dialog is beyond the frame that all share: help, start values and commands. Cancel ends it
 // with CancelResult unless a row says otherwise.
 struct Dialog {
@@ -32,6 +39,10 @@ struct Dialog {
     bool (*Open)(HWND dialog, Session *session, LPARAM extra);
     std::span<const ControlRow> Controls;
     INT_PTR CancelResult = 0;
+    // Whether the row that the dialog works on is there. It is asked ahead of everything that the
+    // dialog does, since a host names the row and may change it; false cancels the dialog.
+    bool (*RowStands)(const Session *session) = nullptr;
+    std::span<const DrawnList> Drawn = {};
 };
 
 // The procedure of every modal dialog: centres it, keeps its session, serves its controls, Cancel

@@ -52,14 +52,37 @@ bool SessionStands(const Session *session) {
     return live != nullptr;
 }
 
-int OpenSession(Session **session) {
-    *session = static_cast<Session *>(OurAlloc(sizeof(Session)));
-    if (!*session) return CODE_MEMORY;
-    FillBytes(*session, 0, sizeof(Session));
-    (*session)->SessionId = WITHOUT_SLOT;
-    (*session)->NextLive = session_table.LiveSessions;
-    session_table.LiveSessions = *session;
+namespace {
+
+Session *TakeEndedSession() {
+    Session *session = session_table.EndedSessions;
+    if (session) session_table.EndedSessions = session->NextLive;
+    return session;
+}
+
+Session *AllocateSession() { return static_cast<Session *>(OurAlloc(sizeof(Session))); }
+
+int BeginSession(Session *session, int slot) {
+    if (!session) return CODE_MEMORY;
+    FillBytes(session, 0, sizeof(Session));
+    session->SessionId = slot;
+    session->NextLive = session_table.LiveSessions;
+    session_table.LiveSessions = session;
     return CODE_DONE;
+}
+
+void Unlink(const Session *session) {
+    Session **link = &session_table.LiveSessions;
+    while (*link != session) link = &(*link)->NextLive;
+    *link = session->NextLive;
+}
+
+} // namespace
+
+int OpenSession(Session **session) {
+    *session = TakeEndedSession();
+    if (!*session) *session = AllocateSession();
+    return BeginSession(*session, WITHOUT_SLOT);
 }
 
 int OpenRunSession(Session **session) {
@@ -69,21 +92,25 @@ int OpenRunSession(Session **session) {
     if (slot == session_table.SessionHighMark && session_table.SessionHighMark < MAX_SESSIONS)
         ++session_table.SessionHighMark;
     if (slot == session_table.SessionHighMark) return CODE_NO_SLOT;
-    if (const int code = OpenSession(session)) return code;
-    (*session)->SessionId = slot;
+    *session = AllocateSession();
+    if (const int code = BeginSession(*session, slot)) return code;
     session_table.SessionTable[slot] = *session;
     return CODE_DONE;
 }
 
 void FreeSession(Session *session) {
-    Session **link = &session_table.LiveSessions;
-    while (*link != session) link = &(*link)->NextLive;
-    *link = session->NextLive;
+    Unlink(session);
     if (session->SessionId != WITHOUT_SLOT) {
         session_table.SessionTable[session->SessionId] = nullptr;
         session_table.PrinterContextTable[session->SessionId] = nullptr;
     }
     OurFree(session);
+}
+
+void RetireSession(Session *session) {
+    Unlink(session);
+    session->NextLive = session_table.EndedSessions;
+    session_table.EndedSessions = session;
 }
 
 // The entry of a job that is over may stand for a handle that the system has given out again.

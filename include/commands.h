@@ -2,7 +2,7 @@
 #ifndef TESSARINE_COMMANDS_H
 #define TESSARINE_COMMANDS_H
 
-/* ---- the preview: WM_COMMAND to its window; those below 624 have no menu entry -------------- */
+/* ---- both windows: WM_COMMAND; those below 606 have no menu entry --------------------------- */
 
 #define COMMAND_PAGE_UP 600
 #define COMMAND_PAGE_DOWN 601
@@ -11,21 +11,151 @@
 #define COMMAND_LEFT 604
 #define COMMAND_RIGHT 605
 #define COMMAND_SAVE 624
+
+/* ---- the preview ---------------------------------------------------------------------------- */
+
 #define COMMAND_JUMP 694
 #define COMMAND_PRINT 695
 #define COMMAND_FIT 696
 #define COMMAND_EXIT 697
+
+/* ---- the designer; what a pointer does has a number too ------------------------------------- */
+
+#define COMMAND_NEW_LABEL 606
+#define COMMAND_MOVE 608 /* a drag, not a command: as 609 and 611 */
+#define COMMAND_SIZE 609
+#define COMMAND_CENTER 610
+#define COMMAND_BAND 611
+#define COMMAND_EDIT_LABEL 612
+#define COMMAND_PICTURE_PASTED 620
+#define COMMAND_PICTURE_FILE 621
+#define COMMAND_HELP 622
+#define COMMAND_SAVE_AS 625
+#define COMMAND_CLOSE_FORM 626 /* our own hosts turn it into WM_CLOSE, see docs */
+#define COMMAND_REPORT_PARAMETERS 627
+#define COMMAND_REPORT_FILTER 628
+#define COMMAND_REPORT_FILTER_ENTRY 629 /* of the menu; it does nothing */
+#define COMMAND_PRINTER_SETUP 630
+#define COMMAND_BARCODE_FIELD 635
+#define COMMAND_APPLICATION_FIELD 637
+#define COMMAND_FONTS 638
+#define COMMAND_EDIT_FIELD 639
+#define COMMAND_FIELD_EXPRESSION 640
+#define COMMAND_DATA_FIELD 641
+#define COMMAND_CALC_FIELD 642
+#define COMMAND_SYSTEM_FIELD 643
+#define COMMAND_USER_FIELD 644
+#define COMMAND_NEW_SECTION 645
+#define COMMAND_EDIT_SECTION 646
+#define COMMAND_SECTION_FILTER 648
+#define COMMAND_SORT_FIELD 649
+#define COMMAND_BREAK_FIELD 650
+#define COMMAND_CREATE_USER_FIELD 651
+#define COMMAND_MODIFY_USER_FIELD 652
+#define COMMAND_DELETE_USER_FIELD 653
+#define COMMAND_NEW_LINE 660
+#define COMMAND_OUTLINE 661
+#define COMMAND_BACKGROUND 662
+#define COMMAND_POSITION 663
+#define COMMAND_DELETE 664
+#define COMMAND_UNDO 665
+#define COMMAND_EDIT_LINE 666
+#define COMMAND_ALIGN_TOP 675
+#define COMMAND_ALIGN_BOTTOM 676
+#define COMMAND_ALIGN_MIDDLE 677
+#define COMMAND_ALIGN_LEFT 678
+#define COMMAND_ALIGN_RIGHT 679
+#define COMMAND_ALIGN_CENTER 680
+#define COMMAND_EVEN_WIDTH 681
+#define COMMAND_EVEN_HEIGHT 682
+#define COMMAND_SPACE_ACROSS 683
+#define COMMAND_SPACE_DOWN 684
+#define COMMAND_EXPAND_ACROSS 690
+#define COMMAND_EXPAND_DOWN 691
+#define COMMAND_COMPRESS_ACROSS 692
+#define COMMAND_COMPRESS_DOWN 693
+#define COMMAND_ITEM_PROPERTIES 699
+#define COMMAND_NONE 700 /* does nothing, and leaves the undo image alive */
+#define COMMAND_CUT 701
+#define COMMAND_COPY 702
+#define COMMAND_PASTE 703
+#define COMMAND_GRID 704
+#define COMMAND_MENU_PROPERTIES 709 /* of the item's menu; it goes to the host */
+
+#define ITEM_MENU 102 /* the menu of the selected item */
 
 /* ---- controls of dialogs -------------------------------------------------------------------- */
 
 #define DIALOG_HELP 1054
 
 #define LIST_CHOICE 784
+#define TEXT_INPUT 785 /* the one text, or the first, that a dialog asks for */
+#define PICK_FIELD 787 /* the host's user picks a data field */
+
+#define EXPRESSION_FIRST_OPERATOR 501 /* a button's number is its operator's code */
+#define EXPRESSION_LAST_OPERATOR 526
+#define EXPRESSION_TEXT 786
+#define EXPRESSION_USER_FIELD 788
+#define EXPRESSION_SYSTEM_FIELD 789
+#define EXPRESSION_FUNCTIONS 790
+#define EXPRESSION_DESCRIPTION 1069
+
+#define USER_FIELD_TEXT 795
+#define USER_FIELD_NUMERIC 796
+#define USER_FIELD_DOUBLE 797
+#define USER_FIELD_DATE 798
+#define USER_FIELD_LOGICAL 799
+#define USER_FIELD_ORDER 800
+#define USER_FIELD_WIDTH 801
+
+#define BREAK_ON_CALCULATION 802
+#define SECTION_PAGE_BEFORE 803
+#define SECTION_PAGE_AFTER 804
+#define SECTION_CLOSE_BEFORE 805
+#define SECTION_CLOSE_AFTER 806
+#define SECTION_ACROSS 808
+#define SECTION_TITLES_AGAIN 809
+#define SECTION_PAGE_FROM_ONE 904
 
 #define PROMPT_TEXT 835
 #define PROMPT_INPUT 836
 #define PROMPT_NEXT 837
 #define PROMPT_PREVIOUS 838
+
+#define POSITION_LEFT 845
+#define POSITION_RIGHT 846
+#define POSITION_CENTER 847
+#define POSITION_TOP 848
+#define POSITION_BOTTOM 849
+#define POSITION_MIDDLE 850
+
+#define OUTLINE_LEFT 856
+#define OUTLINE_RIGHT 857
+#define OUTLINE_TOP 858
+#define OUTLINE_BOTTOM 859
+#define STROKE_WIDTH 860 /* of an outline or a line, as the next */
+#define STROKE_COLOR 861
+#define STROKE_SOLID 862
+#define STROKE_DASHES 863
+#define STROKE_DOTS 864
+#define STROKE_DASH_AND_DOTS 865
+#define LINE_HORIZONTAL 866
+#define LINE_VERTICAL 867
+#define LINE_DIAGONAL 868
+#define LINE_BACK_DIAGONAL 869
+
+#define BACKGROUND_PAINT 875
+#define BRUSH_SOLID 876
+#define BRUSH_BACKWARD_DIAGONAL 877
+#define BRUSH_CROSS 878
+#define BRUSH_DIAGONAL_CROSS 879
+#define BRUSH_FORWARD_DIAGONAL 880
+#define BRUSH_HORIZONTAL 881
+#define BRUSH_VERTICAL 882
+#define BRUSH_COLOR 883
+
+#define GRID_SNAP 902
+#define GRID_THICKNESS 903
 
 #define JUMP_PAGE 895
 #define PRINT_FIRST_PAGE 896
@@ -34,5 +164,53 @@
 #define PROGRESS_DEVICE 842
 #define PROGRESS_RECORDS 843
 #define PROGRESS_PAGES 844
+
+/* ---- controls of the sheets that a host serves ---------------------------------------------- */
+
+#define MARGIN_LEFT 766
+#define MARGIN_RIGHT 767
+#define MARGIN_TOP 768
+#define MARGIN_BOTTOM 769
+#define PRINTER_CHOICE 782
+#define PRINTER_SETUP 783
+#define REPORT_TRIAL_RECORDS 792
+#define DATE_MONTH_FIRST 793
+#define DATE_DAY_FIRST 794
+#define FIELD_DECIMALS 810
+#define FIELD_CURRENCY 814
+#define FIELD_NEGATIVE_PREFIX 815
+#define FIELD_NEGATIVE_SUFFIX 816
+#define FIELD_POSITIVE_PREFIX 817
+#define FIELD_POSITIVE_SUFFIX 818
+#define FIELD_SUPPRESS_ZERO 819
+#define FIELD_PAD_ZEROES 820
+#define FIELD_COMMA 821
+#define FIELD_SUMMARY 822
+#define FIELD_KEEP_TOTAL 823
+#define FIELD_TRIM_SPACES 824
+#define FIELD_ALL_CAPITALS 825
+#define FIELD_FIRST_CAPITALS 826
+#define FIELD_LOWER_CASE 827
+#define FIELD_WRAP_TEXT 828
+#define FIELD_WRAP_WORDS 829
+#define DATE_MONTH_FIRST_LONG 830
+#define DATE_MONTH_NAME 831
+#define DATE_DELIMITER 832
+#define LOGICAL_TRUE 833
+#define LOGICAL_FALSE 834
+#define SUMMARY_STATUS 839
+#define SUMMARY_RECORDS 840
+#define SUMMARY_PAGES 841
+#define RULER_HIDE 890
+#define RULER_IN_INCHES 891
+#define RULER_IN_CENTIMETERS 892
+#define FIELD_LINES 900
+#define REPORT_HEADER_FIRST 901
+#define LABEL_LEFT_FEED 1060
+#define LABEL_CENTER_FEED 1061
+#define LABEL_PROMPT 1062
+#define LABEL_WARNINGS 1063
+#define SEQUENCE_ASCENDING 1065
+#define SEQUENCE_DESCENDING 1066
 
 #endif

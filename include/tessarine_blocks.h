@@ -122,11 +122,40 @@ typedef struct PreviewWords { /* of a run's preview, as its status strip shows t
     int32_t FinishedPages;
 } PreviewWords;
 
+/* The form of a designer session, for a host's own sheets and panels: where each table stands and
+ * where its count of rows stands. The addresses stay for the life of the session. A host may change
+ * what the rows mean (texts, places, styles) and SelectedItem, but no count; it then calls
+ * SelectItem, SizeItem or UpdateLabelText, or sends WM_PAINT's cause by InvalidateRect, and the form
+ * counts as modified once a routine of the library or ItemPropertiesCallback says so. The three
+ * slots at the end are the host's to fill; InitVariables empties them. */
+typedef struct FormDesk {
+    FormHeader *Header;
+    ItemRecord *Items; /* in the order of sections, each bar before its items, these by y and x */
+    int32_t *TotalItems;
+    FieldRecord *Fields;
+    int32_t *FieldCount;
+    FontEntry *Fonts;
+    int32_t *FontCount;
+    SectionRecord *Sections; /* MAX_SECTIONS rows */
+    BreakFieldRecord *Breaks;
+    int32_t *BreakCount;
+    UserFieldRecord *UserFields; /* MAX_USER_FIELDS rows */
+    int32_t *UserFieldCount;     /* rows in use */
+    int32_t *SelectedItem;       /* row of Items, -1: nothing is selected */
+    int32_t *DialogRow;          /* the row that the library's dialogs work on */
+    FieldRecord *EditField;      /* the field that they edit */
+    char *TextBuffer;            /* texts between a dialog and its caller; TEXT_BUFFER_SIZE bytes */
+    HACCEL AccelTable;           /* keys of commands, translated as the window's messages come */
+    HWND EditWindow;             /* an edit control over a label, a child of the window */
+    WNDPROC EditWndProc;         /* its procedure behind FrEditSubclass */
+} FormDesk;
+
 typedef struct SessionHead { /* at the pointer of GetSessionPointer; a host changes nothing of it */
     FormParams Form;         /* in a designer session */
     RepParams Run;           /* in a run */
     RepViewParams View;      /* ReportWindow in a run with a preview too */
     PreviewWords Preview;
+    FormDesk Desk;           /* in a designer session */
 } SessionHead;
 
 #pragma pack(pop)

@@ -16,6 +16,7 @@ enum {
     MAX_LABEL_TEXT = 300, /* characters of a label, without the terminator */
     MAX_SESSIONS = 100,   /* run sessions in a process */
     MAX_SCR_PAGES = 5000, /* pages of a report file */
+    TEXT_BUFFER_SIZE = 1024, /* bytes of a session's scratch text */
     UNITS_PER_INCH = 250  /* form units */
 };
 
@@ -133,6 +134,11 @@ enum { /* rows of the system field table */
 
 enum { /* messages to the host's window */
        MESSAGE_NO_RESULT = 631,
+       MESSAGE_EDITABLE_TEXT = 710, /* the selection: lParam is the text in 710 and 711 */
+       MESSAGE_FIXED_TEXT = 711,
+       MESSAGE_NO_FIXED_TEXT = 712,
+       MESSAGE_NO_EDITABLE_TEXT = 713,
+       MESSAGE_MAY_EDIT = 714, /* lParam 1: the text may be edited; comes first */
        MESSAGE_SESSION_ENDED = 1024,
        MESSAGE_MODIFIED = 1025,
        MESSAGE_UNMODIFIED = 1026

@@ -6,6 +6,7 @@
 #include "form/label_measure.h"
 #include "frame/owned.h"
 #include "output/report_file.h"
+#include "paint/strokes.h"
 
 namespace tessarine {
 
@@ -22,11 +23,6 @@ void PlayPage(const Session *session, HDC device) {
     RestoreDC(device, saved);
 }
 
-void DrawLine(HDC device, int left, int top, int right, int bottom) {
-    MoveToEx(device, left, top, nullptr);
-    LineTo(device, right, bottom);
-}
-
 // The true end of a report shows at a glance: solid red instead of dots.
 void MarkPageEnd(const Session *session) {
     const bool last = session->report.RunPhase == PHASE_FINISHED &&
@@ -34,8 +30,8 @@ void MarkPageEnd(const Session *session) {
     const HDC device = session->view.MemoryDC;
     const HGDIOBJ old_pen =
         SelectObject(device, last ? session->device.GroupPen : session->device.DotPen);
-    DrawLine(device, 0, session->report.PageBottomUnits, session->report.PageWidthUnits,
-             session->report.PageBottomUnits);
+    const int bottom = session->report.PageBottomUnits;
+    DrawStroke(device, {0, bottom}, {session->report.PageWidthUnits, bottom});
     SelectObject(device, old_pen);
 }
 
@@ -116,12 +112,9 @@ void DrawSheetFrame(const Session *session, const RECT &sheet) {
     const HDC device = session->drawing.ScreenDC;
     const RECT shadow = PixelFurther(device, sheet);
     const HGDIOBJ old_pen = SelectObject(device, GetStockObject(BLACK_PEN));
-    DrawLine(device, sheet.left, sheet.top, sheet.right, sheet.top);
-    DrawLine(device, sheet.right, sheet.top, sheet.right, sheet.bottom);
-    DrawLine(device, sheet.right, sheet.bottom, sheet.left, sheet.bottom);
-    DrawLine(device, sheet.left, sheet.bottom, sheet.left, sheet.top);
-    DrawLine(device, shadow.right, shadow.top, shadow.right, shadow.bottom);
-    DrawLine(device, shadow.right, shadow.bottom, shadow.left, shadow.bottom);
+    DrawFrame(device, sheet);
+    DrawStroke(device, {shadow.right, shadow.top}, {shadow.right, shadow.bottom});
+    DrawStroke(device, {shadow.right, shadow.bottom}, {shadow.left, shadow.bottom});
     SelectObject(device, old_pen);
 }
 

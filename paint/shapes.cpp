@@ -2,6 +2,7 @@
 
 #include "frame/colors.h"
 #include "frame/owned.h"
+#include "paint/strokes.h"
 
 namespace tessarine {
 
@@ -10,32 +11,6 @@ namespace {
 struct Segment {
     POINT start;
     POINT end;
-};
-
-void DrawSegment(HDC device, const Segment &segment) {
-    MoveToEx(device, segment.start.x, segment.start.y, nullptr);
-    LineTo(device, segment.end.x, segment.end.y);
-}
-
-// The pen of a shape, in force for as long as it stands.
-class ShapePen {
-public:
-    ShapePen(HDC device, HPEN made, HPEN next) : device_(device), made_(made), next_(next) {
-        if (made_) SelectObject(device_, made_);
-    }
-    ShapePen(const ShapePen &) = delete;
-    ShapePen &operator=(const ShapePen &) = delete;
-    ~ShapePen() {
-        if (!made_) return;
-        SelectObject(device_, next_);
-        DeleteObject(made_);
-    }
-    explicit operator bool() const { return made_ != nullptr; }
-
-private:
-    HDC device_;
-    HPEN made_;
-    HPEN next_;
 };
 
 Segment LineOf(const ItemRecord &item, const RECT &place, LONG far_top) {
@@ -54,10 +29,10 @@ void DrawSides(HDC device, const RECT &place, int sides) {
     const POINT top_right{place.right, place.top};
     const POINT bottom_left{place.left, place.bottom};
     const POINT bottom_right{place.right, place.bottom};
-    if (sides & SIDE_LEFT) DrawSegment(device, {bottom_left, top_left});
-    if (sides & SIDE_TOP) DrawSegment(device, {top_left, top_right});
-    if (sides & SIDE_RIGHT) DrawSegment(device, {top_right, bottom_right});
-    if (sides & SIDE_BOTTOM) DrawSegment(device, {bottom_right, bottom_left});
+    if (sides & SIDE_LEFT) DrawStroke(device, bottom_left, top_left);
+    if (sides & SIDE_TOP) DrawStroke(device, top_left, top_right);
+    if (sides & SIDE_RIGHT) DrawStroke(device, top_right, bottom_right);
+    if (sides & SIDE_BOTTOM) DrawStroke(device, bottom_right, bottom_left);
 }
 
 } // namespace
@@ -79,13 +54,15 @@ void PaintBackground(HDC device, const ItemRecord &item, const RECT &place) {
 void PaintOutline(HDC device, const ItemRecord &item, const RECT &place, HPEN next) {
     if (!item.OutlineSides) return;
     const HPEN made = CreatePen(item.OutlineStyle, item.OutlineWidth, item.OutlineColor);
-    const ShapePen pen(device, made, next);
+    const StrokePen pen(device, made, next);
     if (pen) DrawSides(device, place, item.OutlineSides);
 }
 
 void PaintLine(HDC device, const ItemRecord &item, const RECT &place, LONG far_top, HPEN next) {
-    const ShapePen pen(device, CreatePen(item.LineStyle, item.LineWidth, item.LineColor), next);
-    if (pen) DrawSegment(device, LineOf(item, place, far_top));
+    const StrokePen pen(device, CreatePen(item.LineStyle, item.LineWidth, item.LineColor), next);
+    if (!pen) return;
+    const Segment line = LineOf(item, place, far_top);
+    DrawStroke(device, line.start, line.end);
 }
 
 } // namespace tessarine

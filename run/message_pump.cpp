@@ -13,7 +13,7 @@ void PumpMessages(Session *session) {
             PostQuitMessage(static_cast<int>(message.wParam));
             break;
         }
-        if (!TranslateAcceleratorA(session->Window, session->device.AccelTable, &message)) {
+        if (!TranslateAcceleratorA(session->Window, session->Desk.AccelTable, &message)) {
             TranslateMessage(&message);
             DispatchMessageA(&message);
         }

@@ -127,8 +127,7 @@ void MakeLabelItems(Session *session) {
 void MakeReportItems(Session *session) {
     const FormHeader &header = session->form.Header;
     const int x = std::max(InchesToUnits(header.LeftMargin), BAR_LEFT_EDGE);
-    const double margins = static_cast<double>(header.LeftMargin) + header.RightMargin;
-    const int width = session->printer.ReportWidth - InchesToUnits(margins);
+    const int width = FullBarWidth(session);
     const int group_x = x + (width - GROUP_WIDTH) / 2;
     const int room = BAND_HEIGHT - header.BarHeight;
     const int group_y = header.BarHeight + (room - GROUP_HEIGHT) / 2;

@@ -93,6 +93,27 @@ private:
     Session *session_;
 };
 
+// A host's sheets find the form's tables through these.
+void PublishForm(Session *session) {
+    FormState &form = session->form;
+    session->Desk.Header = &form.Header;
+    session->Desk.Items = form.Items;
+    session->Desk.TotalItems = &form.TotalItems;
+    session->Desk.Fields = form.Fields;
+    session->Desk.FieldCount = &form.FieldCount;
+    session->Desk.Fonts = form.Fonts;
+    session->Desk.FontCount = &form.FontCount;
+    session->Desk.Sections = form.Sections;
+    session->Desk.Breaks = form.Breaks;
+    session->Desk.BreakCount = &form.BreakCount;
+    session->Desk.UserFields = form.UserFields;
+    session->Desk.UserFieldCount = &form.UserFieldCount;
+    session->Desk.SelectedItem = &form.SelectedItem;
+    session->Desk.DialogRow = &session->dialog.DialogRow;
+    session->Desk.EditField = &session->dialog.EditField;
+    session->Desk.TextBuffer = session->TextBuffer;
+}
+
 void MakeWindowAndDevices(Session *session, uint32_t style, const RECT &place) {
     const InMaking making(session);
     if (session->OutputToScreen)
@@ -109,6 +130,7 @@ int CreateFormWindow(Session *session, uint32_t style, int x, int y, int width, 
     session->LabelMode = LabelModeWanted();
     InitVariables(session);
     AllocArrayMem(session);
+    if (session->SessionKind == KIND_DESIGNER) PublishForm(session);
     if (!GetDefaultPrinter(session, session->printer.DeviceName, session->printer.DriverName,
                            session->printer.PortName))
         return CODE_PRINTER;
@@ -117,29 +139,32 @@ int CreateFormWindow(Session *session, uint32_t style, int x, int y, int width, 
     if (!session->ViewingFile && !OpenForm(session, session->CurrentFile))
         return CodeOfUnreadForm(session);
     SetModified(session, 0);
-    if (session->SessionKind == KIND_DESIGNER) session->State = STATE_FORM_OPEN;
+    if (session->SessionKind != KIND_DESIGNER) return CODE_DONE;
+    if (session->view.WindowGone) return CODE_DISPLAY; // a routine of the host destroyed it
+    session->State = STATE_FORM_OPEN;
     return CODE_DONE;
 }
 
 namespace {
 
-// False when the close is over: the user cancelled, or the save failed.
-bool SettleModifiedForm(Session *session) {
+// A save that met an error has told of it, and has left the form as modified as it was.
+bool IsSaved(Session *session) {
+    return FrSave(session, session->CurrentFile) && !session->form.FormModified;
+}
+
+int AskToSave(Session *session) {
     const char *name =
         *session->form.Header.ReportName ? session->form.Header.ReportName : "<Untitled>";
     std::snprintf(session->TextBuffer, sizeof session->TextBuffer,
                   "Do you wish to save the modifications to \"%s\"?", name);
-    const int answer =
-        ShowSessionBox(session, session->TextBuffer, "File Modified", MB_YESNOCANCEL);
-    if (answer == IDNO) return true;
-    if (answer == IDYES && FrSave(session, session->CurrentFile)) return true;
-    SendMessageA(session->ParentWindow, MESSAGE_NO_RESULT, 0, 0);
-    return false;
+    return ShowSessionBox(session, session->TextBuffer, "File Modified", MB_YESNOCANCEL);
 }
 
 // A window that another has destroyed is told by the handle that it had.
 HWND WindowOfEnd(const Session *session) {
-    return session->view.WindowGone ? session->ViewBlock.ReportWindow : session->Window;
+    if (!session->view.WindowGone) return session->Window;
+    return session->SessionKind == KIND_DESIGNER ? session->FormBlock.FormWindow
+                                                 : session->ViewBlock.ReportWindow;
 }
 
 void TellHostOfEnd(Session *session) {
@@ -152,10 +177,22 @@ void TellHostOfEnd(Session *session) {
 
 } // namespace
 
+bool SettleClose(Session *session) {
+    if (session->SessionKind != KIND_DESIGNER || !session->form.FormModified) return true;
+    const int answer = AskToSave(session);
+    if (session->State == STATE_ENDING) return true; // its window went under the question
+    if (answer == IDNO || (answer == IDYES && IsSaved(session))) return true;
+    SendMessageA(session->ParentWindow, MESSAGE_NO_RESULT, 0, 0);
+    return false;
+}
+
 void CloseSession(Session *session) {
+    if (SettleClose(session)) ReleaseSession(session);
+}
+
+void ReleaseSession(Session *session) {
     FormState &form = session->form;
     const bool designer = session->SessionKind == KIND_DESIGNER;
-    if (designer && form.FormModified && !SettleModifiedForm(session)) return;
     session->State = STATE_ENDING;
     ReleaseLock(session);
     session->IgnoreMessages = 1;

@@ -27,7 +27,6 @@ struct PrinterState {
 
 struct DeviceState {
     HMENU Menu;
-    HACCEL AccelTable; // always null: commands 600 to 605 have no keys of their own here
     HBRUSH BackBrush;
     HBRUSH ForeBrush;
     HBRUSH GreyBrush;

@@ -23,7 +23,6 @@ namespace tessarine {
 struct Designer;
 
 enum { KIND_DESIGNER = 'F', KIND_REPORT = 'R' };
-constexpr int TEXT_BUFFER_SIZE = 1024;
 
 // How far a session is. What a host may ask of it depends on this alone.
 enum SessionState {
@@ -42,6 +41,7 @@ struct Session {
     RepParams RunBlock;   // in a run
     RepViewParams ViewBlock;
     PreviewWords Preview; // what a host reads of a preview
+    FormDesk Desk;        // what a host reads and fills of a designer
 
     char CurrentFile[260]; // the form's file name as the user knows it
     HWND ParentWindow;
@@ -81,11 +81,12 @@ struct Session {
     tessarine::Designer *designer;   // only its own room sees inside; null until it is used
     void (*DropDesigner)(Session *); // set with it
 
-    char TextBuffer[tessarine::TEXT_BUFFER_SIZE]; // composed messages and dialog texts
+    char TextBuffer[TEXT_BUFFER_SIZE]; // composed messages and dialog texts
 };
 
 static_assert(std::is_trivially_copyable_v<Session>);
 static_assert(offsetof(Session, FormBlock) == 0 &&
               offsetof(Session, RunBlock) == offsetof(SessionHead, Run) &&
               offsetof(Session, ViewBlock) == offsetof(SessionHead, View) &&
-              offsetof(Session, Preview) == offsetof(SessionHead, Preview));
+              offsetof(Session, Preview) == offsetof(SessionHead, Preview) &&
+              offsetof(Session, Desk) == offsetof(SessionHead, Desk));

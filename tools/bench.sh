@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Times runs of 10,000 and 100,000 records to a report file against a floor that issues the same
-# drawing calls with no layout, and the pages of a preview against the platform's own play of them,
-# all in one go.
+# drawing calls with no layout, the pages of a preview against the platform's own play of them, and
+# a designer's repaint and drag against their bare drawing, all in one go.
 set -euo pipefail
 cd "$(dirname "$(realpath "$0")")/.."
 tools/build.sh release >&2
@@ -23,3 +23,10 @@ read -r pages turn play growth <<<"$(run $bin/bench_preview.exe "$work/list.fp" 
 awk -v n="$pages" -v t="$turn" -v p="$play" -v g="$growth" 'BEGIN {
     printf "preview:         %d pages to the last and back, %.2f ms a turn, memory grew by %d KB\n", n, t, g
     printf "ratio of a page turn to the platform'"'"'s own play of the page: %.2f\n", t / p }'
+awk -f bench/canvas.awk >"$work/canvas.json"
+run $bin/tess.exe form build "$work/canvas.json" "$work/canvas.fp" >/dev/null
+read -r items repaint bare drag outlines cursor <<<"$(run $bin/bench_canvas.exe "$work/canvas.fp")"
+awk -v n="$items" -v r="$repaint" -v b="$bare" -v d="$drag" -v o="$outlines" -v c="$cursor" 'BEGIN {
+    printf "designer:        %d items, %.2f ms a repaint, %.1f us a step of a drag\n", n, r, d
+    printf "ratio of a repaint to the bare drawing of its items: %.2f\n", r / b
+    printf "ratio of a step to its two outlines: %.2f; to outlines and cursor: %.2f\n", d / o, d / (o + c) }'

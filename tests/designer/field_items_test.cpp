@@ -10,17 +10,11 @@
 #include "form/field_sample.h"
 #include "form/field_table.h"
 #include "frame/host_data.h"
-#include "tests/support/message_boxes.h"
-#include "tests/support/test_session.h"
+#include "tests/support/three_sections.h"
 
 using namespace tessarine;
 
 namespace {
-
-constexpr int CHARACTER = 12; // form units, in font row 0 of a bare session
-constexpr int CAPTION = 40;
-constexpr int BAR_X = 62;
-constexpr int BAR_WIDTH = 1000;
 
 std::string offered;
 
@@ -34,52 +28,17 @@ int32_t __stdcall CheckField(HWND, FieldRecord *record, int32_t, void *) {
     return offered != "NONE";
 }
 
-// A form with a page header at 0, a detail section at 400 and a page footer at 800.
-class FieldItems : public testing::Test {
+class FieldItems : public ThreeSections {
 protected:
-    FieldItems() {
-        session->FormBlock.CheckFieldProc = CheckField;
-        session->form.Header.BarHeight = CAPTION;
-        AddBar(SECTION_PAGE_HEADER, 0);
-        AddItem(ITEM_GROUP, SECTION_PAGE_HEADER, 100, 300);
-        AddBar(SECTION_DETAIL_1, 400);
-        AddBar(SECTION_PAGE_FOOTER, 800);
-        session->form.ReportHeight = 1200;
-    }
-    ItemRecord &AddItem(int type, int section, int x, int y) {
-        ItemRecord &item = session->form.Items[session->form.TotalItems++];
-        item = DefaultItem(session);
-        item.ItemType = static_cast<uint16_t>(type);
-        item.SectionIndex = static_cast<int16_t>(section);
-        item.x = static_cast<int16_t>(x);
-        item.y = static_cast<int16_t>(y);
-        return item;
-    }
-    void AddBar(int section, int y) {
-        session->form.Sections[section].InUse = 1;
-        session->form.Sections[section].BarItem = static_cast<int16_t>(session->form.TotalItems);
-        ItemRecord &bar = AddItem(ITEM_BAR, section, BAR_X, y);
-        bar.width = BAR_WIDTH;
-        bar.height = 400;
-    }
-    ItemRecord &Item(int row) { return session->form.Items[row]; }
+    FieldItems() { session->FormBlock.CheckFieldProc = CheckField; }
+
     FieldRecord &FieldOf(int row) { return session->form.Fields[Item(row).FieldIndex]; }
-    ItemRecord &Bar(int section) { return Item(session->form.Sections[section].BarItem); }
-    int FieldsInUse() {
-        int count = 0;
-        for (int row = 0; row < session->form.FieldCount; ++row)
-            count += session->form.Fields[row].InUse != 0;
-        return count;
-    }
     int Data(const char *name, int section, int x, int y, int wrap = 0) {
         return AddNewDataField(session, name, section, x, y, wrap);
     }
     int Calc(const char *text, int section, const char *description = "SUM") {
         return AddNewCalcField(session, text, section, description, 100, 850);
     }
-
-    BareSession session;
-    MessageBoxes boxes;
 };
 
 } // namespace
@@ -268,7 +227,7 @@ TEST_F(FieldItems, BrokenExpressionLeavesNothingBehind) {
 }
 
 TEST_F(FieldItems, FullItemTableIsTold) {
-    while (session->form.TotalItems < MAX_ITEMS) AddItem(ITEM_LABEL, SECTION_PAGE_FOOTER, 0, 900);
+    FillTable(MAX_ITEMS);
     EXPECT_EQ(Data("A", SECTION_DETAIL_1, 100, 450), -1);
     EXPECT_EQ(Calc("A", SECTION_DETAIL_1), -1);
     EXPECT_EQ(AddNewSysField(session, 0, SECTION_DETAIL_1, 100, 450), -1);
@@ -278,8 +237,7 @@ TEST_F(FieldItems, FullItemTableIsTold) {
 }
 
 TEST_F(FieldItems, LastRowOfTheItemTableIsStillGiven) {
-    while (session->form.TotalItems < MAX_ITEMS - 1)
-        AddItem(ITEM_LABEL, SECTION_PAGE_FOOTER, 0, 900);
+    FillTable(MAX_ITEMS - 1);
     EXPECT_EQ(Data("A", SECTION_DETAIL_1, 100, 450), 3);
 }
 

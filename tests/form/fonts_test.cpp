@@ -5,62 +5,14 @@
 #include <set>
 #include <vector>
 
-#include "form/font_table.h"
 #include "tests/support/failing_call.h"
-#include "tests/support/form_session.h"
+#include "tests/support/font_rows.h"
 
 using namespace tessarine;
 
 namespace {
 
-// A designer on a form whose items are labels; row 0 is the default font.
-class FontTable : public FormSession {
-protected:
-    void SetUp() override { ASSERT_EQ(StartOn(form), 0) << boxes.LastText(); }
-
-    FontEntry &Row(int row) { return session->form.Fonts[row]; }
-    LOGFONTA FontOfHeight(int height) {
-        LOGFONTA font{};
-        font.lfHeight = -height;
-        std::strcpy(font.lfFaceName, "Arial");
-        return font;
-    }
-    int AddItem(int type, int font) {
-        const int row = session->form.TotalItems++;
-        ItemRecord *item = &session->form.Items[row];
-        *item = ItemRecord{};
-        item->ItemType = static_cast<uint16_t>(type);
-        item->FontIndex = static_cast<int16_t>(font);
-        std::strcpy(item->LabelText, "Text");
-        return row;
-    }
-    // Fills the table with fonts of different heights, each shown by a label.
-    void FillTable() {
-        while (session->form.FontCount < MAX_FONTS) {
-            const int row = FindFontRow(session);
-            Row(row).LogFont = FontOfHeight(100 + row);
-            Row(row).InUse = 1;
-        }
-        for (int row = 1; row < MAX_FONTS; ++row) {
-            Row(row).IsPicture = 0;
-            Row(row).LogFont = FontOfHeight(100 + row);
-            Row(row).InUse = 1;
-            AddItem(ITEM_LABEL, row);
-        }
-    }
-    // A label with the focus.
-    ItemRecord *Focus(int type = ITEM_LABEL, int font = 0) {
-        session->form.SelectedItem = AddItem(type, font);
-        return &session->form.Items[session->form.SelectedItem];
-    }
-
-    static std::vector<BoxRecord> NoRowBoxes() {
-        return {{"", "Ran Out of Font/Picture Table", {IDOK}},
-                {"", "Ran out of Font Table", {IDOK}}};
-    }
-
-    FullForm form;
-};
+class FontTable : public FontRows {};
 
 std::set<int> technologies; // of the devices that were measured on
 
@@ -106,116 +58,6 @@ struct SizesForm : FormBuilder {
 
 } // namespace
 
-TEST_F(FontTable, ItemsWithAnEqualFontShareARow) {
-    const LOGFONTA font = FontOfHeight(60);
-    ItemRecord *first = Focus();
-    ASSERT_EQ(FrFonts(session, &font), 1);
-    ItemRecord *second = Focus();
-    ASSERT_EQ(FrFonts(session, &font), 1);
-    EXPECT_NE(+first->FontIndex, 0);
-    EXPECT_EQ(+first->FontIndex, +second->FontIndex);
-    EXPECT_EQ(session->form.FormModified, 1u);
-}
-
-TEST_F(FontTable, LabelTakesTheSizeOfItsNewFont) {
-    const LOGFONTA font = FontOfHeight(120);
-    ItemRecord *label = Focus();
-    FrFonts(session, &font);
-    EXPECT_EQ(+label->height, static_cast<int>(Row(label->FontIndex).Height));
-    EXPECT_GT(+label->width, 100);
-    label->KeepSize = 1;
-    label->width = 30;
-    const LOGFONTA other = FontOfHeight(90);
-    FrFonts(session, &other);
-    EXPECT_EQ(+label->width, 30);
-}
-
-TEST_F(FontTable, OnlyLabelsFieldsAndTheGroupTakeAFont) {
-    const LOGFONTA font = FontOfHeight(60);
-    session->form.SelectedItem = -1;
-    EXPECT_EQ(FrFonts(session, &font), 1);
-    for (const int type : {ITEM_LINE, ITEM_PICTURE, ITEM_BAR}) {
-        ItemRecord *item = Focus(type);
-        EXPECT_EQ(FrFonts(session, &font), 1);
-        EXPECT_EQ(+item->FontIndex, 0);
-    }
-    EXPECT_EQ(session->form.FormModified, 0u);
-}
-
-TEST_F(FontTable, ItemBehindTheTablesEndTakesNoFont) {
-    const LOGFONTA font = FontOfHeight(60);
-    const ItemRecord *item = Focus();
-    --session->form.TotalItems;
-    EXPECT_EQ(FrFonts(session, &font), 1);
-    EXPECT_EQ(+item->FontIndex, 0);
-}
-
-TEST_F(FontTable, PictureFieldTakesNoFont) {
-    const LOGFONTA font = FontOfHeight(60);
-    ItemRecord *item = Focus(ITEM_FIELD);
-    item->FieldIndex = 1;
-    session->form.Fields[1].ValueType = TYPE_PICTURE;
-    EXPECT_EQ(FrFonts(session, &font), 1);
-    EXPECT_EQ(+item->FontIndex, 0);
-    EXPECT_EQ(session->form.FormModified, 0u);
-}
-
-TEST_F(FontTable, FieldGetsItsSampleAnew) {
-    const LOGFONTA font = FontOfHeight(60);
-    ItemRecord *item = Focus(ITEM_FIELD);
-    item->FieldIndex = 2;
-    item->width = 2000;
-    ASSERT_EQ(FrFonts(session, &font), 1);
-    EXPECT_NE(+item->FontIndex, 0);
-    EXPECT_STREQ(item->LabelText, "-99,999,999");
-}
-
-TEST_F(FontTable, MarkedItemsOfTheGroupTakeTheFontAndLoseTheirMarks) {
-    const LOGFONTA font = FontOfHeight(60);
-    const int marked = AddItem(ITEM_LABEL, 0);
-    const int other = AddItem(ITEM_LABEL, 0);
-    session->form.Items[marked].GroupMark = 1;
-    ItemRecord *group = Focus(ITEM_GROUP);
-    group->TextColor = 0x1234;
-    EXPECT_EQ(FrFonts(session, &font), 1);
-    EXPECT_NE(+session->form.Items[marked].FontIndex, 0);
-    EXPECT_EQ(+session->form.Items[marked].TextColor, 0x1234u);
-    EXPECT_EQ(+session->form.Items[marked].GroupMark, 0);
-    EXPECT_EQ(+session->form.Items[other].FontIndex, 0);
-}
-
-TEST_F(FontTable, GroupTakesTheFontItselfSoThatItIsOfferedNextTime) {
-    const LOGFONTA font = FontOfHeight(60);
-    ItemRecord *group = Focus(ITEM_GROUP);
-    ASSERT_EQ(FrFonts(session, &font), 1);
-    ASSERT_NE(+group->FontIndex, 0);
-    EXPECT_EQ(Row(group->FontIndex).LogFont.lfHeight, -60);
-    EXPECT_EQ(+group->width, 0);
-    boxes.AnswerDialog("Font", IDOK);
-    ASSERT_EQ(FrFonts(session, nullptr), 1);
-    EXPECT_NEAR(Row(group->FontIndex).LogFont.lfHeight, -60, 4);
-}
-
-TEST_F(FontTable, CancelledDialogChangesNothing) {
-    ItemRecord *label = Focus();
-    bool asked = false;
-    boxes.OnDialog("Font", [&](DialogDriver dialog) {
-        asked = true;
-        dialog.Press(IDCANCEL);
-    });
-    EXPECT_EQ(FrFonts(session, nullptr), 0);
-    EXPECT_TRUE(asked);
-    EXPECT_EQ(+label->FontIndex, 0);
-}
-
-TEST_F(FontTable, ChosenFontHasItsPointSizeInFormUnits) {
-    ItemRecord *label = Focus();
-    boxes.AnswerDialog("Font", IDOK);
-    EXPECT_EQ(FrFonts(session, nullptr), 1);
-    // The default font's 11 points, as the dialog gives them in tenths.
-    EXPECT_NEAR(Row(label->FontIndex).LogFont.lfHeight, -(110 * 250 / 720), 4);
-}
-
 TEST_F(FontTable, FullTableWithoutDuplicatesIsTold) {
     FillTable();
     EXPECT_EQ(FindFontRow(session), -1);
@@ -255,24 +97,6 @@ TEST_F(FontTable, SqueezeGivesUpEveryPicture) {
     session->form.Items[label].ItemType = ITEM_PICTURE;
     EXPECT_EQ(FindFontRow(session), 7);
     EXPECT_EQ(Row(7).IsPicture, 0u);
-}
-
-TEST_F(FontTable, FontThatFindsNoRowIsRefused) {
-    FillTable();
-    ItemRecord *label = Focus();
-    const LOGFONTA font = FontOfHeight(77);
-    EXPECT_EQ(FrFonts(session, &font), 0);
-    EXPECT_EQ(boxes.Log(), NoRowBoxes());
-    EXPECT_EQ(+label->FontIndex, 0);
-}
-
-TEST_F(FontTable, FontThatCannotBeMadeLeavesItsRowFree) {
-    Focus();
-    const LOGFONTA font = FontOfHeight(77);
-    const int count = session->form.FontCount;
-    const FailingCall fails("CreateFontIndirectA", CreateFontIndirectA, nullptr, 1, EVERY_CALL);
-    EXPECT_EQ(FrFonts(session, &font), 0);
-    EXPECT_EQ(Row(count).InUse, 0u);
 }
 
 TEST_F(FontTable, BoldFontIsMadeFromRow0EachTime) {

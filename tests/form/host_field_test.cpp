@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "frame/host_data.h"
 #include "tests/support/test_session.h"
 
 namespace {
@@ -25,6 +26,31 @@ int32_t __stdcall FillTexts(HWND, FieldRecord *record, int32_t, void *) {
     Fill(record->PositiveSuffix);
     Fill(record->ZeroText);
     Fill(record->Caption);
+    return 1;
+}
+
+struct Asked {
+    HWND window;
+    int32_t level;
+    void *context;
+} asked;
+
+int32_t __stdcall TakeTheOrder(HWND window, FieldRecord *record, int32_t level, void *context) {
+    asked = {window, level, context};
+    std::strcpy(record->FieldName, "ORDERS->NO");
+    record->FieldKind = FIELD_CONSTANT;
+    record->InUse = 9;
+    return 1;
+}
+
+int32_t __stdcall FillAndRefuse(HWND, FieldRecord *record, int32_t, void *) {
+    Fill(record->FieldName);
+    record->ValueType = TYPE_DATE;
+    return 0;
+}
+
+int32_t __stdcall PickNegativeWidth(HWND, FieldRecord *record, int32_t, void *) {
+    record->FieldWidth = -1;
     return 1;
 }
 
@@ -53,4 +79,49 @@ TEST(HostField, TextsThatTheHostFillsEndInTheirRoom) {
     EXPECT_TRUE(EndsAtItsLast(record.PositiveSuffix));
     EXPECT_TRUE(EndsAtItsLast(record.ZeroText));
     EXPECT_TRUE(EndsAtItsLast(record.Caption));
+}
+
+TEST(HostField, PickTellsTheHostOwnerLevelAndItsContext) {
+    BareSession session;
+    session->FormBlock.PickFieldProc = TakeTheOrder;
+    int context = 0;
+    tessarine::host_data.HostContext = &context;
+    FieldRecord record{};
+    EXPECT_TRUE(tessarine::PickHostField(session, GetDesktopWindow(), &record, 3));
+    tessarine::host_data = HostData{};
+    EXPECT_EQ(asked.window, GetDesktopWindow());
+    EXPECT_EQ(asked.level, 3);
+    EXPECT_EQ(asked.context, &context);
+    EXPECT_STREQ(record.FieldName, "ORDERS->NO");
+    EXPECT_EQ(record.FieldKind, FIELD_DATA);
+    EXPECT_EQ(record.InUse, 0);
+}
+
+TEST(HostField, PickThatIsRefusedLeavesTheRecordAsItWas) {
+    BareSession session;
+    FieldRecord record{};
+    std::strcpy(record.FieldName, "NAME");
+    record.FieldWidth = 7;
+    const FieldRecord before = record;
+    for (const PickFieldRoutine routine : {FillAndRefuse, PickNegativeWidth}) {
+        session->FormBlock.PickFieldProc = routine;
+        EXPECT_FALSE(tessarine::PickHostField(session, nullptr, &record, 0));
+        EXPECT_EQ(std::memcmp(&record, &before, sizeof record), 0);
+    }
+}
+
+TEST(HostField, WithoutTheHostsRoutineNothingIsPickedOrKnown) {
+    BareSession session;
+    FieldRecord record{};
+    EXPECT_FALSE(tessarine::PickHostField(session, nullptr, &record, 0));
+    EXPECT_FALSE(tessarine::CheckHostField(session, nullptr, &record, 0));
+}
+
+TEST(HostField, CheckTellsTheHostOwnerAndLevel) {
+    BareSession session;
+    session->FormBlock.CheckFieldProc = TakeTheOrder;
+    FieldRecord record{};
+    EXPECT_TRUE(tessarine::CheckHostField(session, GetDesktopWindow(), &record, 9));
+    EXPECT_EQ(asked.window, GetDesktopWindow());
+    EXPECT_EQ(asked.level, 9);
 }

@@ -164,12 +164,12 @@ TEST_F(HostedPreview, EveryWindowOfTheThreadHasItsTurnAfterEachRecord) {
 TEST_F(Preview, KeysOfATableThatAHostGivesAreItsCommands) {
     Finish(0);
     ACCEL key{FVIRTKEY, VK_NEXT, COMMAND_PAGE_DOWN};
-    session->device.AccelTable = CreateAcceleratorTableA(&key, 1);
+    session->Desk.AccelTable = CreateAcceleratorTableA(&key, 1);
     Post(WM_KEYDOWN, VK_NEXT);
     tessarine::PumpMessages(session);
     EXPECT_EQ(session->view.OriginY, session->view.ViewHeight);
-    DestroyAcceleratorTable(session->device.AccelTable);
-    session->device.AccelTable = nullptr;
+    DestroyAcceleratorTable(session->Desk.AccelTable);
+    session->Desk.AccelTable = nullptr;
 }
 
 TEST_F(Preview, QuitIsLeftToTheHostsOwnLoop) {

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "designer/field_items.h"
+#include "designer/item_font.h"
 #include "expr/symbols.h"
 #include "form/defaults.h"
 #include "form/font_table.h"

@@ -184,6 +184,12 @@ std::string PictureLine(const MetafileRecord &record) {
                  static_cast<unsigned>(record.DoubleAt(0)));
 }
 
+std::string CopyLine(const MetafileRecord &record) {
+    return Print("copy %d,%d %d,%d from %d,%d %d,%d %06X", record.At(9), record.At(8), record.At(7),
+                 record.At(6), record.At(5), record.At(4), record.At(3), record.At(2),
+                 static_cast<unsigned>(record.DoubleAt(0)));
+}
+
 std::string ColorLine(const MetafileRecord &record) {
     return Print("color %06X", static_cast<unsigned>(record.DoubleAt(0)));
 }
@@ -194,9 +200,15 @@ constexpr MakerRow drawers[] = {
     {META_MOVETO, [](const MetafileRecord &record) { return "move " + Place(record, 0); }},
     {META_LINETO, [](const MetafileRecord &record) { return "line " + Place(record, 0); }},
     {META_ROUNDRECT, RoundRectLine},
+    {META_RECTANGLE,
+     [](const MetafileRecord &record) {
+         return "rectangle " + Place(record, 2) + " " + Place(record, 0);
+     }},
     {META_PATBLT, FillLine},
     {META_STRETCHDIB, PictureLine},
+    {META_DIBSTRETCHBLT, CopyLine},
     {META_SETTEXTCOLOR, ColorLine},
+    {META_SETBKCOLOR, [](const MetafileRecord &record) { return "on " + ColorLine(record); }},
     {META_SETBKMODE, [](const MetafileRecord &record) { return Print("mode %d", record.At(0)); }},
     {META_SETMAPMODE, [](const MetafileRecord &record) { return Print("map %d", record.At(0)); }},
     {META_SETWINDOWEXT, [](const MetafileRecord &record) { return "window " + Place(record, 0); }},

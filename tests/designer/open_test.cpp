@@ -1,0 +1,36 @@
+#include "designer/open.h"
+
+#include "frame/session_table.h"
+#include "tests/support/designer_session.h"
+
+using namespace tessarine;
+
+namespace {
+
+class OpenDesigner : public DesignerSession {};
+
+} // namespace
+
+TEST_F(OpenDesigner, NewFormStandsInAWindowOfItsOwn) {
+    ASSERT_EQ(StartNew(), CODE_DONE);
+    EXPECT_TRUE(IsWindowVisible(Window()));
+    EXPECT_EQ(params.DesignerOpen, 1U);
+    EXPECT_EQ(session->form.TotalItems, 3);
+    EXPECT_EQ(session->State, STATE_FORM_OPEN);
+}
+
+TEST_F(OpenDesigner, FormOfAFileOpensWithItsFirstBarSelected) {
+    ASSERT_EQ(StartOn(TwoSections()), CODE_DONE);
+    EXPECT_EQ(session->form.TotalItems, 6);
+    EXPECT_EQ(session->form.SelectedItem, 0);
+    EXPECT_EQ(Item("Gamma").SectionIndex, SECTION_DETAIL_1);
+}
+
+TEST_F(OpenDesigner, TablesAreFoundBehindTheBlocksOfItsHead) {
+    ASSERT_EQ(StartOn(TwoSections()), CODE_DONE);
+    const auto *head = reinterpret_cast<const SessionHead *>(session);
+    EXPECT_EQ(head->Desk.Items, session->form.Items);
+    EXPECT_EQ(*head->Desk.TotalItems, 6);
+    EXPECT_EQ(head->Desk.TextBuffer, session->TextBuffer);
+    EXPECT_EQ(head->Desk.AccelTable, nullptr);
+}
