@@ -14,8 +14,7 @@ namespace tessarine {
 
 namespace {
 
-// What is being placed stays in view by itself: a bar is as wide as the form, and the edge that a
-// size drag holds is under the pointer.
+// A bar is seldom in view as a whole, and the edge that a size drag holds is under the pointer.
 bool StaysPut(Session *session) {
     const ItemRecord *item = Selected(session);
     return (item && item->ItemType == ITEM_BAR) ||

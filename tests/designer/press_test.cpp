@@ -182,6 +182,36 @@ TEST_F(Press, EachCommandThatShowsANewItemIsAPlacement) {
         EXPECT_FALSE(IsPlacement(command)) << command;
 }
 
+TEST_F(Press, AnyButtonDropsWhatIsBeingPlaced) {
+    std::strcpy(session->TextBuffer, "New");
+    State().NewField = 1;
+    const struct {
+        int command;
+        WPARAM button;
+        int type;
+    } cases[] = {{COMMAND_NEW_LABEL, MK_LBUTTON, ITEM_LABEL},
+                 {COMMAND_PICTURE_PASTED, MK_MBUTTON, ITEM_PICTURE},
+                 {COMMAND_PICTURE_FILE, MK_RBUTTON, ITEM_PICTURE},
+                 {COMMAND_BARCODE_FIELD, MK_LBUTTON, ITEM_FIELD},
+                 {COMMAND_APPLICATION_FIELD, MK_MBUTTON, ITEM_FIELD},
+                 {COMMAND_DATA_FIELD, MK_RBUTTON, ITEM_FIELD},
+                 {COMMAND_CALC_FIELD, MK_LBUTTON, ITEM_FIELD},
+                 {COMMAND_SYSTEM_FIELD, MK_MBUTTON, ITEM_FIELD},
+                 {COMMAND_USER_FIELD, MK_RBUTTON, ITEM_FIELD},
+                 {COMMAND_NEW_LINE, MK_LBUTTON, ITEM_LINE}};
+    for (const auto &c : cases) {
+        Deselect(session);
+        const int before = session->form.TotalItems;
+        State().PendingCommand = c.command;
+        State().FocusRect = {900, 300, 1000, 350};
+        Down(950, 325, c.button);
+        ASSERT_EQ(session->form.TotalItems, before + 1) << c.command;
+        EXPECT_EQ(session->form.Items[Selected()].ItemType, c.type) << c.command;
+        EXPECT_EQ(session->form.Items[Selected()].x, 900) << c.command;
+        EXPECT_TRUE(Hovers()) << c.command;
+    }
+}
+
 TEST_F(Press, SessionThatItsHostEndsIsLeftAlone) {
     Deselect(session);
     ended = session;
