@@ -3,6 +3,7 @@
 #include "commands.h"
 #include "form/defaults.h"
 #include "form/modified.h"
+#include "frame/dialog_controls.h"
 #include "frame/dialogs.h"
 
 namespace tessarine {
@@ -10,22 +11,18 @@ namespace tessarine {
 namespace {
 
 constexpr int DEVICE_HELP = 3015;
-constexpr int CANCELLED = 0; // as a dialog that could not be shown gives
-
-void AddChoice(HWND dialog, const char *text) {
-    SendDlgItemMessageA(dialog, LIST_CHOICE, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
-}
+constexpr int CANCELLED = -1;
 
 bool Open(HWND dialog, Session *session, LPARAM) {
-    AddChoice(dialog, "Screen");
-    AddChoice(dialog, "Printer");
-    if (!session->ViewingFile) AddChoice(dialog, "Disk File");
-    SendDlgItemMessageA(dialog, LIST_CHOICE, LB_SETCURSEL, 0, 0);
+    AddListRow(dialog, "Screen");
+    AddListRow(dialog, "Printer");
+    if (!session->ViewingFile) AddListRow(dialog, "Disk File");
+    SelectListRow(dialog, 0);
     return true;
 }
 
 void Choose(HWND dialog, Session *session) {
-    EndDialog(dialog, 1 + SendDlgItemMessageA(dialog, LIST_CHOICE, LB_GETCURSEL, 0, 0));
+    EndDialog(dialog, SelectedListRow(dialog));
     SetModified(session, 1);
 }
 
@@ -37,8 +34,9 @@ constexpr Dialog device_dialog{DEVICE_HELP, Open, controls, CANCELLED};
 // The session's variables have their start state only when its printer is bound.
 int AskDevice(Session *session) {
     SetHelpFile(session);
-    const HWND owner = session->Window ? nullptr : session->ParentWindow;
-    return static_cast<int>(RunDialog(session, "DeviceParam", DeviceParam, 0, owner)) - 1;
+    const HWND owner = session->Window ? session->Window : session->ParentWindow;
+    if (owner && !IsWindow(owner)) return CANCELLED; // else the dialog's failure reads as a choice
+    return static_cast<int>(RunDialog(session, "DeviceParam", DeviceParam, 0, owner));
 }
 
 INT_PTR CALLBACK DeviceParam(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {

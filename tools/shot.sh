@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$(realpath "$0")")/.."
 names=("$@")
-[ $# -gt 0 ] || names=(preview preview-fitted preview-running viewer)
+[ $# -gt 0 ] || names=(preview preview-fitted preview-running viewer dialogs)
 tools/build.sh release >&2
 bin=build/win32/bin
 mkdir -p out/shots

@@ -13,6 +13,7 @@
 #include "host/run/report_run.h"
 #include "host/view/resource_ids.h"
 #include "host/view/viewer.h"
+#include "tools/shot/contact_sheet.h"
 
 namespace {
 
@@ -95,6 +96,7 @@ constexpr struct {
     {"preview-fitted", [](const Request &request) { TakePreview(request, true, COMMAND_FIT); }},
     {"preview-running", [](const Request &request) { TakePreview(request, false, 0); }},
     {"viewer", TakeViewer},
+    {"dialogs", [](const Request &request) { TakeDialogs(request.picture); }},
 };
 
 int main(int count, char **arguments) {
