@@ -8,6 +8,7 @@
 #include <windows.h>
 
 #include "host/base/failure.h"
+#include "host/tess/design_command.h"
 #include "host/tess/form_commands.h"
 #include "host/tess/info_command.h"
 #include "host/tess/pages_command.h"
@@ -21,7 +22,7 @@ namespace {
 
 void Describe(CLI::App *command, RunOptions *options) {
     command->add_option("--form", options->form, "the form (.FP)")->required();
-    command->add_option("--data", options->data, "the table (.csv); its header names the fields")
+    command->add_option("--data", options->data, "the table (.csv, or .json: a list of records)")
         ->required();
     command
         ->add_option("--to", options->to,
@@ -36,6 +37,13 @@ void Describe(CLI::App *command, RunOptions *options) {
     command->add_option("--set", options->answers, "answer a user field, as NAME=VALUE")
         ->allow_extra_args(false);
     command->add_flag("--silent", options->silent, "say nothing when all goes well");
+}
+
+void Describe(CLI::App *command, DesignOptions *options) {
+    command->add_option("form", options->form, "the form (.FP); a new one when it isn't there")
+        ->required();
+    command->add_option("--data", options->data,
+                        "the table (.csv, .json) whose columns are the fields");
 }
 
 void Describe(CLI::App *command, PagesOptions *options) {
@@ -90,7 +98,8 @@ struct CommandRow {
 };
 
 constexpr CommandRow commands[] = {
-    {"run", "Run a report from a form and a CSV table", Prepare<RunOptions, RunCommand>},
+    {"run", "Run a report from a form and a table", Prepare<RunOptions, RunCommand>},
+    {"design", "Lay a form (.FP) out in the designer", Prepare<DesignOptions, DesignCommand>},
     {"view", "Show a report (.FRC) in a window", Prepare<std::string, ViewCommand>},
     {"pages", "Draw or list the pages of a report", Prepare<PagesOptions, PagesCommand>},
     {"print", "Print pages of a report", Prepare<PrintOptions, PrintCommand>},

@@ -7,6 +7,7 @@
 #include "host/base/files.h"
 #include "host/base/interrupt.h"
 #include "host/base/progress.h"
+#include "host/data/json_source.h"
 #include "host/data/values.h"
 #include "host/forms/form_image.h"
 #include "host/run/form_remarks.h"
@@ -127,7 +128,7 @@ int RunCommand(const RunOptions &options) {
     const RunRequest request = Request(options);
     for (const std::string &input : {options.form, options.data}) KeepInput(options.output, input);
     const FormHeader form = ReadFormHeader(options.form);
-    const CsvTable table = ReadCsv(options.data);
+    const CsvTable table = ReadTable(options.data);
     const bool preview = request.target == Target::SCREEN;
     Unattended unattended(Answers(options), preview ? Person::PRESENT : Person::ABSENT);
     const LabelWords words(form.LabelType != 0);
