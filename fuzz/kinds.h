@@ -20,3 +20,4 @@ extern const Kind expressions;  // a text: symbols, check, values, text again
 extern const Kind json_forms;   // a form as JSON: a form file, a run of it, JSON again
 extern const Kind csv_tables;   // a table: its records into a run
 extern const Kind bitmaps; // a BMP file: in a form by JSON, and as it is in a form's font table
+extern const Kind designer_walks; // steps of a user in the designer, on forms of several kinds

@@ -22,6 +22,7 @@
 #include "tests/support/failing_call.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/test_session.h"
+#include "tests/support/walk_answers.h"
 
 namespace {
 
@@ -29,7 +30,7 @@ constexpr size_t MOST_INPUTS = 2000; // that are kept to come from
 constexpr size_t MOST_BYTES = 200000;
 
 const Kind *const kinds[] = {&form_files, &report_files, &report_pages, &expressions,
-                             &json_forms, &csv_tables,   &bitmaps};
+                             &json_forms, &csv_tables,   &bitmaps,      &designer_walks};
 
 struct Options {
     std::string root;
@@ -47,8 +48,13 @@ double Now() { return static_cast<double>(GetTickCount64()) / 1000; }
 
 // ---- the surroundings --------------------------------------------------------------------------
 
-// Boxes without a window, since most inputs end in one.
-int WINAPI AnswerBox(HWND, LPCSTR, LPCSTR, UINT) { return IDOK; }
+// Boxes without a window, since most inputs end in one; questions are answered by turns.
+int WINAPI AnswerBox(HWND, LPCSTR, LPCSTR, UINT flags) {
+    static bool yes = false;
+    if ((flags & MB_TYPEMASK) != MB_YESNO) return IDOK;
+    yes = !yes;
+    return yes ? IDYES : IDNO;
+}
 
 void TakeModule(HMODULE module) {
     GuardHeapOf(module);
@@ -189,6 +195,7 @@ int main(int count, char **arguments) {
     TakeModule(GetModuleHandleA("tessarine.dll"));
     MessageBoxes boxes;
     boxes.OnDialog("User Field Prompt", AnswerPrompt);
+    boxes.OnAnyOther(WalkAnswer);
     if (options.break_out) static_cast<char volatile *>(GuardedBlock(8))[8] = 1;
     for (const std::string &path : options.replay) Replay(path);
     if (options.kind) Fuzz(options);

@@ -4,7 +4,7 @@
 # fuzz.sh --replay FILES...: runs inputs again.
 set -uo pipefail
 cd "$(dirname "$(realpath "$0")")/.."
-kinds=form,report,pages,expression,json,csv,bitmap
+kinds=form,report,pages,expression,json,csv,bitmap,walk
 minutes=10 seed=$(date +%s) left=${TESSARINE_FINDINGS:-tests/data} replay=()
 while [ $# -gt 0 ]; do
     case $1 in

@@ -70,6 +70,11 @@ void MessageBoxes::Serve(HWND dialog) {
         found->second(dialog);
         return;
     }
+    if (any_other_) {
+        if (const int button = any_other_(dialog))
+            PostMessageA(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0);
+        return;
+    }
     BoxRecord box{title, "", {}};
     if (const HWND text = GetDlgItem(dialog, 0xFFFF)) box.text = WindowText(text);
     for (int id : {IDOK, IDCANCEL, IDABORT, IDRETRY, IDIGNORE, IDYES, IDNO})

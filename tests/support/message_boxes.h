@@ -34,6 +34,9 @@ public:
     void AnswerDialog(const std::string &title, int control, const std::string &text, int button);
     void AnswerDialog(const std::string &title, int button) { AnswerDialog(title, 0, "", button); }
 
+    // Decides of every box and dialog that has no routine of its own: the button, 0 for none.
+    void OnAnyOther(std::function<int(HWND)> routine) { any_other_ = std::move(routine); }
+
     const std::vector<BoxRecord> &Log() const { return log_; }
     std::vector<std::string> Texts() const; // of all boxes, in order
     std::string LastText() const;           // "" when none came
@@ -49,5 +52,6 @@ private:
     std::vector<int> answers_;
     std::vector<BoxRecord> log_;
     std::map<std::string, std::function<void(HWND)>> dialogs_;
+    std::function<int(HWND)> any_other_;
     std::map<UINT_PTR, HWND> pending_; // timers that wait for a dialog's message loop
 };
