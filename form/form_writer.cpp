@@ -52,6 +52,22 @@ void BackupName(const char *path, char (&backup)[PATH_SIZE + 4]) {
     std::strcat(backup, ".BP");
 }
 
+enum class Before { NONE, RENAMED, COPIED, HELD };
+
+// The form as it was stays beside it while it is written. The session's own lock keeps it from
+// being renamed: then a copy does.
+Before KeepBefore(const char *path, const char *backup) {
+    if (!FileStands(path)) return Before::NONE;
+    DeleteFileA(backup);
+    if (MoveFileA(path, backup)) return Before::RENAMED;
+    return CopyFileA(path, backup, FALSE) ? Before::COPIED : Before::HELD;
+}
+
+bool HoldsLockOn(const Session *session, const char *path) {
+    return session->form.FormLock != INVALID_HANDLE_VALUE &&
+           !lstrcmpiA(session->form.LockedPath, path);
+}
+
 bool TakeLock(Session *session, const char *path) {
     session->form.FormLock = OpenToKeep(path);
     CopyText(path, session->form.LockedPath, sizeof session->form.LockedPath);
@@ -141,13 +157,16 @@ int FrSave(Session *session, char *path) {
     AddFormEnding(path);
     char backup[PATH_SIZE + 4];
     BackupName(path, backup);
-    if (FileStands(path)) {
-        DeleteFileA(backup);
-        MoveFileA(path, backup); // fails on a form that this session holds locked
+    const Before before = KeepBefore(path, backup);
+    if (before == Before::HELD && HoldsLockOn(session, path)) {
+        ShowSessionBox(session, "There is no room for a backup beside the form. Make room, or save "
+                                "the form elsewhere.");
+        return 0;
     }
     UpperText(path);
     const HCURSOR old_cursor = GetCursor();
     const Save outcome = WriteForm(session, path);
+    if (outcome == Save::Done && before == Before::COPIED) DeleteFileA(backup);
     ReleaseLock(session);
     if (outcome == Save::Recover) {
         MoveFileA(backup, path);
