@@ -10,14 +10,16 @@ FormBuilder SortedForm() {
     const int region_break = form.Field(FIELD_DATA, "REGION", TYPE_TEXT, 12);
     const int city = form.Field(FIELD_DATA, "CITY", TYPE_TEXT, 12);
     const int city_break = form.Field(FIELD_DATA, "CITY", TYPE_TEXT, 12);
+    const int shown_region = form.Field(FIELD_DATA, "REGION", TYPE_TEXT, 12);
+    const int shown_city = form.Field(FIELD_DATA, "CITY", TYPE_TEXT, 12);
     form.Section(SECTION_PAGE_HEADER, 200);
     form.Item(ITEM_GROUP, SECTION_PAGE_HEADER, 0, 0, 0, 0);
     form.Label(SECTION_PAGE_HEADER, 100, 30, 300, 50, "Sales");
     form.Label(SECTION_PAGE_HEADER, 600, 30, 200, 50, "Page");
     form.Section(SECTION_SORT_HEADER_1, 150);
-    form.FieldItem(SECTION_SORT_HEADER_1, 100, 20, 300, 50, region);
+    form.FieldItem(SECTION_SORT_HEADER_1, 100, 20, 300, 50, shown_region);
     form.Section(SECTION_SORT_HEADER_1 + 1, 150);
-    form.FieldItem(SECTION_SORT_HEADER_1 + 1, 150, 20, 300, 50, city);
+    form.FieldItem(SECTION_SORT_HEADER_1 + 1, 150, 20, 300, 50, shown_city);
     form.Section(SECTION_DETAIL_1, 250);
     form.FieldItem(SECTION_DETAIL_1, 200, 20, 200, 50, amount);
     form.Line(SECTION_DETAIL_1, 100, 100, 400, 20, 0);
