@@ -42,6 +42,8 @@ public:
 
 private:
     std::string Save(Session *session, const std::string &name) const;
+    // The form of these bytes, opened and saved; "" when it doesn't open.
+    std::string Reopened(const std::string &bytes) const;
 
     std::string folder_;
     FormParams params_{};
