@@ -41,9 +41,7 @@ template <int Command, void (*Scroll)(Session *)> void NudgeOrScroll(Session *se
         Scroll(session);
 }
 
-template <int Command> void PlaceNewField(Session *session) {
-    BeginField(session, Command);
-}
+template <int Command> void PlaceNewField(Session *session) { BeginField(session, Command); }
 template <int Command> void PlaceNewPicture(Session *session) { BeginPicture(session, Command); }
 
 void EditLabel(Session *session) {

@@ -125,9 +125,9 @@ typedef struct PreviewWords { /* of a run's preview, as its status strip shows t
 /* The form of a designer session, for a host's own sheets and panels: where each table stands and
  * where its count of rows stands. The addresses stay for the life of the session. A host may change
  * what the rows mean (texts, places, styles) and SelectedItem, but no count; it then calls
- * SelectItem, SizeItem or UpdateLabelText, or sends WM_PAINT's cause by InvalidateRect, and the form
- * counts as modified once a routine of the library or ItemPropertiesCallback says so. The three
- * slots at the end are the host's to fill; InitVariables empties them. */
+ * SelectItem, SizeItem or UpdateLabelText, or sends WM_PAINT's cause by InvalidateRect, and the
+ * form counts as modified once a routine of the library or ItemPropertiesCallback says so. The
+ * three slots at the end are the host's to fill; InitVariables empties them. */
 typedef struct FormDesk {
     FormHeader *Header;
     ItemRecord *Items; /* in the order of sections, each bar before its items, these by y and x */
@@ -155,7 +155,7 @@ typedef struct SessionHead { /* at the pointer of GetSessionPointer; a host chan
     RepParams Run;           /* in a run */
     RepViewParams View;      /* ReportWindow in a run with a preview too */
     PreviewWords Preview;
-    FormDesk Desk;           /* in a designer session */
+    FormDesk Desk; /* in a designer session */
 } SessionHead;
 
 #pragma pack(pop)

@@ -5,19 +5,19 @@
 /* ---- limits ------------------------------------------------------------------------------- */
 
 enum {
-    MAX_ITEMS = 320,      /* items in use; the table has one row more */
-    MAX_FIELDS = 500,     /* field slots; the table has one row more */
-    MAX_TEMP_FIELDS = 26, /* intermediate results; the table has one row more */
-    MAX_BREAKS = 9,       /* sort and break pairs */
-    MAX_SECTIONS = 31,    /* fixed rows */
-    MAX_USER_FIELDS = 12, /* fixed rows */
-    MAX_FONTS = 32,       /* rows for fonts and pictures */
-    MAX_CELLS = 102,      /* cells of an expression: 99 tokens, the terminator, room */
-    MAX_LABEL_TEXT = 300, /* characters of a label, without the terminator */
-    MAX_SESSIONS = 100,   /* run sessions in a process */
-    MAX_SCR_PAGES = 5000, /* pages of a report file */
+    MAX_ITEMS = 320,         /* items in use; the table has one row more */
+    MAX_FIELDS = 500,        /* field slots; the table has one row more */
+    MAX_TEMP_FIELDS = 26,    /* intermediate results; the table has one row more */
+    MAX_BREAKS = 9,          /* sort and break pairs */
+    MAX_SECTIONS = 31,       /* fixed rows */
+    MAX_USER_FIELDS = 12,    /* fixed rows */
+    MAX_FONTS = 32,          /* rows for fonts and pictures */
+    MAX_CELLS = 102,         /* cells of an expression: 99 tokens, the terminator, room */
+    MAX_LABEL_TEXT = 300,    /* characters of a label, without the terminator */
+    MAX_SESSIONS = 100,      /* run sessions in a process */
+    MAX_SCR_PAGES = 5000,    /* pages of a report file */
     TEXT_BUFFER_SIZE = 1024, /* bytes of a session's scratch text */
-    UNITS_PER_INCH = 250  /* form units */
+    UNITS_PER_INCH = 250     /* form units */
 };
 
 /* ---- numbers of kinds --------------------------------------------------------------------- */
