@@ -22,13 +22,17 @@ std::string ForControl(const std::string &text) {
     return lines;
 }
 
+HWND MakeControl(HWND designer) {
+    return CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_BORDER | ES_MULTILINE | ES_AUTOHSCROLL, 0,
+                           0, 0, 0, designer, reinterpret_cast<HMENU>(EDIT_ID),
+                           GetModuleHandleA(nullptr), nullptr);
+}
+
 } // namespace
 
 LabelEditor::LabelEditor(HWND designer)
-    : designer_(designer), session_(GetSessionPointer(designer, 0)), desk_(DeskOf(session_)) {
-    edit_ = CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_BORDER | ES_MULTILINE | ES_AUTOHSCROLL, 0,
-                            0, 0, 0, designer, reinterpret_cast<HMENU>(EDIT_ID),
-                            GetModuleHandleA(nullptr), nullptr);
+    : designer_(designer), session_(GetSessionPointer(designer, 0)), desk_(DeskOf(session_)),
+      edit_(MakeControl(designer)) {
     SendMessageA(edit_, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), 0);
     SendMessageA(edit_, EM_SETLIMITTEXT, MAX_LABEL_TEXT, 0);
     desk_->EditWndProc = reinterpret_cast<WNDPROC>(

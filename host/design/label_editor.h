@@ -36,7 +36,7 @@ private:
     HWND designer_;
     struct Session *session_;
     FormDesk *desk_;
-    HWND edit_ = nullptr;
+    HWND edit_;
     bool may_edit_ = false;
     int row_ = -1; // of the label that is being edited
     std::string before_;
