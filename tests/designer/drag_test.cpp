@@ -122,6 +122,28 @@ TEST_F(Drag, ReleaseAppliesTheMove) {
     EXPECT_FALSE(Untouched());
 }
 
+TEST_F(Drag, WindowTakesItFromLeftAndMiddleButton) {
+    for (const MouseButton button : {MouseButton::LEFT, MouseButton::MIDDLE}) {
+        const Edges before = PlaceOf("Alpha");
+        const POINT from = {before[0] + 100, before[1] + 25};
+        const POINT to = Seen(from.x + 150, from.y + 60);
+        DragTo(from.x, from.y, from.x + 150, from.y + 60, button);
+        EXPECT_EQ(PlaceOf("Alpha"), Around(to, 200, 50));
+        EXPECT_TRUE(Hovers());
+    }
+}
+
+TEST_F(Drag, RightButtonOnAPictureShowsNoMenuAndEndsNoMove) {
+    Item("Alpha").ItemType = ITEM_PICTURE;
+    DragTo(300, 115, 600, 250, MouseButton::RIGHT);
+    EXPECT_EQ(session->form.SelectedItem, Row("Alpha"));
+    EXPECT_EQ(State().PendingCommand, COMMAND_MOVE);
+    EXPECT_EQ(PlaceOf("Alpha"), (Edges{200, 90, 400, 140}));
+    MoveTo(610, 250);
+    EXPECT_TRUE(Hovers());
+    EXPECT_TRUE(Untouched());
+}
+
 TEST_F(Drag, GroupMovesAsOne) {
     SelectGroup(150, 60, 800, 300);
     const Edges beta = PlaceOf("Beta");
@@ -164,16 +186,6 @@ TEST_F(Drag, LostButtonAbandonsIt) {
         EXPECT_EQ(State().FocusVisible, 1U);
         EXPECT_EQ(PlaceOf("Alpha"), (Edges{200, 90, 400, 140}));
     }
-    EXPECT_TRUE(Untouched());
-}
-
-TEST_F(Drag, RightButtonsMoveIsAbandonedAtTheFirstMoveWithoutOne) {
-    Item("Alpha").ItemType = ITEM_LINE;
-    Begin("Alpha", MK_RBUTTON);
-    Over(600, 300, MK_RBUTTON);
-    EXPECT_EQ(State().PendingCommand, COMMAND_MOVE);
-    Over(610, 300, 0);
-    EXPECT_TRUE(Hovers());
     EXPECT_TRUE(Untouched());
 }
 
