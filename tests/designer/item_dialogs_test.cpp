@@ -269,3 +269,16 @@ TEST_F(ItemDialogs, GridIsSwitchedAndSized) {
               0);
     EXPECT_EQ(designer.SnapToGrid, 0u);
 }
+
+TEST_F(ItemDialogs, ArrowKeysMoveWithinOneChoice) {
+    Alpha().LineAngle = Alpha().LineStyle = 0;
+    EXPECT_EQ(Line([](DialogDriver dialog) {
+                  SetFocus(dialog.Control(LINE_BACK_DIAGONAL));
+                  dialog.Click(LINE_BACK_DIAGONAL);
+                  PostMessageA(dialog.Control(LINE_BACK_DIAGONAL), WM_KEYDOWN, VK_DOWN, 0);
+                  PostMessageA(dialog, WM_COMMAND, IDOK, 0);
+              }),
+              1);
+    EXPECT_EQ(Alpha().LineAngle, 0);
+    EXPECT_EQ(Alpha().LineStyle, 0);
+}

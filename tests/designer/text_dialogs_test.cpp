@@ -254,3 +254,20 @@ TEST_F(TextDialogs, RowThatTheHostTakesAwayUnderADialogEndsIt) {
               0);
     session->dialog.DialogRow = 0;
 }
+
+TEST_F(TextDialogs, ReturnIsOkAndEscapeIsCancel) {
+    const auto keys = [](WPARAM key) {
+        return [key](DialogDriver dialog) {
+            SetFocus(dialog.Control(TEXT_INPUT));
+            SendMessageA(dialog.Control(TEXT_INPUT), EM_REPLACESEL, 0,
+                         reinterpret_cast<LPARAM>("Words"));
+            PostMessageA(dialog.Control(TEXT_INPUT), WM_KEYDOWN, key, 0);
+        };
+    };
+    EXPECT_EQ(Label(keys(VK_RETURN)), 1);
+    EXPECT_EQ(Label(keys(VK_ESCAPE)), 0);
+    PutText("");
+    EXPECT_EQ(Name("Calculation Field Name", keys(VK_RETURN)), 1);
+    PutText("");
+    EXPECT_EQ(Name("Calculation Field Name", keys(VK_ESCAPE)), 0);
+}
