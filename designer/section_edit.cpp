@@ -137,6 +137,7 @@ int AddNewSection(Session *session, int byHost, int sectionRow, const char *fiel
         return 1;
     }
     if (Selected(session)) Deselect(session);
+    if (session->State == STATE_ENDING) return 0;
     const int section = byHost ? sectionRow : ChooseSection(session);
     const char *name = fieldName ? fieldName : "";
     if (!Prepare(session, section, byHost ? name : nullptr)) return 0;

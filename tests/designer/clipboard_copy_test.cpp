@@ -2,8 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
-
+#include "commands.h"
 #include "designer/delete_item.h"
 #include "designer/designer_state.h"
 #include "designer/group.h"
@@ -300,16 +299,20 @@ TEST_F(ClipboardCopy, APictureIsDeletedBesideARowThatHasNoBlock) {
     EXPECT_EQ(Row("Alpha"), -1);
 }
 
-TEST_F(ClipboardCopy, EachWindowHasAFormatOfItsOwn) {
+TEST_F(ClipboardCopy, WhatOneWindowHasCopiedIsGreyInAnothersMenu) {
     Open();
     Copy(Row("Gamma"));
     FormParams other = params;
-    std::strcpy(other.FormFile, "");
+    *other.FormFile = 0;
     ASSERT_EQ(form(&other), 0);
     Session *second = GetSessionPointer(other.FormWindow, 0);
     EXPECT_NE(second->device.ClipFormat, session->device.ClipFormat);
-    EXPECT_TRUE(IsClipboardFormatAvailable(session->device.ClipFormat));
     EXPECT_FALSE(IsClipboardFormatAvailable(second->device.ClipFormat));
+    const DrivenWindow window(other.FormWindow);
+    window.OpenMenu();
+    EXPECT_FALSE(window.MenuEnabled(COMMAND_PASTE));
+    OpenMenu();
+    EXPECT_TRUE(MenuEnabled(COMMAND_PASTE));
     second->form.FormModified = 0;
     WantEnd(second);
     ReleaseIfDue(second);

@@ -2,18 +2,17 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <vector>
 
 #include "commands.h"
+#include "designer/delete_item.h"
 #include "designer/designer_state.h"
-#include "form/pictures.h"
 #include "frame/memory.h"
-#include "frame/text.h"
 #include "tests/support/bitmaps.h"
 #include "tests/support/clipboard_form.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/item_order.h"
+#include "tests/support/system_objects.h"
 
 using namespace tessarine;
 
@@ -333,6 +332,21 @@ TEST_F(PictureItems, ARowThatIsTakenUnderTheDialogIsLeftAlone) {
     EXPECT_EQ(PictureFromFile(session), 1);
     EXPECT_NE(DesignerOf(session).NewPicture, taken);
     EXPECT_EQ(session->form.Fonts[taken].IsPicture, 0u);
+}
+
+TEST_F(PictureItems, ManyPicturesComeAndGoAndNothingGrows) {
+    Open();
+    PutBitmap(32, 32);
+    const int blocks = LiveBlocks();
+    const int objects = CountGdiObjects();
+    for (int turn = 0; turn < 50; ++turn) {
+        ASSERT_EQ(PictureFromClipboard(session), 1);
+        PlacePicture(session);
+        DeleteItem(session);
+    }
+    EXPECT_EQ(PictureRows(), 0);
+    EXPECT_EQ(LiveBlocks(), blocks);
+    EXPECT_LE(CountGdiObjects(), objects + 2);
 }
 
 // ---- the placement ----------------------------------------------------------------------------
