@@ -233,6 +233,23 @@ TEST_F(ClipboardPaste, APressPutsTheBlockDown) {
     EXPECT_EQ(DesignerOf(session).PendingCommand, IDLE);
 }
 
+TEST_F(ClipboardPaste, TheMenusCommandsCutCopyAndPaste) {
+    Open();
+    Choose(Row("Gamma"));
+    Command(COMMAND_CUT);
+    EXPECT_EQ(Labels("Gamma"), 0);
+    Command(COMMAND_PASTE);
+    PressAt(700, 250);
+    ReleaseAt(700, 250);
+    EXPECT_EQ(Labels("Gamma"), 1);
+    Command(COMMAND_COPY);
+    Command(COMMAND_PASTE);
+    PressAt(700, 700);
+    EXPECT_EQ(Labels("Gamma"), 2);
+    EXPECT_EQ(Pasted().SectionIndex, SECTION_DETAIL_1);
+    EXPECT_EQ(WhatIsWrong(session) + WhatIsUnsorted(session), "");
+}
+
 TEST_F(ClipboardPaste, AnEmptyStoreBeginsNothing) {
     Open();
     Choose(Row("Alpha"));

@@ -3,6 +3,7 @@
 
 #include "frame/session_table.h"
 #include "state/windows.h"
+#include "tests/support/other_process.h"
 
 namespace {
 
@@ -19,6 +20,7 @@ LONG WINAPI EndOnCrash(EXCEPTION_POINTERS *pointers) {
 int main(int count, char **arguments) {
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
     SetUnhandledExceptionFilter(EndOnCrash);
+    if (ServedAsOther(count, arguments)) return 0;
     tessarine::module_instance = GetModuleHandleA(nullptr);
     tessarine::frc_format = 1;
     testing::InitGoogleTest(&count, arguments);
