@@ -126,13 +126,20 @@ bool GroupLiesIn(const Session *session, int section) {
     return group != NO_ROW && session->form.Items[group].SectionIndex == section;
 }
 
+// Row 0, unless there was no memory to put it there.
+const ItemRecord &FirstBar(const Session *session) {
+    const FormState &form = session->form;
+    return *std::find_if(form.Items, form.Items + form.TotalItems - 1,
+                         [](const ItemRecord &item) { return item.ItemType == ITEM_BAR; });
+}
+
 // A group that lost its section goes to the first.
 void SettleGroup(Session *session, bool homeless) {
     const int group = GroupRow(session);
     if (group == NO_ROW)
         FatalError(session, "Group Item Not Found!(DeleteSection)", CODE_FORM_CONTRADICTION);
     if (!homeless) return;
-    const ItemRecord &first = session->form.Items[0];
+    const ItemRecord &first = FirstBar(session);
     const ItemRecord &item = session->form.Items[group];
     const int top = first.y + session->form.Header.BarHeight;
     RelocateItem(session, group, first.x - item.x, top - item.y);

@@ -10,6 +10,7 @@
 #include "frame/boundary.h"
 #include "frame/host_data.h"
 #include "frame/mapping.h"
+#include "frame/memory.h"
 #include "tests/support/designer_session.h"
 #include "tests/support/item_order.h"
 
@@ -214,6 +215,15 @@ TEST_F(SectionEdit, AFormThatIsAsLongAsItsNumbersAllowTakesNoSection) {
     EXPECT_EQ(session->form.Sections[SECTION_PAGE_FOOTER].InUse, 0);
 }
 
+TEST_F(SectionEdit, AnItemThatCantGoFurtherDownKeepsSectionsOut) {
+    StartOn(TwoSections());
+    Item("Gamma").y = static_cast<int16_t>(INT16_MAX - NewHeight() - Item("Gamma").height + 1);
+    EXPECT_EQ(Add(SECTION_REPORT_HEADER), 0);
+    Item("Gamma").y = static_cast<int16_t>(Item("Gamma").y - 1);
+    EXPECT_EQ(Add(SECTION_REPORT_HEADER), 1);
+    EXPECT_EQ(Item("Gamma").y + Item("Gamma").height, INT16_MAX);
+}
+
 TEST_F(SectionEdit, ALabelFormKeepsItsOneSectionAndSaysNothing) {
     uint32_t label = 1;
     LabelGeometry geometry{};
@@ -252,6 +262,20 @@ TEST_F(SectionEdit, DeletingTheFirstBandTakesTheGroupToTheNext) {
     StartOn(TwoSections());
     session->form.Items[GroupRow(session)].y = static_cast<int16_t>(Caption() + 100);
     EXPECT_EQ(Delete(SECTION_PAGE_HEADER), 1);
+    const ItemRecord &group = session->form.Items[GroupRow(session)];
+    EXPECT_EQ(group.SectionIndex, SECTION_DETAIL_1);
+    EXPECT_EQ(group.x, session->form.Items[0].x);
+    EXPECT_EQ(group.y, Caption());
+    ExpectBands();
+}
+
+TEST_F(SectionEdit, WithoutMemoryToMoveRowsTheGroupStillFindsItsPlace) {
+    StartOn(TwoSections());
+    session->form.Items[GroupRow(session)].y = static_cast<int16_t>(Caption() + 100);
+    FailAllocation(1);
+    EXPECT_EQ(Delete(SECTION_PAGE_HEADER), 1);
+    FailAllocation(0);
+    EXPECT_EQ(boxes.Texts(), std::vector<std::string>{"Memory Allocation Error (OurAlloc)"});
     const ItemRecord &group = session->form.Items[GroupRow(session)];
     EXPECT_EQ(group.SectionIndex, SECTION_DETAIL_1);
     EXPECT_EQ(group.x, session->form.Items[0].x);
