@@ -123,11 +123,18 @@ typedef struct PreviewWords { /* of a run's preview, as its status strip shows t
 } PreviewWords;
 
 /* The form of a designer session, for a host's own sheets and panels: where each table stands and
- * where its count of rows stands. The addresses stay for the life of the session. A host may change
- * what the rows mean (texts, places, styles) and SelectedItem, but no count; it then calls
- * SelectItem, SizeItem or UpdateLabelText, or sends WM_PAINT's cause by InvalidateRect, and the
- * form counts as modified once a routine of the library or ItemPropertiesCallback says so. The
- * three slots at the end are the host's to fill; InitVariables empties them. */
+ * where its count of rows stands. The addresses stay for the life of the session.
+ *
+ * A host may change what the rows mean and SelectedItem, but no count, no order, no ItemType and
+ * no row's section. Afterwards it calls
+ * - UpdateLabelText for the text of the selected label, in place of writing it;
+ * - SelectItem for SelectedItem, which brings handles and messages up to date;
+ * - InvalidateRect on the window for colours, styles, and all else that is painted.
+ * An item's place changes its row in the order of the table, so it isn't written: it comes from the
+ * library's routines and the user. The form counts as modified once a routine of the library or the
+ * result of ItemPropertiesCallback says so. EditField, DialogRow and TextBuffer are what the
+ * library's dialogs work on. The three slots at the end are the host's to fill; InitVariables
+ * empties them. */
 typedef struct FormDesk {
     FormHeader *Header;
     ItemRecord *Items; /* in the order of sections, each bar before its items, these by y and x */

@@ -88,15 +88,15 @@ TEST_F(DesignerCommand, SaveOfANewFormAsksForItsName) {
     const std::string path = folder.Path("NEW.FP");
     boxes.AnswerDialog("Save", FILE_NAME, path, IDOK);
     Command(COMMAND_SAVE);
-    EXPECT_EQ(session->CurrentFile, path);
-    EXPECT_EQ(WindowText(Window()), path);
+    EXPECT_STRCASEEQ(session->CurrentFile, path.c_str());
+    EXPECT_STRCASEEQ(WindowText(Window()).c_str(), path.c_str());
 }
 
 TEST_F(DesignerCommand, SaveAsTakesTheNewNameForTheNextSave) {
     const std::string path = folder.Path("OTHER.FP");
     boxes.AnswerDialog("Save As", FILE_NAME, path, IDOK);
     Command(COMMAND_SAVE_AS);
-    EXPECT_EQ(session->CurrentFile, path);
+    EXPECT_STRCASEEQ(session->CurrentFile, path.c_str());
     EXPECT_EQ(session->FormBlock.FormFile, path);
     EXPECT_GT(ReadWholeFile(path).size(), sizeof(FormHeader));
 }
@@ -106,7 +106,7 @@ TEST_F(DesignerCommand, CancelledSaveAsTellsTheHost) {
     boxes.AnswerDialog("Save As", IDCANCEL);
     Command(COMMAND_SAVE_AS);
     EXPECT_EQ(host.Count(MESSAGE_NO_RESULT), 1);
-    EXPECT_EQ(session->CurrentFile, path);
+    EXPECT_STRCASEEQ(session->CurrentFile, path.c_str());
 }
 
 TEST_F(DesignerCommand, ReadOnlyFormIsNotSaved) {
