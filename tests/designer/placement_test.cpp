@@ -96,6 +96,12 @@ protected:
     ScriptedDialogs dialogs;
 };
 
+// The same with the library's own dialogs.
+class PlacementByDialog : public DesignerSession {
+protected:
+    void SetUp() override { ASSERT_EQ(StartOn(TwoSections()), 0); }
+};
+
 } // namespace
 
 TEST_F(NewItemRectangle, StandsInTheMiddleOfTheView) {
@@ -294,4 +300,18 @@ TEST_F(Placement, NewGroupIsNotLeftBehindByAPlacement) {
     Command(COMMAND_NEW_LINE);
     EXPECT_EQ(+group.width, 0);
     EXPECT_EQ(+group.height, 0);
+}
+
+TEST_F(PlacementByDialog, TypedTextBecomesALabelWhereItIsClicked) {
+    boxes.AnswerDialog("New Text Field", TEXT_INPUT, "  Grand total ", IDOK);
+    Command(COMMAND_NEW_LABEL);
+    ASSERT_EQ(DesignerOf(session).PendingCommand, COMMAND_NEW_LABEL);
+    ClickAt(700, 300);
+    EXPECT_STREQ(session->form.Items[session->form.SelectedItem].LabelText, "Grand total");
+}
+
+TEST_F(PlacementByDialog, CancelledTextBecomesNothing) {
+    boxes.AnswerDialog("New Text Field", TEXT_INPUT, "Grand total", IDCANCEL);
+    Command(COMMAND_NEW_LABEL);
+    EXPECT_EQ(DesignerOf(session).PendingCommand, IDLE);
 }
