@@ -16,6 +16,7 @@ namespace {
 class HostDesigner : public testing::Test {
 protected:
     void SetUp() override {
+        data.EditAllowed = &edit_allowed;
         SetCRepData(&data);
         FormBuilder form_file;
         form_file.Section(SECTION_PAGE_HEADER, 400);
@@ -41,7 +42,7 @@ protected:
     }
 
     uint32_t edit_allowed = 1;
-    HostData data{.EditAllowed = &edit_allowed};
+    HostData data{};
     FormParams params{};
     HostWindow host;
     MessageBoxes boxes;
