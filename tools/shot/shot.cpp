@@ -9,16 +9,15 @@
 #include "commands.h"
 #include "host/data/csv_source.h"
 #include "host/data/values.h"
-#include "host/export/picture.h"
 #include "host/run/report_run.h"
 #include "host/view/resource_ids.h"
 #include "host/view/viewer.h"
 #include "tools/shot/contact_sheet.h"
+#include "tools/shot/designer_shots.h"
+#include "tools/shot/window_picture.h"
 
 namespace {
 
-constexpr int WIDTH = 900; // pixels of the window
-constexpr int HEIGHT = 680;
 constexpr size_t RECORDS_OF_RUNNING = 60; // enough that a page is finished
 
 struct Request {
@@ -27,34 +26,6 @@ struct Request {
     std::string report;
     std::string picture;
 };
-
-void ServeMessages() {
-    MSG message;
-    while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
-    }
-}
-
-void Settle(HWND window) {
-    SetWindowPos(window, nullptr, 20, 20, WIDTH, HEIGHT, SWP_NOZORDER);
-    ServeMessages();
-    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_UPDATENOW);
-    ServeMessages();
-}
-
-void Take(HWND window, const std::string &path) {
-    Settle(window);
-    RECT place{};
-    GetWindowRect(window, &place);
-    const int width = place.right - place.left;
-    const int height = place.bottom - place.top;
-    const Picture picture(width, height);
-    const HDC source = GetWindowDC(window);
-    BitBlt(picture.Device(), 0, 0, width, height, source, 0, 0, SRCCOPY);
-    ReleaseDC(window, source);
-    picture.Write(path, 1);
-}
 
 HWND Preview() { return FindWindowA("RepClass32", nullptr); }
 
@@ -75,7 +46,7 @@ void TakePreview(const Request &request, bool finish, WPARAM command) {
     const std::string records = std::to_string(feed.Count()) + " records";
     run.Tell(finish ? records : std::to_string(RECORDS_OF_RUNNING) + " of " + records);
     if (command) SendMessageA(Preview(), WM_COMMAND, command, 0);
-    Take(Preview(), request.picture);
+    TakeWindow(Preview(), request.picture);
     if (finish) SendMessageA(Preview(), WM_CLOSE, 0, 0);
 }
 
@@ -83,7 +54,11 @@ void TakeViewer(const Request &request) {
     Viewer viewer(request.report);
     Settle(viewer.Window());
     viewer.Command(VIEW_FIT_WIDTH);
-    Take(viewer.Window(), request.picture);
+    TakeWindow(viewer.Window(), request.picture);
+}
+
+template <void (*Show)(HWND, const std::string &)> void TakeDesigner(const Request &request) {
+    TakeDesignerOn(request.form, request.data, request.picture, Show);
 }
 
 } // namespace
@@ -97,6 +72,10 @@ constexpr struct {
     {"preview-running", [](const Request &request) { TakePreview(request, false, 0); }},
     {"viewer", TakeViewer},
     {"dialogs", [](const Request &request) { TakeDialogs(request.picture); }},
+    {"designer", TakeDesigner<ShowItem>},
+    {"designer-group", TakeDesigner<ShowGroup>},
+    {"designer-labels", TakeDesigner<ShowLabels>},
+    {"designer-expression", TakeDesigner<ShowExpression>},
 };
 
 int main(int count, char **arguments) {
