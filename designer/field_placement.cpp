@@ -11,6 +11,7 @@
 #include "designer/field_edit.h"
 #include "designer/field_records.h"
 #include "designer/item_font.h"
+#include "designer/item_table.h"
 #include "designer/placement.h"
 #include "designer/user_field_commands.h"
 #include "form/field_sample.h"
@@ -140,7 +141,7 @@ void PlaceField(Session *session) {
     ItemRecord item = ItemAtFocus(session, ITEM_FIELD);
     GiveField(session, field, &item);
     if (bar_code) StandRight(&item);
-    SettlePlacement(session, item);
+    if (SettlePlacement(session, item) == NO_ROW) return ReleaseField(session, field);
     if (bar_code) GiveBarCodeFont(session);
 }
 

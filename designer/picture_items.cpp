@@ -7,6 +7,7 @@
 #include "commands.h"
 #include "designer/canvas_paint.h"
 #include "designer/designer_state.h"
+#include "designer/item_table.h"
 #include "designer/placement.h"
 #include "designer/tracking.h"
 #include "form/bitmaps.h"
@@ -197,6 +198,7 @@ void PlacePicture(Session *session) {
     item.FontIndex = static_cast<int16_t>(DesignerOf(session).NewPicture);
     const int row = InsertItem(session, item);
     EndGesture(session);
+    if (row == NO_ROW) return ReleaseFontRow(session, item.FontIndex);
     session->form.SelectedItem = row;
     RepaintCanvas(session);
     SetModified(session, 1);

@@ -13,6 +13,7 @@
 #include "designer/place_rect.h"
 #include "designer/selection.h"
 #include "designer/tracking.h"
+#include "designer/undo.h"
 #include "designer/view.h"
 #include "form/defaults.h"
 #include "form/modified.h"
@@ -27,6 +28,7 @@ namespace {
 constexpr int AREA_INSET = 2;   // form units, at the left and the top
 constexpr int LINE_WIDTH = 300; // of a new line's rectangle, form units
 constexpr int LINE_HEIGHT = 50;
+constexpr const char *TABLE_FULL = "Item Table Full!";
 
 RECT BelowCaption(const Session *session, const ItemRecord &bar) {
     RECT area = RectOf(bar);
@@ -55,24 +57,18 @@ RECT CutToView(const Session *session, const RECT &area) {
     return IntersectRect(&cut, &area, &view) ? cut : view;
 }
 
-void HoldAtFocus(Session *session, ItemRecord *item) {
-    HideFocus(session);
-    item->SectionIndex = static_cast<int16_t>(PlaceRect(session));
-    SetPlace(item, DesignerOf(session).FocusRect);
-}
-
 int AtMost(int size, int room) { return std::max(std::min(size, room), 1); }
 
 } // namespace
 
 int ItemRoomCheck(Session *session) {
-    if (DesignerOf(session).PendingCommand != IDLE) return 0;
+    if (session->State == STATE_ENDING || DesignerOf(session).PendingCommand != IDLE) return 0;
     if (session->form.TotalItems >= MAX_ITEMS) {
-        ShowSessionBox(session, "Item Table Full!");
+        ShowSessionBox(session, TABLE_FULL);
         return 1;
     }
-    Deselect(session);
-    return ITEM_MAY_BEGIN;
+    Deselect(session); // a host may hear of it, and close the session
+    return session->State == STATE_ENDING ? 0 : ITEM_MAY_BEGIN;
 }
 
 void NewItemRect(Session *session, int height, int width, RECT *rectangle, int x, int y,
@@ -107,11 +103,18 @@ void ShowPlacement(Session *session, int command) {
 ItemRecord ItemAtFocus(Session *session, int type) {
     ItemRecord item = DefaultItem(session);
     item.ItemType = static_cast<uint16_t>(type);
-    HoldAtFocus(session, &item);
+    HideFocus(session);
+    item.SectionIndex = static_cast<int16_t>(PlaceRect(session));
+    SetPlace(&item, DesignerOf(session).FocusRect);
     return item;
 }
 
 int InsertItem(Session *session, const ItemRecord &item) {
+    if (session->form.TotalItems >= MAX_ITEMS) {
+        ShowSessionBox(session, TABLE_FULL);
+        return NO_ROW;
+    }
+    DropUndo(session); // which would lose the row again
     const int row = InsertionRow(session, item.SectionIndex);
     ShiftItems(session, row, 1, SHIFT_OPEN);
     session->form.Items[row] = item;
@@ -121,6 +124,7 @@ int InsertItem(Session *session, const ItemRecord &item) {
 int SettlePlacement(Session *session, const ItemRecord &item) {
     const int row = InsertItem(session, item);
     EndGesture(session);
+    if (row == NO_ROW) return row;
     session->form.SelectedItem = row;
     DesignerOf(session).PaintMode = PAINT_RULERS;
     RepaintCanvas(session);
@@ -128,15 +132,10 @@ int SettlePlacement(Session *session, const ItemRecord &item) {
     return row;
 }
 
-int FinishPlacement(Session *session, ItemRecord item) {
-    HoldAtFocus(session, &item);
-    return SettlePlacement(session, item);
-}
-
 void BeginLabel(Session *session) {
     *session->TextBuffer = 0;
     if (!RunDialog(session, "NewLabelParam", NewLabelParam, 0)) return;
-    if (session->State == STATE_ENDING || ItemRoomCheck(session) != ITEM_MAY_BEGIN) return;
+    if (ItemRoomCheck(session) != ITEM_MAY_BEGIN) return;
     EndText(session->TextBuffer);
     const SIZE size = LabelSize(session->form.Fonts[0], session->TextBuffer);
     BeginPlacement(session, COMMAND_NEW_LABEL, size.cy, size.cx);

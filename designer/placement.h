@@ -21,13 +21,12 @@ void ShowPlacement(Session *session, int command);
 
 // A new item of the type at FocusRect, which is held in its section first.
 ItemRecord ItemAtFocus(Session *session, int type);
-// Puts the record, whose rectangle is FocusRect, in the table's order. The row.
+// Puts the record, whose rectangle is FocusRect, in the table's order. The row, or NO_ROW after a
+// message: while an item is being placed a host may have filled the table.
 int InsertItem(Session *session, const ItemRecord &item);
 // Puts the record of ItemAtFocus into the table, then tells the rest that a placement is over. The
-// row.
+// row, or NO_ROW as above.
 int SettlePlacement(Session *session, const ItemRecord &item);
-// The same for a record at FocusRect that is still to be held in its section.
-int FinishPlacement(Session *session, ItemRecord item);
 
 void BeginLabel(Session *session);
 void PlaceLabel(Session *session);

@@ -4,10 +4,13 @@
 #include <limits>
 
 #include "designer/delete_item.h"
+#include "designer/designer_state.h"
 #include "designer/focus_rect.h"
 #include "designer/group.h"
 #include "designer/item_table.h"
+#include "designer/paused_painting.h"
 #include "designer/relocate.h"
+#include "designer/undo.h"
 #include "device/paper.h"
 #include "form/defaults.h"
 #include "form/field_table.h"
@@ -58,22 +61,6 @@ void SwitchOn(Session *session, int section, int bar) {
     record.SectionFilter[0] = CELL_END;
     record.SectionFlags = SECTION_COMPRESS_BEFORE | SECTION_COMPRESS_AFTER;
 }
-
-// While one stands nothing is painted, so that the user sees the outcome alone.
-class PaintingOff {
-public:
-    explicit PaintingOff(Session *session)
-        : session_(session), before_(session->view.PaintEnabled) {
-        session->view.PaintEnabled = 0;
-    }
-    PaintingOff(const PaintingOff &) = delete;
-    PaintingOff &operator=(const PaintingOff &) = delete;
-    ~PaintingOff() { session_->view.PaintEnabled = before_; }
-
-private:
-    Session *session_;
-    uint32_t before_;
-};
 
 int FirstItemOf(const Session *session, int section) {
     for (int row = 0; row < session->form.TotalItems; ++row) {
@@ -140,9 +127,16 @@ void SettleGroup(Session *session, bool homeless) {
         FatalError(session, "Group Item Not Found!(DeleteSection)", CODE_FORM_CONTRADICTION);
     if (!homeless) return;
     const ItemRecord &first = FirstBar(session);
-    const ItemRecord &item = session->form.Items[group];
-    const int top = first.y + session->form.Header.BarHeight;
-    RelocateItem(session, group, first.x - item.x, top - item.y);
+    ItemRecord item = session->form.Items[group];
+    const int dx = first.x - item.x;
+    const int dy = first.y + session->form.Header.BarHeight - item.y;
+    if (dx != 0 || dy != 0) {
+        RelocateItem(session, group, dx, dy);
+        return;
+    }
+    item.SectionIndex = first.SectionIndex; // which no distance wouldn't change
+    DesignerOf(session).FocusRect = RectOf(item);
+    ReplaceRow(session, group, item);
 }
 
 void DropLastBreak(Session *session) {
@@ -167,6 +161,7 @@ int InsertSection(Session *session, int section) {
     FormState &form = session->form;
     const int row = RowForBar(session, section);
     const ItemRecord bar = MakeBar(session, section, TopOfNew(session, row));
+    DropUndo(session); // which would lose the row again
     ShiftItems(session, row, 1, SHIFT_OPEN);
     form.Items[row] = bar;
     SwitchOn(session, section, row);
@@ -177,7 +172,7 @@ int InsertSection(Session *session, int section) {
 }
 
 bool RemoveSection(Session *session, int section) {
-    const PaintingOff unpainted(session);
+    const PausedPainting paused(session);
     if (!DeleteItemsOf(session, section)) return false;
     const bool homeless = GroupLiesIn(session, section);
     RemoveBar(session, section);

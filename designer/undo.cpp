@@ -1,5 +1,6 @@
 #include "designer/undo.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "designer/canvas_paint.h"
@@ -16,6 +17,20 @@ constexpr size_t MOST_BYTES = 32000;
 
 size_t TableSize(const Session *session) {
     return static_cast<size_t>(session->form.TotalItems) * sizeof(ItemRecord);
+}
+
+// Whether two rows name the same of the other tables: a section's bar, a field, a font or picture.
+bool NameTheSame(const ItemRecord &a, const ItemRecord &b) {
+    return a.ItemType == b.ItemType && a.FontIndex == b.FontIndex &&
+           (a.ItemType != ITEM_BAR || a.SectionIndex == b.SectionIndex) &&
+           (a.ItemType != ITEM_FIELD || a.FieldIndex == b.FieldIndex);
+}
+
+// As many rows may have gone as came: those would come back without what was released with them.
+bool ImageFits(const Designer &designer, const FormState &form) {
+    return designer.UndoCount == form.TotalItems &&
+           std::is_permutation(form.Items, form.Items + form.TotalItems, designer.UndoImage,
+                               NameTheSame);
 }
 
 } // namespace
@@ -41,10 +56,10 @@ void DropUndo(Session *session) {
 void RestoreUndo(Session *session) {
     const Designer &designer = DesignerOf(session);
     if (!designer.UndoImage) return;
-    const bool same_rows = designer.UndoCount == session->form.TotalItems;
-    if (same_rows) std::memcpy(session->form.Items, designer.UndoImage, TableSize(session));
+    const bool fits = ImageFits(designer, session->form);
+    if (fits) std::memcpy(session->form.Items, designer.UndoImage, TableSize(session));
     DropUndo(session);
-    if (!same_rows) return;
+    if (!fits) return;
     RenewBars(session, 0);
     session->form.SelectedItem = GroupRow(session);
     RepaintCanvas(session);

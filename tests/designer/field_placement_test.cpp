@@ -371,3 +371,15 @@ TEST_F(FieldPlacement, FieldThatTheHostAddsWhilePickingHasARowOfItsOwn) {
     EXPECT_STREQ(New().FieldName, "LATE");
     EXPECT_EQ(FieldsInUse(), 2);
 }
+
+TEST_F(FieldPlacement, TableThatTheHostFilledWhilePlacingTakesNoFieldAndKeepsNoRow) {
+    Command(COMMAND_DATA_FIELD);
+    ASSERT_TRUE(Placing(COMMAND_DATA_FIELD));
+    while (session->form.TotalItems < MAX_ITEMS)
+        session->form.Items[session->form.TotalItems++] = Item("Gamma");
+    ClickAt(700, 300);
+    EXPECT_EQ(session->form.TotalItems, MAX_ITEMS);
+    EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"", "Item Table Full!", {IDOK}}}));
+    EXPECT_TRUE(Placing(IDLE));
+    EXPECT_EQ(FieldsInUse(), 0);
+}

@@ -408,3 +408,17 @@ TEST_F(PictureItems, AFullItemTableAsksForNoPicture) {
     session->form.TotalItems = items;
     EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"", "Item Table Full!", {IDOK}}}));
 }
+
+TEST_F(PictureItems, ATableThatTheHostFilledWhilePlacingTakesNoPictureAndKeepsNoRow) {
+    Open();
+    PutBitmap(96, 48);
+    BeginPicture(session, COMMAND_PICTURE_PASTED);
+    EXPECT_EQ(PictureRows(), 1);
+    while (session->form.TotalItems < MAX_ITEMS)
+        session->form.Items[session->form.TotalItems++] = Item("Gamma");
+    PressAt(700, 250);
+    EXPECT_EQ(session->form.TotalItems, MAX_ITEMS);
+    EXPECT_EQ(boxes.LastText(), "Item Table Full!");
+    EXPECT_EQ(DesignerOf(session).PendingCommand, IDLE);
+    EXPECT_EQ(PictureRows(), 0);
+}

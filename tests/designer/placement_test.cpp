@@ -42,6 +42,14 @@ void ExpectPlace(const RECT &place, const RECT &expected) {
     EXPECT_EQ(place.bottom, expected.bottom);
 }
 
+// Closes a session when a window's text changes, as a host may.
+Session *closing = nullptr;
+WNDPROC system_edit = nullptr;
+LRESULT CALLBACK CloseOverText(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_SETTEXT) closing->State = STATE_ENDING;
+    return CallWindowProcA(system_edit, window, message, wParam, lParam);
+}
+
 // A designer whose dialogs give what the test says.
 class Placement : public DesignerSession {
 protected:
@@ -314,4 +322,38 @@ TEST_F(PlacementByDialog, CancelledTextBecomesNothing) {
     boxes.AnswerDialog("New Text Field", TEXT_INPUT, "Grand total", IDCANCEL);
     Command(COMMAND_NEW_LABEL);
     EXPECT_EQ(DesignerOf(session).PendingCommand, IDLE);
+}
+
+TEST_F(Placement, TableThatTheHostFilledWhilePlacingIsTold) {
+    for (const int command : {COMMAND_NEW_LABEL, COMMAND_NEW_LINE}) {
+        AnswerLabel("New");
+        session->form.TotalItems = 6;
+        boxes.Clear();
+        Command(command);
+        ExpectPlacing(command);
+        FillTable(MAX_ITEMS);
+        ClickAt(700, 300);
+        EXPECT_EQ(session->form.TotalItems, MAX_ITEMS);
+        EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"", "Item Table Full!", {IDOK}}}));
+        EXPECT_EQ(DesignerOf(session).PendingCommand, IDLE);
+        EXPECT_EQ(DesignerOf(session).FocusVisible, 0u);
+    }
+}
+
+TEST_F(Placement, NothingBeginsWhenAHostClosesTheSessionOverTheDeselection) {
+    const HWND edit = CreateWindowExA(0, "EDIT", "", WS_CHILD, 0, 0, 10, 10, host.Get(), nullptr,
+                                      nullptr, nullptr);
+    session->Desk.EditWindow = edit;
+    closing = session;
+    system_edit = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrA(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CloseOverText)));
+    for (void (*begin)(Session *) : {BeginLine, BeginLabel}) {
+        AnswerLabel("New");
+        session->form.SelectedItem = Row("Beta");
+        begin(session);
+        EXPECT_EQ(DesignerOf(session).PendingCommand, IDLE);
+        session->State = STATE_FORM_OPEN;
+    }
+    session->Desk.EditWindow = nullptr;
+    DestroyWindow(edit);
 }

@@ -6,6 +6,7 @@
 #include "designer/group.h"
 #include "designer/item_table.h"
 #include "designer/section_fields.h"
+#include "designer/undo.h"
 #include "form/field_table.h"
 #include "frame/boundary.h"
 #include "frame/host_data.h"
@@ -292,6 +293,25 @@ TEST_F(SectionEdit, DeletingTheBandOfTheGroupMovesItToTheFirst) {
     EXPECT_EQ(group.y, Caption());
     EXPECT_EQ(group.width, 100);
     ExpectBands();
+}
+
+TEST_F(SectionEdit, GroupOfADeletedBandThatLiesAtItsTargetAlreadyGoesToTheFirst) {
+    StartOn(GroupInTheMiddle());
+    ItemRecord &item = session->form.Items[GroupRow(session)];
+    item.x = session->form.Items[0].x;
+    item.y = static_cast<int16_t>(Caption());
+    EXPECT_EQ(Delete(SECTION_DETAIL_1), 1);
+    EXPECT_EQ(GroupRow(session), 1);
+    EXPECT_EQ(+session->form.Items[1].SectionIndex, SECTION_PAGE_HEADER);
+    EXPECT_EQ(+session->form.Items[1].y, Caption());
+    ExpectBands();
+}
+
+TEST_F(SectionEdit, ABandThatComesInPlaceOfAnotherDropsTheUndoImage) {
+    StartOn(TwoSections());
+    SaveUndo(session);
+    EXPECT_EQ(Add(SECTION_REPORT_HEADER), 1);
+    EXPECT_EQ(DesignerOf(session).UndoImage, nullptr);
 }
 
 TEST_F(SectionEdit, DeletingAnotherBandLeavesTheGroup) {

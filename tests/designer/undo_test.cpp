@@ -1,6 +1,9 @@
 #include "designer/undo.h"
 
+#include "designer/delete_item.h"
 #include "designer/item_table.h"
+#include "designer/new_items.h"
+#include "designer/relocate.h"
 #include "frame/memory.h"
 #include "tests/support/laid_out_form.h"
 #include "tests/support/message_boxes.h"
@@ -95,4 +98,60 @@ TEST_F(Undo, DropsNothingWithoutADesigner) {
     BareSession run;
     DropUndo(run);
     EXPECT_EQ(run->designer, nullptr);
+}
+
+// The Delete key and a host's calls leave the image standing.
+
+TEST_F(Undo, DeletedFieldDoesNotComeBackWhenARowTakesItsPlace) {
+    AddFieldItem("n", SECTION_PAGE_FOOTER, 400, 1000, TYPE_NUMERIC);
+    const int other = session.AddField(FIELD_DATA, "OTHER", TYPE_TEXT);
+    SaveUndo(session);
+    Select("n");
+    DeleteItem(session);
+    Item("a").x = 300;
+    Add("m", ITEM_FIELD, SECTION_PAGE_FOOTER, 100, 1100, 10, 10).FieldIndex =
+        static_cast<int16_t>(other);
+    RestoreUndo(session);
+    EXPECT_FALSE(HasImage());
+    EXPECT_EQ(Row("n"), -1);
+    EXPECT_NE(Row("m"), -1);
+    EXPECT_EQ(PlaceOf("a"), "300,100,200,50");
+}
+
+TEST_F(Undo, ImageThatNamesAnotherPictureFontOrSectionIsDropped) {
+    struct {
+        const char *name;
+        int16_t ItemRecord::*member;
+    } const cases[] = {{"a", &ItemRecord::FontIndex}, {"bar30", &ItemRecord::SectionIndex}};
+    for (const auto &change : cases) {
+        SaveUndo(session);
+        ItemRecord &item = Item(change.name);
+        const int16_t before = item.*change.member;
+        item.*change.member = static_cast<int16_t>(before - 1);
+        RestoreUndo(session);
+        EXPECT_FALSE(HasImage());
+        EXPECT_EQ(item.*change.member, before - 1) << change.name;
+        item.*change.member = before;
+    }
+}
+
+TEST_F(Undo, RowThatAHostAddedInPlaceOfADeletedOneStays) {
+    SaveUndo(session);
+    Select("a");
+    DeleteItem(session);
+    EXPECT_TRUE(HasImage());
+    EXPECT_NE(AddNewLabelItem(session, "new", SECTION_DETAIL_1, 400, 500, 0), NO_ROW);
+    RestoreUndo(session);
+    EXPECT_EQ(Row("a"), -1);
+    EXPECT_NE(Row("new"), -1);
+}
+
+TEST_F(Undo, RowsThatChangedPlacesComeBack) {
+    AddFieldItem("n", SECTION_PAGE_FOOTER, 400, 1000, TYPE_NUMERIC);
+    SaveUndo(session);
+    RelocateItem(session, Row("n"), 0, -400);
+    RelocateItem(session, Row("a"), 0, 500);
+    RestoreUndo(session);
+    EXPECT_EQ(PlaceOf("n").substr(0, 8), "400,1000");
+    EXPECT_EQ(PlaceOf("a"), "100,100,200,50");
 }
