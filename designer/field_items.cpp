@@ -33,7 +33,7 @@ int BeginItem(Session *session, int section, int x, int y) {
 }
 
 int GiveUp(Session *session, int slot) {
-    ReleaseField(session, slot);
+    if (session->State != STATE_ENDING) ReleaseField(session, slot);
     return NO_ROW;
 }
 
@@ -72,7 +72,8 @@ int AddNewDataField(Session *session, const char *name, int section, int x, int 
     if (slot == NO_SLOT) return NO_ROW;
     FieldRecord record = DefaultField(session);
     CopyText(name, record.FieldName, NAME_SIZE);
-    if (!AskHostForField(session, &record)) {
+    // The host may have changed the form meanwhile, as under an expression.
+    if (!AskHostForField(session, &record) || !MayAddTo(session, section)) {
         FreeFieldSlot(session, slot);
         return NO_ROW;
     }
@@ -103,6 +104,7 @@ int AddNewCalcField(Session *session, const char *text, int section, const char 
         FreeFieldSlot(session, slot);
         return NO_ROW;
     }
+    if (!MayAddTo(session, section)) return GiveUp(session, slot);
     return PlaceFieldAt(session, slot, section, x, y);
 }
 

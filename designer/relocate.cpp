@@ -127,7 +127,7 @@ void CenterItem(Session *session) {
     HideFocus(session);
     DesignerOf(session).FocusRect = place;
     EnsureVisible(session, place);
-    MoveItem(session);
+    if (session->State != STATE_ENDING) MoveItem(session);
 }
 
 } // namespace tessarine

@@ -6,6 +6,7 @@
 #include "designer/item_table.h"
 #include "designer/relocate.h"
 #include "designer/selection.h"
+#include "frame/host_data.h"
 #include "tests/support/designer_session.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/item_order.h"
@@ -13,6 +14,9 @@
 using namespace tessarine;
 
 namespace {
+
+Session *ended = nullptr;
+void __stdcall EndOverLabel(uint32_t, void *) { ended->State = STATE_ENDING; }
 
 // What moves rows, on a window that shows them: "Alpha" at 200,50 and "Beta" at 500,150 below the
 // caption of the page header.
@@ -76,4 +80,21 @@ TEST_F(ArrangeWindow, DeletedItemLeavesNoRectangleOnTheScreen) {
     EXPECT_FALSE(DesignerOf(session).FocusVisible);
     EXPECT_EQ(session->form.FormModified, 1u);
     EXPECT_EQ(WhatIsWrong(session), "");
+}
+
+TEST_F(ArrangeWindow, SessionThatEndsOnTheWayToTheMiddleMovesNothing) {
+    Open();
+    SetWindowPos(Window(), nullptr, 0, 0, 300, 300, SWP_NOZORDER);
+    LayOutCanvas(session);
+    session->view.OriginX = session->view.OriginY = 0;
+    SelectItem(session, Row("Gamma"));
+    const int x = Item("Gamma").x;
+    ended = session;
+    host_data.LabelSelectedCallback = EndOverLabel;
+    CenterItem(session);
+    host_data.LabelSelectedCallback = nullptr;
+    EXPECT_EQ(session->State, STATE_ENDING);
+    session->State = STATE_FORM_OPEN;
+    EXPECT_EQ(Item("Gamma").x, x);
+    EXPECT_EQ(session->form.FormModified, 0u);
 }

@@ -28,6 +28,14 @@ int32_t __stdcall CheckField(HWND, FieldRecord *record, int32_t, void *) {
     return offered != "NONE";
 }
 
+// The host changes the form before it accepts.
+Session *changed = nullptr;
+void (*apply)(Session *session) = nullptr;
+int32_t __stdcall CheckAndChange(HWND window, FieldRecord *record, int32_t level, void *context) {
+    apply(changed);
+    return CheckField(window, record, level, context);
+}
+
 class FieldItems : public ThreeSections {
 protected:
     FieldItems() { session->FormBlock.CheckFieldProc = CheckField; }
@@ -274,4 +282,30 @@ TEST_F(FieldItems, PlacesBeyondAFormsRangeAreRefused) {
     EXPECT_EQ(AddNewCalcField(session, "A+B", SECTION_DETAIL_1, "", 32760, 450), -1);
     EXPECT_EQ(FieldsInUse(), 0);
     EXPECT_EQ(session->form.TotalItems, 4);
+}
+
+TEST_F(FieldItems, FormThatTheHostChangesWhileItIsAskedTakesNoField) {
+    void (*const changes[])(Session *) = {
+        [](Session *s) { s->form.TotalItems = MAX_ITEMS; },
+        [](Session *s) { s->form.Sections[SECTION_DETAIL_1].InUse = 0; },
+        [](Session *s) { DesignerOf(s).PendingCommand = 608; },
+        [](Session *s) { s->State = STATE_ENDING; },
+    };
+    changed = session;
+    session->FormBlock.CheckFieldProc = CheckAndChange;
+    const auto state = session->State;
+    for (const auto change : changes) {
+        for (const bool calculation : {false, true}) {
+            apply = change;
+            EXPECT_EQ(calculation ? Calc("A", SECTION_DETAIL_1)
+                                  : Data("A", SECTION_DETAIL_1, 100, 450),
+                      -1);
+            if (session->State == STATE_ENDING) session->form.FieldCount = 0;
+            session->State = state;
+            session->form.TotalItems = 4;
+            session->form.Sections[SECTION_DETAIL_1].InUse = 1;
+            DesignerOf(session).PendingCommand = IDLE;
+            EXPECT_EQ(FieldsInUse(), 0);
+        }
+    }
 }
