@@ -4,6 +4,7 @@
 #include "designer/designer_state.h"
 #include "designer/ending.h"
 #include "designer/window.h"
+#include "form/field_sample.h"
 #include "frame/boundary.h"
 #include "frame/session_table.h"
 #include "frame/text.h"
@@ -34,12 +35,23 @@ void TakeFormParams(Session *session, const FormParams &params) {
     session->OutputToScreen = 1;
 }
 
+// Forms that no designer made, and those of programs, may lack the samples of their fields. They
+// are what is seen of a field, and no change of the form.
+void FillSamples(Session *session) {
+    for (int row = 0; row < session->form.TotalItems; ++row) {
+        ItemRecord &item = session->form.Items[row];
+        if (item.ItemType == ITEM_FIELD && !*item.LabelText)
+            CreateFieldLabel(session, item.FieldIndex, item.LabelText, item.width, item.FontIndex);
+    }
+}
+
 int OpenDesigner(Session *session) {
     const FormParams &block = session->FormBlock;
     DesignerOf(session); // before the first message of its window
     const int code = CreateFormWindow(session, block.WindowStyle, block.WindowX, block.WindowY,
                                       block.WindowWidth, block.WindowHeight);
     if (code) return code;
+    FillSamples(session);
     LayOutCanvas(session);
     RepaintAll(session);
     return CODE_DONE;

@@ -227,6 +227,7 @@ namespace {
 
 void TakeColumn(const FieldRecord &column, FieldRecord *record) {
     lstrcpynA(record->FieldName, column.FieldName, sizeof record->FieldName);
+    lstrcpynA(record->Caption, column.FieldName, sizeof record->Caption);
     record->HostTable = column.HostTable;
     record->HostField = column.HostField;
     record->ValueType = column.ValueType;

@@ -221,7 +221,8 @@ private:
             static_cast<uint16_t>(TakeName(symbol_names, place, "symbol", SYMBOL_NONE));
         field.SymbolWhen = static_cast<uint16_t>(TakeSet(symbol_flags, place, "symbol when", 0));
         field.FieldFlags = static_cast<uint16_t>(TakeSet(field_flags, place, "flags", 0));
-        AppendField(&form_, field, place);
+        const int row = AppendField(&form_, field, place);
+        if (place.Has("caption")) captioned_.insert(row);
     }
 
     // A system field is found by its name, and has the type of that field.
@@ -279,6 +280,12 @@ private:
         place.Fail("the form has no field \"" + place.Text() + "\"; add it to \"fields\"");
     }
 
+    // A designer shows the caption on the bars of the section that sorts by the field.
+    void CaptionField(int row) {
+        FieldRecord &field = form_.fields[static_cast<size_t>(row)];
+        std::memcpy(field.Caption, field.FieldName, sizeof field.Caption - 1);
+    }
+
     void TakeBreak(const JsonPlace &place) {
         if (form_.breaks.size() == MAX_BREAKS) place.Fail("a form has at most 9 breaks");
         BreakFieldRecord row{};
@@ -287,6 +294,7 @@ private:
             place.At("section").Fail("a break belongs to a sort header");
         row.SortField = FieldRow(place.At("sort"));
         row.BreakField = place.Has("break") ? FieldRow(place.At("break")) : row.SortField;
+        if (!captioned_.count(row.SortField)) CaptionField(row.SortField);
         form_.breaks.push_back(row);
     }
 
@@ -425,7 +433,8 @@ private:
     FormImage form_;
     std::vector<int> user_rows_; // in the order of the JSON
     std::vector<std::string> font_names_;
-    int y_ = 0; // where the next section or the items of this one begin
+    std::set<int> captioned_; // rows of fields whose caption the JSON gives
+    int y_ = 0;               // where the next section or the items of this one begin
     int last_section_ = -1;
     bool has_group_ = false;
 };

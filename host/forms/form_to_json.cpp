@@ -1,5 +1,7 @@
 #include "host/forms/form_to_json.h"
 
+#include <algorithm>
+
 #include "host/forms/expression_text.h"
 #include "host/forms/form_check.h"
 #include "host/forms/form_members.h"
@@ -75,7 +77,14 @@ Json DumpFont(const FontImage &font) {
     return object;
 }
 
-Json DumpField(const FormImage &form, const FieldRecord &field) {
+bool IsSortedBy(const FormImage &form, size_t row) {
+    return std::ranges::any_of(form.breaks, [row](const BreakFieldRecord &level) {
+        return level.SortField == static_cast<int>(row);
+    });
+}
+
+Json DumpField(const FormImage &form, size_t row) {
+    const FieldRecord &field = form.fields[row];
     if (field.FieldKind == FIELD_FREE)
         return {{"kind", "free"}}; // what else it holds means nothing
     const FieldRecord usual = DefaultField();
@@ -84,6 +93,7 @@ Json DumpField(const FormImage &form, const FieldRecord &field) {
     DumpName(kind_names, field.FieldKind, FIELD_DATA, "kind", &object);
     DumpName(type_names, field.ValueType, TYPE_TEXT, "type", &object);
     Dump(field_members, &field, &usual, &object);
+    if (!*field.Caption && IsSortedBy(form, row)) object["caption"] = ""; // not the field's name
     DumpName(summary_names, field.SummaryType, SUMMARY_VALUE, "summary", &object);
     DumpName(symbol_names, field.SymbolKind, SYMBOL_NONE, "symbol", &object);
     DumpSet(symbol_flags, field.SymbolWhen, 0, "symbol when", &object);
@@ -159,7 +169,7 @@ std::string JsonFromForm(const std::string &path, const FormImage &form) {
     root["form"] = DumpHeader(form);
     for (const FontImage &font : form.fonts) root["fonts"].push_back(DumpFont(font));
     for (size_t row = 0; row < form.fields.size(); ++row)
-        if (row != 0 && row != 32) root["fields"].push_back(DumpField(form, form.fields[row]));
+        if (row != 0 && row != 32) root["fields"].push_back(DumpField(form, row));
     for (int row = 0; row < MAX_USER_FIELDS; ++row)
         if (form.users[row].InUse)
             root["user fields"].push_back(DumpUser(form, form.users[row], row));

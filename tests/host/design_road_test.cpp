@@ -120,6 +120,7 @@ TEST_F(DesignRoad, FormLaidOutFromNothingGivesTheReportWithItsTotals) {
     PutInto(SECTION_DETAIL_1, 900);
     boxes.OnDialog("Field of Sort Level 1", [](DialogDriver dialog) { Choose(dialog, "REGION"); });
     NewSection("Sort Header 1");
+    EXPECT_STREQ(Desk().Fields[Desk().Breaks[0].SortField].Caption, "REGION"); // on its bar
     NewSection("Sort Footer 1");
     NewField("AREA");
     PutInto(SECTION_SORT_FOOTER_1, 900);

@@ -157,3 +157,27 @@ TEST(FormRoundTrip, BitsAndNumbersThatHaveNoWordAreKept) {
     EXPECT_EQ(+built.fields[1].FieldFlags, 0x8001);
     EXPECT_EQ(+built.fields[2].SummaryType, 77);
 }
+
+TEST(FormRoundTrip, SortFieldIsCaptionedByItsNameUnlessTheJsonSaysOtherwise) {
+    const TemporaryFolder folder;
+    const std::string form = R"json({
+      "form": {},
+      "fields": [ { "name": "REGION" }, { "name": "CITY", "caption": "Town" },
+                  { "name": "STREET", "caption": "" }, { "name": "HOUSE" } ],
+      "breaks": [ { "section": "Sort Header 1", "sort": "REGION", "break": "HOUSE" },
+                  { "section": "Sort Header 2", "sort": "CITY" },
+                  { "section": "Sort Header 3", "sort": "STREET" } ],
+      "sections": [ { "section": "Sort Header 1", "height": 50 },
+                    { "section": "Sort Header 2", "height": 50 },
+                    { "section": "Sort Header 3", "height": 50 },
+                    { "section": "Detail Section 1", "height": 50 } ] })json";
+    const std::string bytes = FormBytes(FormFromJson("f.json", form, ""));
+    const FormImage built = ImageOf(folder, bytes);
+    EXPECT_STREQ(built.fields[1].Caption, "REGION");
+    EXPECT_STREQ(built.fields[2].Caption, "Town");
+    EXPECT_STREQ(built.fields[3].Caption, "");
+    EXPECT_STREQ(built.fields[4].Caption, "");
+    const Again again(folder, bytes);
+    EXPECT_TRUE(bytes == again.built);
+    EXPECT_EQ(again.first, again.second);
+}
