@@ -91,7 +91,7 @@ TEST_F(ArrangeWindow, SessionThatEndsOnTheWayToTheMiddleMovesNothing) {
     const int x = Item("Gamma").x;
     ended = session;
     host_data.LabelSelectedCallback = EndOverLabel;
-    CenterItem(session);
+    EXPECT_EQ(Copies([&] { CenterItem(session); }), 1);
     host_data.LabelSelectedCallback = nullptr;
     EXPECT_EQ(session->State, STATE_ENDING);
     session->State = STATE_FORM_OPEN;
