@@ -25,6 +25,7 @@ struct Designer {
     RECT HandleRects[HANDLES]; // one whose left equals its right is switched off
     RECT FocusRect;            // what the user sees and drags
     uint32_t FocusVisible;     // the dotted rectangle is now on the screen
+    uint32_t HasInput;         // the window is known to have the focus of the keyboard
     int32_t PaintMode;         // what the next repaint covers
     uint32_t HoverOnly;        // a pointer move only chooses the cursor
     uint32_t OutOfBounds; // the item last clicked lay outside the limits: right and bottom are free

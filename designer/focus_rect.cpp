@@ -23,6 +23,14 @@ void Trace(const Session *session, HDC device, const RECT &r) {
     SelectObject(device, pen);
 }
 
+// To ask the system, even who has the focus, costs more than the lines do.
+void TakeInput(Session *session) {
+    if (DesignerOf(session).HasInput) return;
+    // A window that has it already hears nothing.
+    if (SetFocus(session->Window) == session->Window) DesignerOf(session).HasInput = 1;
+    RaisePending(session);
+}
+
 } // namespace
 
 int FrDrawFocusRect(Session *session, HDC device, const RECT &rectangle) {
@@ -31,8 +39,7 @@ int FrDrawFocusRect(Session *session, HDC device, const RECT &rectangle) {
     if (designer.FocusVisible) return 1;
     Trace(session, device, rectangle);
     designer.FocusVisible = 1;
-    SetFocus(session->Window);
-    RaisePending(session);
+    TakeInput(session);
     return 1;
 }
 

@@ -44,6 +44,7 @@ Reply OnLastMessage(Session *session, WPARAM, LPARAM) {
 }
 
 Reply OnFocus(Session *session, WPARAM, LPARAM) {
+    DesignerOf(session).HasInput = 1;
     DesignerOf(session).PaintMode = PAINT_RULERS;
     InvalidateRect(session->Window, nullptr, FALSE);
     return HANDLED;
@@ -51,6 +52,7 @@ Reply OnFocus(Session *session, WPARAM, LPARAM) {
 
 // The dotted rectangle stays on the screen while the focus is elsewhere.
 Reply OnFocusLost(Session *session, WPARAM, LPARAM) {
+    DesignerOf(session).HasInput = 0;
     if (Selected(session))
         FrDrawFocusRect(session, session->drawing.ScreenDC, DesignerOf(session).FocusRect);
     return HANDLED;

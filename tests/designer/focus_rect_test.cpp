@@ -30,6 +30,14 @@ BOOL WINAPI CountLines(HDC, const POINT *, int) {
     return TRUE;
 }
 
+int asked; // for the focus
+HWND(WINAPI *ask)(HWND);
+
+HWND WINAPI CountAsking(HWND window) {
+    ++asked;
+    return ask(window);
+}
+
 } // namespace
 
 TEST_F(FocusRectangle, DrawnAndErasedLeavesTheScreenAsItWas) {
@@ -74,6 +82,36 @@ TEST_F(FocusRectangle, DrawingTakesTheInputAndErasingDoesNot) {
     State().FocusVisible = 1;
     HideFocus(session);
     EXPECT_EQ(GetFocus(), host.Get());
+}
+
+TEST_F(FocusRectangle, WindowThatHasTheInputDoesNotAskForItAgain) {
+    const auto draw = [&] {
+        asked = 0;
+        for (int step = 0; step < 3; ++step) {
+            ShowFocus(session);
+            HideFocus(session);
+        }
+        return asked;
+    };
+    ask = SetFocus;
+    const ReplacedCall counted("SetFocus", CountAsking);
+    SetFocus(host.Get());
+    EXPECT_EQ(draw(), 1);
+    EXPECT_EQ(GetFocus(), Window());
+    EXPECT_EQ(draw(), 0);
+    State().HasInput = 0; // taken while the window was deaf
+    EXPECT_EQ(draw(), 1);
+    SetFocus(host.Get());
+    EXPECT_EQ(draw(), 1);
+}
+
+TEST_F(FocusRectangle, WindowThatLosesTheInputTakesItBackWithTheDotsThatItDraws) {
+    session->form.SelectedItem = Row("Beta");
+    ShowFocus(session);
+    HideFocus(session);
+    SetFocus(host.Get());
+    EXPECT_EQ(State().FocusVisible, 1U);
+    EXPECT_EQ(GetFocus(), Window());
 }
 
 TEST_F(FocusRectangle, ContextKeepsItsPenAndItsMode) {
