@@ -50,7 +50,8 @@ struct Notice {
 
 Notice NoticeOf(const Session *session, ItemRecord *item) {
     if (item->ItemType == ITEM_LABEL) return {&editable_text, nullptr, item->LabelText};
-    if (item->ItemType != ITEM_FIELD) return {&no_text, nullptr, nullptr};
+    const bool named = item->FieldIndex >= 0 && item->FieldIndex < session->form.FieldCount;
+    if (item->ItemType != ITEM_FIELD || !named) return {&no_text, nullptr, nullptr};
     FieldRecord *field = &session->form.Fields[item->FieldIndex];
     return {field->FieldKind == FIELD_CALC ? &editable_text : &fixed_text, field, nullptr};
 }

@@ -46,6 +46,7 @@ protected:
     }
     void SetUp() override {
         PointerSession::SetUp();
+        session->form.FieldCount = 2;
         FieldRecord &field = session->form.Fields[1];
         field.FieldKind = FIELD_CALC;
         std::strcpy(field.FieldName, "CALC->SUM");
@@ -92,6 +93,14 @@ TEST_F(SelectionNotices, HostHearsWhatKindOfTextIsSelected) {
                  {"section", ITEM_BAR, FIELD_DATA, other},
                  {"group", ITEM_GROUP, FIELD_DATA, other}};
     for (const auto &c : cases) EXPECT_EQ(Of(Make(c.type, c.field_kind)), c.notices) << c.name;
+}
+
+TEST_F(SelectionNotices, ItemOfAHostsImpossibleFieldRowHasNoText) {
+    for (const int row : {-1, session->form.FieldCount, 32000}) {
+        const int item = Make(ITEM_FIELD, FIELD_DATA);
+        session->form.Items[item].FieldIndex = static_cast<int16_t>(row);
+        EXPECT_EQ(Of(item), (Notices{"714 0", "712 0", "713 0"})) << row;
+    }
 }
 
 TEST_F(SelectionNotices, TextMayBeEditedWhileTheHostsWordIsOne) {
