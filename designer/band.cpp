@@ -49,6 +49,7 @@ void BeginBand(Session *session, int x, int y) {
     ShowFocus(session);
     designer.PendingCommand = COMMAND_BAND;
     designer.HoverOnly = 0;
+    session->form.SelectedItem = NOTHING_SELECTED; // whatever the host did meanwhile
     designer.ActiveHandle = HANDLE_BOTTOM_RIGHT;
 }
 

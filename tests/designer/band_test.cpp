@@ -29,6 +29,13 @@ protected:
     }
 };
 
+Session *selects; // an item of it, whenever its edit control is emptied
+
+LRESULT CALLBACK SelectOnText(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_SETTEXT) SelectItem(selects, 0);
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
 } // namespace
 
 TEST_F(Band, PressAndReleaseWithoutAMoveStartsNone) {
@@ -52,6 +59,19 @@ TEST_F(Band, GoesFromThePressToThePointer) {
     Over(1100, 250);
     EXPECT_EQ(GetCursor(), session->device.ArrowCursor);
     EXPECT_EQ(Focus()[2], Seen(1100, 250).x);
+}
+
+TEST_F(Band, NothingIsSelectedUnderItWhateverTheHostSelectsAtItsStart) {
+    const HWND edit = CreateWindowExA(0, "EDIT", "", WS_CHILD, 0, 0, 100, 20, Window(), nullptr,
+                                      nullptr, nullptr);
+    SetWindowLongA(edit, GWLP_WNDPROC, reinterpret_cast<LONG>(SelectOnText));
+    Down(1000, 200);
+    selects = session;
+    session->Desk.EditWindow = edit;
+    Over(1200, 350);
+    session->Desk.EditWindow = nullptr;
+    EXPECT_EQ(State().PendingCommand, COMMAND_BAND);
+    EXPECT_EQ(session->form.SelectedItem, NOTHING_SELECTED);
 }
 
 TEST_F(Band, StartsInsideTheLimitsAlone) {
