@@ -39,8 +39,6 @@ void SizeLabelBar(Session *session) {
 }
 
 void TakeHostLabel(Session *session) {
-    if (!host_data.LabelChangedPtr || !*host_data.LabelChangedPtr) return;
-    *host_data.LabelChangedPtr = 0;
     FormHeader &header = session->form.Header;
     const LabelGeometry label =
         host_data.LabelGeometryPtr ? *host_data.LabelGeometryPtr : header.LabelGeometry;
@@ -50,6 +48,8 @@ void TakeHostLabel(Session *session) {
     SizeLabelBar(session);
     SetModified(session, 1);
 }
+
+bool LabelChanged() { return host_data.LabelChangedPtr && *host_data.LabelChangedPtr; }
 
 // ---- the repaint ----
 
@@ -108,13 +108,17 @@ void PaintSelection(Session *session, bool focus_shown) {
 } // namespace
 
 void LayOutCanvas(Session *session) {
-    TakeHostLabel(session);
+    if (LabelChanged()) {
+        TakeHostLabel(session);
+        if (host_data.LabelChangedPtr) *host_data.LabelChangedPtr = 0;
+    }
     session->view.RulerBandHeight = BandHeight(session);
     ResizeCanvas(session);
 }
 
 void RepaintCanvas(Session *session) {
     if (!session->view.PaintEnabled || !session->view.MemoryDC) return;
+    if (session->State == STATE_ENDING) return;
     Designer &designer = DesignerOf(session);
     const bool focus_shown = designer.FocusVisible;
     designer.FocusVisible = 0; // the copy covers it

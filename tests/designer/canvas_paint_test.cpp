@@ -7,7 +7,7 @@
 #include "designer/group.h"
 #include "designer/item_table.h"
 #include "designer/selection.h"
-#include "frame/fatal_error.h"
+#include "frame/boundary.h"
 #include "frame/host_data.h"
 #include "frame/session_table.h"
 #include "tests/support/client_picture.h"
@@ -61,6 +61,20 @@ HWND closing;
 
 void __stdcall CloseTheWindow(uint32_t, void *) { SendMessageA(closing, WM_CLOSE, 0, 0); }
 
+const uint32_t *word_at_notice; // that says that the label has changed
+uint32_t heard_word;
+Session *ended_at_notice;
+int selections;
+
+LRESULT CALLBACK HearModified(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == MESSAGE_MODIFIED) {
+        heard_word = *word_at_notice;
+        if (ended_at_notice) WantEnd(ended_at_notice);
+    }
+    selections += message == MESSAGE_MAY_EDIT;
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
 class HostLabel : public CanvasPaint {
 protected:
     HostLabel() {
@@ -70,6 +84,10 @@ protected:
         label.LabelWidth = 3.5F;
         label.LabelHeight = 1.25F;
         label.LabelsAcross = 2;
+        SetWindowLongA(host.Get(), GWLP_WNDPROC, reinterpret_cast<LONG>(HearModified));
+        word_at_notice = &changed;
+        heard_word = 0;
+        ended_at_notice = nullptr;
     }
     uint32_t changed = 0;
     uint32_t type = 9;
@@ -300,6 +318,26 @@ TEST_F(HostLabel, ChangedLabelIsTakenOverOnce) {
     label.LabelWidth = 1;
     LayOutCanvas(session);
     EXPECT_EQ(bar.width, 875);
+}
+
+TEST_F(HostLabel, WordStandsUntilTheHostHasHeardOfTheChange) {
+    session->form.FormModified = 0;
+    changed = 7;
+    LayOutCanvas(session);
+    EXPECT_EQ(heard_word, 7U);
+    EXPECT_EQ(changed, 0U);
+}
+
+TEST_F(HostLabel, HostThatEndsTheSessionOverItHearsOfNoSelection) {
+    session->form.FormModified = 0;
+    session->form.SelectedItem = Row("Beta");
+    changed = 1;
+    ended_at_notice = session;
+    selections = 0;
+    Send(WM_PAINT);
+    EXPECT_EQ(selections, 0);
+    EXPECT_FALSE(SessionStands(session));
+    session = nullptr;
 }
 
 TEST_F(HostLabel, LabelThatNobodyRaisedOrNobodyGivesChangesNothing) {
