@@ -7,6 +7,7 @@
 #include "designer/panel.h"
 #include "designer/rulers.h"
 #include "designer/section_fields.h"
+#include "form/sections.h"
 #include "paint/strokes.h"
 
 namespace tessarine {
@@ -34,6 +35,7 @@ std::string CaptionOf(const Session *session, int section) {
     const FormState &form = session->form;
     if (section < 0 || section >= MAX_SECTIONS) return "";
     const std::string name = TextOf(form.SectionNames[section]);
+    if (!IsSortHeader(section) && !IsSortFooter(section)) return name;
     const int row = FindBreak(session, section);
     if (row < 0 || row >= form.BreakCount) return name;
     const int field = form.Breaks[row].SortField;

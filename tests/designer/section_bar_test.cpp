@@ -61,6 +61,8 @@ TEST_F(SectionBar, RowsThatAHostHasSpoiledNameNoField) {
     EXPECT_EQ(Caption(2), Name(2));
     session->form.Breaks[0].SortField = -1;
     EXPECT_EQ(Caption(2), Name(2));
+    session->form.Breaks[0] = {1, 1, SECTION_DETAIL_1};
+    EXPECT_EQ(Caption(SECTION_DETAIL_1), Name(SECTION_DETAIL_1));
     EXPECT_EQ(Caption(-1), "");
     EXPECT_EQ(Caption(MAX_SECTIONS), "");
 }
