@@ -57,7 +57,7 @@ void ShareWithMembers(Session *session, const Edit &edit, const ItemRecord &grou
 
 void EditStyle(Session *session, const Edit &edit) {
     if (!edit.takes(session)) return;
-    if (!RunDialog(session, edit.dialog, edit.procedure, 0)) return;
+    if (RunDialog(session, edit.dialog, edit.procedure, 0) != DIALOG_OK) return;
     if (session->State == STATE_ENDING) return;
     const ItemRecord *item = Selected(session);
     if (item && item->ItemType == ITEM_GROUP) ShareWithMembers(session, edit, *item);

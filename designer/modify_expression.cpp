@@ -15,7 +15,6 @@ namespace {
 
 constexpr int MODE_WITH_DESCRIPTION = 3;
 constexpr int CANCELLED = -1;
-constexpr INT_PTR DIALOG_OK = 1;
 constexpr INT_PTR DIALOG_CANCEL = 0;
 
 void CopyCells(const Cell *from, Cell *to) {

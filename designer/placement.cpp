@@ -134,8 +134,8 @@ int SettlePlacement(Session *session, const ItemRecord &item) {
 
 void BeginLabel(Session *session) {
     *session->TextBuffer = 0;
-    if (!RunDialog(session, "NewLabelParam", NewLabelParam, 0)) return;
-    if (ItemRoomCheck(session) != ITEM_MAY_BEGIN) return;
+    if (RunDialog(session, "NewLabelParam", NewLabelParam, 0) != DIALOG_OK) return;
+    if (session->State == STATE_ENDING || ItemRoomCheck(session) != ITEM_MAY_BEGIN) return;
     EndText(session->TextBuffer);
     const SIZE size = LabelSize(session->form.Fonts[0], session->TextBuffer);
     BeginPlacement(session, COMMAND_NEW_LABEL, size.cy, size.cx);

@@ -179,8 +179,11 @@ void EditSection(Session *session) {
 void EditSectionFilter(Session *session) {
     const int section = SelectedSection(session);
     if (section == NO_SECTION) return;
-    EditCells(session, session->form.Sections[section].SectionFilter, "Section Selection Criteria",
-              MODE_FILTER);
+    SectionRecord &record = session->form.Sections[section];
+    EditCells(session, record.SectionFilter, "Section Selection Criteria", MODE_FILTER);
+    if (session->State == STATE_ENDING || record.InUse) return;
+    ReleaseSymbols(session, record.SectionFilter); // the section went under the dialog
+    record.SectionFilter[0] = CELL_END;
 }
 
 void EditReportFilter(Session *session) {

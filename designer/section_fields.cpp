@@ -16,7 +16,6 @@ namespace tessarine {
 
 namespace {
 
-constexpr int STORED = 1; // result of both dialogs
 constexpr int MODE_OTHER = 2;
 
 // A row of the break table under the hands of a dialog.
@@ -71,7 +70,7 @@ enum class Chosen { Nothing, Field, Calculation };
 Chosen ChooseBreak(Session *session, const BreakRow &row) {
     session->dialog.DialogRow = row.fields.BreakField;
     const INT_PTR result = RunDialog(session, "SecBreakParam", SecBreakParam, 0);
-    if (result < STORED || !Stands(session, row)) return Chosen::Nothing;
+    if (result < DIALOG_OK || !Stands(session, row)) return Chosen::Nothing;
     FieldRecord *field = &session->dialog.EditField;
     if (*field->FieldName) return Chosen::Field;
     BeginCalculation(field, row.place + 1);
@@ -149,7 +148,7 @@ int EditSortField(Session *session) {
     const bool equal =
         !std::strcmp(SortField(session, row).FieldName, BreakField(session, row).FieldName);
     session->dialog.DialogRow = row.fields.SortField;
-    const bool stored = RunDialog(session, "SecSortParam", SecSortParam, 0) == STORED;
+    const bool stored = RunDialog(session, "SecSortParam", SecSortParam, 0) == DIALOG_OK;
     if (stored && equal && Stands(session, row))
         FollowSort(SortField(session, row), &BreakField(session, row));
     return 1;

@@ -25,7 +25,7 @@ void CreateUserField(Session *session) {
     const int row = NewUserField(session);
     if (row == NONE_CHOSEN) return;
     session->dialog.DialogRow = row;
-    if (!RunDialog(session, "CreateDlgParam", CreateDlgParam, 0)) return;
+    if (RunDialog(session, "CreateDlgParam", CreateDlgParam, 0) != DIALOG_OK) return;
     if (session->State != STATE_ENDING) SettleUserField(session, row);
 }
 

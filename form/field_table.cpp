@@ -58,7 +58,10 @@ void ReleaseField(Session *session, int row) {
     }
     const bool shared = field->FieldFlags & FIELD_SHARED;
     if (shared && field->RefCount > 0) --field->RefCount;
-    if (!shared || field->RefCount < 1) FreeFieldSlot(session, row);
+    if (!shared || field->RefCount < 1) {
+        FreeFieldSlot(session, row);
+        field->FieldTokens[0] = CELL_END; // its editor, if one is open, releases what stands there
+    }
     SetModified(session, 1);
 }
 

@@ -12,6 +12,10 @@ struct DialogStart { // the creation parameter of every dialog
     LPARAM extra;
 };
 
+// The result of a dialog that has taken what its user said. Others aren't all a Cancel's: a dialog
+// that can't be shown gives -1.
+constexpr INT_PTR DIALOG_OK = 1;
+
 // Opens a modal dialog and returns its result. The owner is owner or, if null, the session's
 // window. A failure inside goes on unwinding here.
 INT_PTR RunDialog(Session *session, const char *templateName, DLGPROC procedure, LPARAM extra,

@@ -58,6 +58,7 @@ void Pick(HWND dialog, Session *session, int level) {
 }
 
 // What was typed goes to the field table if the host knows it.
+template <int16_t BreakFieldRecord::*Field>
 void TakeField(HWND dialog, Session *session, int level, const char *refusal) {
     FieldRecord field = session->dialog.EditField;
     char name[LONGEST_NAME + 1];
@@ -66,6 +67,10 @@ void TakeField(HWND dialog, Session *session, int level, const char *refusal) {
     if (!CheckHostField(session, dialog, &field, level)) {
         ShowBox(dialog, refusal);
         SetFocus(GetDlgItem(dialog, TEXT_INPUT));
+        return;
+    }
+    if (!FieldStands<Field>(session)) { // the host's routine has taken the row away
+        EndDialog(dialog, 0);
         return;
     }
     session->dialog.EditField = field;
@@ -84,7 +89,8 @@ bool OpenSort(HWND dialog, Session *session, LPARAM) {
 
 void PickSort(HWND dialog, Session *session) { Pick(dialog, session, SortLevel(session)); }
 void TakeSort(HWND dialog, Session *session) {
-    TakeField(dialog, session, SortLevel(session), "Invalid sort field.");
+    TakeField<&BreakFieldRecord::SortField>(dialog, session, SortLevel(session),
+                                            "Invalid sort field.");
 }
 
 bool OpenBreak(HWND dialog, Session *session, LPARAM) {
@@ -97,7 +103,7 @@ bool OpenBreak(HWND dialog, Session *session, LPARAM) {
 
 void PickBreak(HWND dialog, Session *session) { Pick(dialog, session, NO_LEVEL); }
 void TakeBreak(HWND dialog, Session *session) {
-    TakeField(dialog, session, NO_LEVEL, "Invalid break rield.");
+    TakeField<&BreakFieldRecord::BreakField>(dialog, session, NO_LEVEL, "Invalid break rield.");
 }
 void WantCalculation(HWND dialog, Session *session) {
     session->dialog.EditField.FieldName[0] = 0;

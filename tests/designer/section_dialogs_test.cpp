@@ -8,6 +8,14 @@ namespace {
 
 constexpr int SECOND_HEADER = SECTION_SORT_HEADER_1 + 1;
 
+Session *checking = nullptr;
+
+// A host's routine that lets the row go that the dialog works on.
+int32_t __stdcall CheckAndForget(HWND, FieldRecord *, int32_t, void *) {
+    checking->dialog.DialogRow = 30000;
+    return 1;
+}
+
 // A form sorted by two levels: the dialogs work on the second.
 class SectionDialogs : public DialogSession {
 protected:
@@ -162,6 +170,15 @@ TEST_F(SectionDialogs, FieldDialogsOnARowThatSortsNothingEndAtOnce) {
         EXPECT_EQ(RunDialog(session, "SecSortParam", SecSortParam, 0), 0);
         EXPECT_EQ(RunDialog(session, "SecBreakParam", SecBreakParam, 0), 0);
     }
+}
+
+TEST_F(SectionDialogs, RowThatTheHostTakesAwayWhileItChecksIsNotWritten) {
+    checking = session;
+    session->FormBlock.CheckFieldProc = CheckAndForget;
+    const auto ok = [](DialogDriver dialog) { dialog.Press(IDOK); };
+    EXPECT_EQ(Sort(ok), 0);
+    EXPECT_EQ(Break(ok), 0);
+    EXPECT_FALSE(Modified());
 }
 
 // ---- EditSecParam
