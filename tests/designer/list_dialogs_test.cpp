@@ -188,6 +188,29 @@ TEST_F(ListDialogs, FunctionGivesItsNameAndParenthesis) {
     EXPECT_STREQ(session->TextBuffer, "MAX(");
 }
 
+TEST_F(ListDialogs, FunctionsAreNotCutOffAndTheirColumnsStandApart) {
+    RunList(list_cases[FUNCTIONS], [](DialogDriver dialog) {
+        const HWND list = dialog.Control(LIST_CHOICE);
+        const HDC device = GetDC(list);
+        SelectObject(device, reinterpret_cast<HFONT>(SendMessageA(list, WM_GETFONT, 0, 0)));
+        RECT units{0, 0, 76, 8}; // to the second column
+        MapDialogRect(dialog, &units);
+        const INT stop = units.right;
+        RECT client{};
+        GetClientRect(list, &client);
+        for (const std::string &row : dialog.Rows(LIST_CHOICE)) {
+            const auto width = [&](const std::string &text) {
+                return LOWORD(GetTabbedTextExtentA(device, text.c_str(),
+                                                   static_cast<int>(text.size()), 1, &stop));
+            };
+            EXPECT_LT(width(row.substr(0, row.find('\t'))), stop) << row;
+            EXPECT_LE(width(row), client.right) << row;
+        }
+        ReleaseDC(list, device);
+        dialog.Press(IDCANCEL);
+    });
+}
+
 TEST_F(ListDialogs, FunctionThatNothingMatchesGivesNone) {
     session->form.OperatorTable[0] = session->form.OperatorTable[OPERATOR_ROWS - 1];
     session->form.OperatorTable[0].HelpLine = const_cast<char *>("nothing\tat all");
