@@ -99,11 +99,12 @@ private:
 enum class Written { Nothing, Empty, Expression };
 
 Written WriteCalculation(Session *session, const BreakRow &row) {
-    FieldRecord *field = &session->dialog.EditField;
-    const int type = EditCells(session, field->FieldTokens, field->FieldName, MODE_OTHER);
+    FieldRecord field = session->dialog.EditField; // under the dialog another may be edited there
+    const int type = EditCells(session, field.FieldTokens, field.FieldName, MODE_OTHER);
     if (type == CELLS_KEPT || !Stands(session, row)) return Written::Nothing;
-    field->ValueType = static_cast<int16_t>(type);
-    return field->FieldTokens[0] == CELL_END ? Written::Empty : Written::Expression;
+    field.ValueType = static_cast<int16_t>(type);
+    session->dialog.EditField = field;
+    return field.FieldTokens[0] == CELL_END ? Written::Empty : Written::Expression;
 }
 
 // True when EditField holds the new break.

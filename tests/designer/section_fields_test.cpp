@@ -276,6 +276,19 @@ TEST_F(SectionFields, DeletingTheHeaderGivesUpItsCalculation) {
     EXPECT_EQ(References("AMOUNT"), 0);
 }
 
+TEST_F(SectionFields, AFieldThatIsEditedUnderTheExpressionDoesNotMixWithIt) {
+    const auto edits_another = [this](DialogDriver dialog) {
+        EditSortField(session);
+        Writes("AMOUNT+1")(dialog);
+    };
+    Breaks({{BreakTitle(), Presses(BREAK_ON_CALCULATION)},
+            {"COMP_EXP1", edits_another},
+            {SortTitle(), SeesAndCancels("NAME")}});
+    EXPECT_EQ(BreakField().FieldKind, FIELD_CALC);
+    EXPECT_STREQ(BreakField().FieldName, "COMP_EXP1");
+    EXPECT_EQ(TextOf(BreakField().FieldTokens), "AMOUNT+1");
+}
+
 TEST_F(SectionFields, ASectionThatGoesUnderTheDialogIsLeftAlone) {
     Choose(HEADER + 1);
     const auto deletes = [this](DialogDriver dialog) {
