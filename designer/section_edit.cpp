@@ -157,7 +157,7 @@ int DeleteSection(Session *session, int noConfirm) {
     }
     if (!noConfirm && !Confirmed(session, section)) return 0;
     SetModified(session, 1); // first, while the host still sees a form that agrees with itself
-    if (session->State == STATE_ENDING || !RemoveSection(session, section)) return 0;
+    if (!MayStillGo(session, section) || !RemoveSection(session, section)) return 0;
     session->form.SelectedItem = NO_ROW;
     RepaintCanvas(session);
     return 1;

@@ -283,6 +283,20 @@ TEST_F(SectionCommands, WithoutASelectionNoFilterIsAsked) {
     EXPECT_EQ(session->form.FormModified, 0u);
 }
 
+TEST_F(SectionCommands, AFilterWhoseSectionGoesUnderTheDialogHoldsNothing) {
+    StartOn(TwoSections());
+    Choose(SECTION_DETAIL_1);
+    boxes.OnDialog("Section Selection Criteria", [this](HWND dialog) {
+        EXPECT_EQ(DeleteSection(session, 1), 1);
+        DialogDriver(dialog).SetText(EXPRESSION_TEXT, "AMOUNT>12");
+        DialogDriver(dialog).Press(IDOK);
+    });
+    EditSectionFilter(session);
+    EXPECT_EQ(FilterOf(SECTION_DETAIL_1), "");
+    for (int row = 0; row < session->form.FieldCount; ++row)
+        EXPECT_EQ(session->form.Fields[row].InUse, 0) << row;
+}
+
 TEST_F(SectionCommands, TheReportFilterSetsItsFlagWhileItHoldsSomething) {
     StartOn(TwoSections());
     FormHeader &header = session->form.Header;
