@@ -159,6 +159,7 @@ bool HasRoomForSection(const Session *session) {
 
 int InsertSection(Session *session, int section) {
     FormState &form = session->form;
+    DropUndo(session); // of a table with other sections
     const int row = RowForBar(session, section);
     const ItemRecord bar = MakeBar(session, section, TopOfNew(session, row));
     DropUndo(session); // which would lose the row again
@@ -174,6 +175,7 @@ int InsertSection(Session *session, int section) {
 bool RemoveSection(Session *session, int section) {
     const PausedPainting paused(session);
     if (!DeleteItemsOf(session, section)) return false;
+    DropUndo(session);
     const bool homeless = GroupLiesIn(session, section);
     RemoveBar(session, section);
     SettleGroup(session, homeless);

@@ -21,6 +21,14 @@ namespace {
 
 constexpr int BAND = 400; // below the caption, in the form of the fixture
 
+Session *hearing = nullptr;
+
+// A host that deletes the selected section as soon as it hears that the form changes.
+LRESULT CALLBACK DeleteOnHearing(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == MESSAGE_MODIFIED) DeleteSection(hearing, 1);
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
 class SectionEdit : public DesignerSession {
 protected:
     SectionEdit() {
@@ -377,6 +385,27 @@ TEST_F(SectionEdit, WhatMustStayIsToldBeforeAnyQuestion) {
     boxes.Clear();
     EXPECT_EQ(Delete(SECTION_DETAIL_1, 0), 0);
     EXPECT_EQ(boxes.Texts(), std::vector<std::string>{"Cannot delete the last section."});
+}
+
+TEST_F(SectionEdit, ASectionThatTheHostDeletesAsItHearsOfTheChangeIsNotDeletedTwice) {
+    StartOn(TwoSections());
+    hearing = session;
+    SetWindowLongA(host.Get(), GWL_WNDPROC, reinterpret_cast<LONG>(DeleteOnHearing));
+    EXPECT_EQ(Delete(SECTION_PAGE_HEADER), 0);
+    EXPECT_EQ(session->form.Sections[SECTION_PAGE_HEADER].InUse, 0);
+    EXPECT_TRUE(boxes.Log().empty());
+    ExpectBands();
+}
+
+TEST_F(SectionEdit, AnArrangementOfOtherSectionsIsNotUndone) {
+    StartOn(TwoSections());
+    SaveUndo(session);
+    Add(SECTION_PAGE_FOOTER);
+    EXPECT_EQ(DesignerOf(session).UndoImage, nullptr);
+    Add(SECTION_REPORT_HEADER);
+    SaveUndo(session);
+    Delete(SECTION_REPORT_HEADER);
+    EXPECT_EQ(DesignerOf(session).UndoImage, nullptr);
 }
 
 TEST_F(SectionEdit, NothingSelectedDeletesNothing) {
