@@ -76,7 +76,7 @@ void NewItemRect(Session *session, int height, int width, RECT *rectangle, int x
     RECT area = PlacingArea(session);
     if (!free) {
         area = CutToView(session, area);
-        width = AtMost(width, area.right - area.left);
+        if (width >= 0) width = AtMost(width, area.right - area.left);
         height = AtMost(height, area.bottom - area.top);
     }
     rectangle->left = x >= 0 ? x : (area.left + area.right - width) / 2;

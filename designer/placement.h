@@ -12,7 +12,8 @@ int ItemRoomCheck(Session *session);
 constexpr int ITEM_MAY_BEGIN = -1; // of ItemRoomCheck
 
 // Centres a rectangle of the size in the area for new items, or puts it at x or y where these
-// aren't negative. Unless free, it is cut to what is on view.
+// aren't negative. Unless free, it is cut to what is on view. A copied block may have a negative
+// width, and keeps it: where its items go hangs on that.
 void NewItemRect(Session *session, int height, int width, RECT *rectangle, int x, int y, bool free);
 // Shows a rectangle of the size in the middle of the view, the pointer on it.
 void BeginPlacement(Session *session, int command, int height, int width);

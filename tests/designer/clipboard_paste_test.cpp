@@ -221,6 +221,22 @@ TEST_F(ClipboardPaste, ARectangleOfTheBlockFollowsThePointer) {
     EXPECT_EQ(session->form.SelectedItem, NOTHING_SELECTED);
 }
 
+// Its left edge is the top of a row that lies above the first.
+TEST_F(ClipboardPaste, ABlockWhoseLeftEdgeIsBehindItsRightKeepsItsNegativeWidth) {
+    Open();
+    ChooseAll();
+    session->form.Items[GroupRow(session)].height = 3000;
+    Item("Alpha").y = 2600;
+    session->form.Items[RowOfType(ITEM_LINE)].y = 2550;
+    Copy(GroupRow(session));
+    BeginPaste(session);
+    const Designer &designer = DesignerOf(session);
+    EXPECT_EQ(designer.ClipWidth, 1500 - 2550);
+    EXPECT_EQ(designer.FocusRect.right - designer.FocusRect.left, 1500 - 2550);
+    EXPECT_EQ(designer.FocusVisible, 0u);
+    EXPECT_EQ(designer.PendingCommand, COMMAND_PASTE);
+}
+
 TEST_F(ClipboardPaste, APressPutsTheBlockDown) {
     Open();
     Copy(Row("Gamma"));
