@@ -20,6 +20,11 @@ bool IsPictureOf(const ItemRecord &item, int picture) {
     return item.ItemType == ITEM_PICTURE && item.FontIndex == picture;
 }
 
+// A picture that was given up for want of rows may have left its row to a font.
+bool HoldsPicture(const Session *session, int row) {
+    return row > 0 && row < MAX_FONTS && session->form.Fonts[row].IsPicture;
+}
+
 // By an item of the form, or by a copy that can still be pasted.
 bool IsPictureUsed(Session *session, int picture) {
     const Designer &designer = DesignerOf(session);
@@ -35,7 +40,8 @@ void DeleteRow(Session *session, int row) {
     const ItemRecord item = session->form.Items[row];
     ShiftItems(session, row, 1, SHIFT_REMOVE);
     if (item.ItemType == ITEM_FIELD) ReleaseField(session, item.FieldIndex);
-    if (item.ItemType == ITEM_PICTURE && !IsPictureUsed(session, item.FontIndex))
+    if (item.ItemType == ITEM_PICTURE && HoldsPicture(session, item.FontIndex) &&
+        !IsPictureUsed(session, item.FontIndex))
         ReleaseFontRow(session, item.FontIndex);
 }
 

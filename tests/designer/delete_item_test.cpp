@@ -77,6 +77,14 @@ TEST_F(Delete, PictureStaysForOtherItemsOfItsRowThatAreNoPictures) {
     EXPECT_FALSE(HasPicture());
 }
 
+TEST_F(Delete, FontStaysThatTookTheRowOfAPictureGivenUp) {
+    AddPicture("p");
+    session->form.Fonts[PICTURE].IsPicture = 0;
+    Item("a").FontIndex = PICTURE;
+    DeleteOf("p");
+    EXPECT_EQ(session->form.Fonts[PICTURE].InUse, 1u);
+}
+
 TEST_F(Delete, PictureStaysForACutCopyOfItsItem) {
     AddPicture("p");
     auto *copy = static_cast<ItemRecord *>(OurAlloc(sizeof(ItemRecord)));
