@@ -1,7 +1,5 @@
 #include "designer/picture_items.h"
 
-#include <algorithm>
-#include <cstdlib>
 #include <limits>
 
 #include "commands.h"
@@ -27,8 +25,6 @@ namespace {
 
 constexpr int NO_PICTURE = -1;
 constexpr WORD SIGNATURE = 19778; // BM
-constexpr int POINTS_PER_INCH = 72;
-constexpr int MOST_POINTS = std::numeric_limits<uint16_t>::max(); // that a form file holds
 constexpr const char *NOT_AVAILABLE = "Not Available";
 constexpr const char *NO_MEMORY = "Ran Out of Memory";
 constexpr int64_t MOST_BYTES = std::numeric_limits<int32_t>::max();
@@ -109,11 +105,6 @@ HANDLE AskBitmapFile(Session *session, BITMAPFILEHEADER *header) {
     return INVALID_HANDLE_VALUE;
 }
 
-uint32_t Points(LONG pixels, int pixels_per_inch) {
-    const int64_t points = std::abs(int64_t{pixels}) * POINTS_PER_INCH / pixels_per_inch;
-    return static_cast<uint32_t>(std::min<int64_t>(points, MOST_POINTS));
-}
-
 // What follows the file's header: the information block and, to the end, the bits. What is wrong
 // with it, or null.
 const char *ReadPicture(const Session *session, HANDLE file, DWORD offset, FontEntry *picture) {
@@ -124,8 +115,8 @@ const char *ReadPicture(const Session *session, HANDLE file, DWORD offset, FontE
     if (info_size <= 0 || bits_size < 0 || length.QuadPart > MOST_BYTES) return NO_MEMORY;
     picture->InfoSize = static_cast<uint32_t>(info_size);
     picture->BitsSize = static_cast<uint32_t>(bits_size);
-    OwnedBlock bits(sAlloc(picture->BitsSize));
-    OwnedBlock info(sAlloc(picture->InfoSize));
+    OwnedBlock bits(QuietAlloc(picture->BitsSize));
+    OwnedBlock info(QuietAlloc(picture->InfoSize));
     const LockedBlock bits_lock(bits.Get());
     const LockedBlock info_lock(info.Get());
     if (!bits_lock.Get() || !info_lock.Get()) return NO_MEMORY;
@@ -135,8 +126,8 @@ const char *ReadPicture(const Session *session, HANDLE file, DWORD offset, FontE
         return NO_MEMORY;
     if (!MendBitmap(header, picture->InfoSize, bits_lock.Get(), picture->BitsSize))
         return "Unrecognized Bitmap File Format!";
-    picture->PointHeight = Points(header->bmiHeader.biHeight, session->drawing.LogPixelsY);
-    picture->PointWidth = Points(header->bmiHeader.biWidth, session->drawing.LogPixelsX);
+    picture->PointHeight = PointsOf(header->bmiHeader.biHeight, session->drawing.LogPixelsY);
+    picture->PointWidth = PointsOf(header->bmiHeader.biWidth, session->drawing.LogPixelsX);
     picture->BitsBlock = bits.Leave();
     picture->InfoBlock = info.Leave();
     return nullptr;
@@ -170,6 +161,8 @@ int PictureFromFile(Session *session) {
     BITMAPFILEHEADER header;
     const OwnedFile file(AskBitmapFile(session, &header));
     if (!file || session->State == STATE_ENDING) return 0;
+    // Under the dialog the host may have begun to place something of its own.
+    if (DesignerOf(session).PendingCommand != IDLE) return 0;
     FontEntry picture{};
     if (const char *fault = ReadPicture(session, file.Get(), header.bfOffBits, &picture))
         return Tell(session, fault);

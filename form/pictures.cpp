@@ -1,5 +1,9 @@
 #include "form/pictures.h"
 
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+
 #include "form/font_table.h"
 #include "frame/memory.h"
 #include "frame/message_box.h"
@@ -12,6 +16,7 @@ namespace {
 constexpr int NO_ROW = -1;
 constexpr uint32_t INFO_SIZE = 1064; // a header and 256 colours
 constexpr int POINTS_PER_INCH = 72;
+constexpr int MOST_POINTS = std::numeric_limits<uint16_t>::max(); // that a form file holds
 
 // Both blocks of a picture row, locked for as long as it stands.
 class LockedPicture {
@@ -87,6 +92,11 @@ bool MakeBits(Session *session, FontEntry *row, HDC screen, HBITMAP picture, con
 
 } // namespace
 
+uint32_t PointsOf(LONG pixels, int pixels_per_inch) {
+    const int64_t points = std::abs(int64_t{pixels}) * POINTS_PER_INCH / pixels_per_inch;
+    return static_cast<uint32_t>(std::min<int64_t>(points, MOST_POINTS));
+}
+
 int StoreBitmap(Session *session, HBITMAP bitmap) {
     const int number = FindFontRow(session);
     if (number == NO_ROW) return NO_ROW;
@@ -99,10 +109,8 @@ int StoreBitmap(Session *session, HBITMAP bitmap) {
         ReleaseFontRow(session, number);
         return NO_ROW;
     }
-    row->PointHeight = static_cast<uint32_t>(size.bmHeight * POINTS_PER_INCH /
-                                             GetDeviceCaps(screen.Get(), LOGPIXELSY));
-    row->PointWidth = static_cast<uint32_t>(size.bmWidth * POINTS_PER_INCH /
-                                            GetDeviceCaps(screen.Get(), LOGPIXELSX));
+    row->PointHeight = PointsOf(size.bmHeight, GetDeviceCaps(screen.Get(), LOGPIXELSY));
+    row->PointWidth = PointsOf(size.bmWidth, GetDeviceCaps(screen.Get(), LOGPIXELSX));
     row->IsPicture = 1;
     row->InUse = 1;
     return number;

@@ -69,6 +69,12 @@ HGLOBAL sAlloc(size_t size) {
                      "Memory Allocation Error (sAlloc)");
 }
 
+HGLOBAL QuietAlloc(size_t size) {
+    const HGLOBAL block = AllocationFails() ? nullptr : GlobalAlloc(GMEM_MOVEABLE, size);
+    if (block) ++live_blocks;
+    return block;
+}
+
 HGLOBAL sReAlloc(HGLOBAL handle, size_t size) {
     return Resized(AllocationFails() ? nullptr : GlobalReAlloc(handle, size + 1, GMEM_MOVEABLE),
                    "Memory Allocation Error (sReAlloc)");

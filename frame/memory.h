@@ -20,6 +20,9 @@ void *LockHandle(HGLOBAL handle);
 int UnlockHandle(HGLOBAL handle); // 1
 int FreeHandle(HGLOBAL handle);   // 1
 
+// A movable block of just this size without a message, for those who tell it in their own words.
+HGLOBAL QuietAlloc(size_t size);
+
 void *MemAlloc(size_t size);
 void *MemReAlloc(void *memory, size_t size);
 int MemFree(void *memory); // 1, also for null

@@ -7,6 +7,7 @@
 #include "commands.h"
 #include "designer/delete_item.h"
 #include "designer/designer_state.h"
+#include "designer/placement.h"
 #include "frame/memory.h"
 #include "tests/support/bitmaps.h"
 #include "tests/support/clipboard_form.h"
@@ -116,6 +117,14 @@ TEST_F(PictureItems, ABitmapOnTheClipboardBecomesARow) {
     EXPECT_EQ(Picture().PixelHeight, 48u);
     EXPECT_EQ(Picture().CharWidth[0], MulDiv(96, 250, session->drawing.LogPixelsX));
     EXPECT_EQ(GetOpenClipboardWindow(), nullptr);
+}
+
+TEST_F(PictureItems, APictureIsNoLargerThanAFormFileHolds) {
+    Open();
+    PutBitmap(100000, 1);
+    ASSERT_EQ(PictureFromClipboard(session), 1);
+    EXPECT_EQ(Picture().PixelWidth, 100000u);
+    EXPECT_EQ(Picture().PointWidth, 65535u);
 }
 
 TEST_F(PictureItems, AClipboardWithoutABitmapIsTold) {
@@ -256,7 +265,7 @@ TEST_F(PictureItems, BadFilesAreRefusedAndLeaveNothing) {
         {"an old information block", With(INFO_SIZE, 12), FORMAT},
         {"a newer information block", With(INFO_SIZE, 124), FORMAT},
         {"the file's header alone", sample.substr(0, 14), MEMORY},
-        {"no bits", sample.substr(0, 54), FORMAT},
+        {"no bits", sample.substr(0, 54), MEMORY},
         {"bits cut short", sample.substr(0, sample.size() - 1), FORMAT},
         {"no width", With(INFO_SIZE + 4, 0), FORMAT},
         {"a huge width", With(INFO_SIZE + 4, 0x7FFFFFFF), FORMAT},
@@ -304,7 +313,7 @@ TEST_F(PictureItems, EachFailingAllocationOfAFilesPictureLeavesNoRow) {
         FailAllocation(number);
         EXPECT_EQ(Take(SampleFile()), 0);
         FailAllocation(0);
-        EXPECT_EQ(boxes.LastText(), "Ran Out of Memory");
+        EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"", "Ran Out of Memory", {IDOK}}}));
         EXPECT_EQ(PictureRows(), 0);
         EXPECT_EQ(LiveBlocks(), blocks);
     }
@@ -332,6 +341,20 @@ TEST_F(PictureItems, ARowThatIsTakenUnderTheDialogIsLeftAlone) {
     EXPECT_EQ(PictureFromFile(session), 1);
     EXPECT_NE(DesignerOf(session).NewPicture, taken);
     EXPECT_EQ(session->form.Fonts[taken].IsPicture, 0u);
+}
+
+TEST_F(PictureItems, APlacementThatTheHostBeganUnderTheDialogGoesOn) {
+    Open();
+    const std::string path = PutFile(SampleFile());
+    boxes.OnDialog(DIALOG, [&](HWND dialog) {
+        BeginLine(session);
+        DialogDriver(dialog).SetText(FILE_NAME, path);
+        DialogDriver(dialog).Press(IDOK);
+    });
+    BeginPicture(session, COMMAND_PICTURE_FILE);
+    EXPECT_EQ(DesignerOf(session).PendingCommand, COMMAND_NEW_LINE);
+    EXPECT_EQ(PictureRows(), 0);
+    EXPECT_TRUE(boxes.Log().empty());
 }
 
 TEST_F(PictureItems, ManyPicturesComeAndGoAndNothingGrows) {
