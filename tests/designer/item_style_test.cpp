@@ -170,6 +170,14 @@ TEST_F(ItemStyle, CancelChangesNothing) {
     EXPECT_EQ(session->form.FormModified, 0u);
 }
 
+TEST_F(ItemStyle, DialogThatCannotBeOpenedChangesNothing) {
+    const FailingCall fails("DialogBoxParamA", DialogBoxParamA, -1, 1, EVERY_CALL);
+    SelectGroup();
+    for (const auto edit : {EditPosition, EditOutline, EditBackground}) edit(session);
+    EXPECT_EQ(fails.Seen(), 3);
+    EXPECT_EQ(session->form.FormModified, 0u);
+}
+
 TEST_F(ItemStyle, NothingIsEditedWithoutASelection) {
     const ScriptedDialogs dialogs;
     session->form.SelectedItem = NOTHING_SELECTED;

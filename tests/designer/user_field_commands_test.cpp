@@ -5,6 +5,7 @@
 #include "commands.h"
 #include "frame/text.h"
 #include "tests/support/designer_session.h"
+#include "tests/support/failing_call.h"
 
 using namespace tessarine;
 
@@ -64,6 +65,14 @@ TEST_F(UserFieldCommands, CancelledFieldIsNotMade) {
     EXPECT_EQ(+User(0).InUse, 0);
     EXPECT_EQ(session->form.UserFieldCount, 0);
     EXPECT_EQ(session->form.FormModified, 0u);
+}
+
+TEST_F(UserFieldCommands, FieldWhoseDialogCannotBeOpenedIsNotMade) {
+    const FailingCall fails("DialogBoxParamA", DialogBoxParamA, -1);
+    Command(COMMAND_CREATE_USER_FIELD);
+    EXPECT_EQ(fails.Seen(), 1);
+    EXPECT_EQ(+User(0).InUse, 0);
+    EXPECT_EQ(session->form.UserFieldCount, 0);
 }
 
 TEST_F(UserFieldCommands, FullTableIsTold) {
