@@ -10,9 +10,11 @@
 #include "designer/dialogs/list_dialogs.h"
 #include "designer/field_edit.h"
 #include "designer/field_records.h"
+#include "designer/focus_rect.h"
 #include "designer/item_font.h"
 #include "designer/item_table.h"
 #include "designer/placement.h"
+#include "designer/tracking.h"
 #include "designer/user_field_commands.h"
 #include "form/field_sample.h"
 #include "form/field_table.h"
@@ -135,8 +137,13 @@ void BeginField(Session *session, int command) {
     ShowPlacement(session, command);
 }
 
+// A host may have released the field while it was being placed.
 void PlaceField(Session *session) {
     const int field = DesignerOf(session).NewField;
+    if (field >= session->form.FieldCount || !session->form.Fields[field].InUse) {
+        HideFocus(session);
+        return EndGesture(session);
+    }
     const bool bar_code = session->form.Fields[field].FieldFlags & FIELD_POSTNET;
     ItemRecord item = ItemAtFocus(session, ITEM_FIELD);
     GiveField(session, field, &item);

@@ -278,6 +278,20 @@ TEST_F(FieldPlacement, UserFieldTakesItsRowOfTheUsersTable) {
     EXPECT_EQ(+New().SummaryType, SUMMARY_TOTAL);
 }
 
+TEST_F(FieldPlacement, UserFieldThatWasDeletedBeforeTheClickIsNotPlaced) {
+    AddUserField("COUNTRY", TYPE_TEXT, 12);
+    boxes.AnswerDialog("Select User Field", IDOK);
+    Command(COMMAND_USER_FIELD);
+    boxes.AnswerDialog("Select User Field", IDOK);
+    Command(COMMAND_DELETE_USER_FIELD); // of a host: the menu is grey
+    ASSERT_EQ(FieldsInUse(), 0);
+    const int items = session->form.TotalItems;
+    ClickAt(700, 300);
+    EXPECT_TRUE(Placing(IDLE));
+    EXPECT_EQ(DesignerOf(session).FocusVisible, 0u);
+    EXPECT_EQ(session->form.TotalItems, items);
+}
+
 TEST_F(FieldPlacement, EmptyUserFieldTableIsTold) {
     Command(COMMAND_USER_FIELD);
     EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"", "User Field Table Empty!", {IDOK}}}));
