@@ -11,6 +11,17 @@ using namespace tessarine;
 
 namespace {
 
+CHOOSEFONTA asked;
+LOGFONTA asked_font;
+
+BOOL WINAPI ChooseSmallRed(CHOOSEFONTA *choice) {
+    asked = *choice;
+    asked_font = *choice->lpLogFont;
+    choice->iPointSize = 94;
+    choice->rgbColors = RGB(255, 0, 0);
+    return TRUE;
+}
+
 class ItemFont : public FontRows {
 protected:
     static ItemRecord Placed(ItemRecord item, const RECT &place) {
@@ -175,6 +186,35 @@ TEST_F(ItemFont, ChosenFontHasItsPointSizeInFormUnits) {
     EXPECT_EQ(FrFonts(session, nullptr), 1);
     // The default font's 11 points, as the dialog gives them in tenths.
     EXPECT_NEAR(Row(label->FontIndex).LogFont.lfHeight, -(110 * 250 / 720), 4);
+}
+
+TEST_F(ItemFont, DialogStartsFromTheItemInPixelsAndGivesAFontInFormUnits) {
+    LOGFONTA font = FontOfHeight(60);
+    font.lfWidth = 30;
+    const ItemRecord *label = Focus();
+    session->form.Items[session->form.SelectedItem].TextColor = 0x1234;
+    ASSERT_EQ(FrFonts(session, &font), 1);
+    const ReplacedCall call("ChooseFontA", ChooseSmallRed);
+    EXPECT_EQ(FrFonts(session, nullptr), 1);
+    EXPECT_EQ(asked.lStructSize, sizeof asked);
+    EXPECT_EQ(asked.hwndOwner, session->Window);
+    EXPECT_EQ(asked.Flags, static_cast<DWORD>(CF_BOTH | CF_EFFECTS | CF_INITTOLOGFONTSTRUCT));
+    EXPECT_EQ(asked.rgbColors, 0x1234u);
+    EXPECT_EQ(asked_font.lfHeight, MulDiv(-60, session->drawing.LogPixelsY, 250));
+    EXPECT_EQ(asked_font.lfWidth, MulDiv(30, session->drawing.LogPixelsX, 250));
+    const LOGFONTA &chosen = Row(label->FontIndex).LogFont;
+    EXPECT_EQ(chosen.lfHeight, -32); // of 9.4 points, truncated
+    EXPECT_EQ(chosen.lfWidth, MulDiv(asked_font.lfWidth, 250, session->drawing.LogPixelsX));
+    EXPECT_EQ(+label->TextColor, 255u);
+}
+
+TEST_F(ItemFont, ColorIsTheItemsAlsoWhenItsFontFindsNoRow) {
+    FillTable();
+    const ItemRecord *label = Focus();
+    const ReplacedCall call("ChooseFontA", ChooseSmallRed);
+    EXPECT_EQ(FrFonts(session, nullptr), 0);
+    EXPECT_EQ(+label->TextColor, 255u);
+    EXPECT_EQ(session->form.FormModified, 0u);
 }
 
 TEST_F(ItemFont, FontThatFindsNoRowIsRefused) {
