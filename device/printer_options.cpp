@@ -1,6 +1,7 @@
 #include "device/printer_options.h"
 
 #include <cstring>
+#include <utility>
 
 #include "device/device_names.h"
 #include "device/paper.h"
@@ -54,15 +55,17 @@ bool AskForPrinter(Session *session, OwnedGlobal *names) {
     PRINTDLGA dialog{};
     dialog.lStructSize = sizeof dialog;
     dialog.hwndOwner = session->Window;
-    dialog.hDevMode = printer.DevModeMemory;
+    dialog.hDevMode = std::exchange(printer.DevModeMemory, nullptr);
+    printer.DevMode = nullptr; // they are the dialog's: no call that comes under it finds them
     dialog.hDevNames = names->Leave();
     dialog.Flags = PD_PRINTSETUP;
     const bool taken = PrintDlgA(&dialog);
     names->Reset(dialog.hDevNames);
     printer.DevModeMemory = dialog.hDevMode;
     printer.DevMode = static_cast<DEVMODEA *>(LockHandle(printer.DevModeMemory));
-    if (!printer.DevMode) InitPrinter(session); // a dialog that failed may have lost the settings
     RaisePending(session);
+    if (session->State == STATE_ENDING) return false;
+    if (!printer.DevMode) InitPrinter(session); // a dialog that failed may have lost the settings
     return taken;
 }
 
@@ -81,6 +84,7 @@ void FitFirstDetail(Session *session) {
 } // namespace
 
 int FrPrintOptions(Session *session) {
+    if (!session->printer.DevMode) return 0; // the dialog stands already
     OwnedGlobal names(MakeNamesBlock(session));
     if (!names) {
         ShowSessionBox(session, "Ran out of memory (FrPrintOptions)");
