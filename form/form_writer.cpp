@@ -83,7 +83,8 @@ Save OpenOutput(Session *session, const char *path) {
         CloseHandle(made);
         ReleaseLock(session);
     }
-    if (form.FormLock == INVALID_HANDLE_VALUE) {
+    if (!HoldsLockOn(session, path)) { // that on another file would take the form there
+        ReleaseLock(session);
         if (!TakeLock(session, path)) return Fail(session, "Error Opening the Output File");
     } else {
         SetFilePointer(form.FormLock, 0, nullptr, FILE_BEGIN);
