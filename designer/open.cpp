@@ -54,7 +54,7 @@ int OpenDesigner(Session *session) {
     FillSamples(session);
     LayOutCanvas(session);
     RepaintAll(session);
-    return CODE_DONE;
+    return session->State == STATE_ENDING ? CODE_DISPLAY : CODE_DONE; // a host may close it at once
 }
 
 } // namespace

@@ -97,8 +97,7 @@ void SyncScrollBars(Session *session) {
 
 void MoveCursorTo(const Session *session, int x, int y) {
     POINT pixel = FormToDevice(session, {x, y});
-    ClientToScreen(session->Window, &pixel);
-    SetCursorPos(pixel.x, pixel.y);
+    if (ClientToScreen(session->Window, &pixel)) SetCursorPos(pixel.x, pixel.y);
 }
 
 int EnsureVisible(Session *session, const RECT &rectangle) {

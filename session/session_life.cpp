@@ -181,7 +181,8 @@ bool SettleClose(Session *session) {
     if (session->SessionKind != KIND_DESIGNER || !session->form.FormModified) return true;
     const int answer = AskToSave(session);
     if (session->State == STATE_ENDING) return true; // its window went under the question
-    if (answer == IDNO || (answer == IDYES && IsSaved(session))) return true;
+    const bool settled = answer == IDNO || (answer == IDYES && IsSaved(session));
+    if (settled || session->State == STATE_ENDING) return true; // or under what the save asked
     SendMessageA(session->ParentWindow, MESSAGE_NO_RESULT, 0, 0);
     return false;
 }
