@@ -1,6 +1,7 @@
 #include "designer/designer_state.h"
 
 #include "designer/clipboard.h"
+#include "designer/rest.h"
 #include "designer/undo.h"
 #include "frame/fatal_error.h"
 #include "frame/memory.h"
@@ -32,16 +33,12 @@ Designer &DesignerOf(Session *session) {
 
 void ResetDesigner(Session *session) {
     if (!session->designer) return;
+    RestDesigner(session);
     Designer &designer = *session->designer;
-    designer.PendingCommand = IDLE;
-    designer.HandleCount = 0;
-    designer.FocusVisible = 0;
     designer.PaintMode = PAINT_BORDERS;
-    designer.HoverOnly = 1;
     designer.SnapToGrid = 1;
     designer.GridSize = GRID_SIZE;
     designer.HelpPending = 0;
-    DropUndo(session);
     ClearClip(session);
 }
 

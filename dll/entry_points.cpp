@@ -3,6 +3,7 @@
 #include "tessarine.h"
 
 #include "designer/designer_state.h"
+#include "designer/rest.h"
 #include "device/device_names.h"
 #include "device/margins.h"
 #include "device/paper.h"
@@ -100,14 +101,17 @@ int32_t __stdcall SetNewFormData(const NewFormData *block) {
 
 int32_t __stdcall InitVariables(Session *session) {
     return OnForm(session, 0, [&] {
+        tessarine::ResetDesigner(session); // while the rows that the clipboard holds are known
         tessarine::InitVariables(session);
-        tessarine::ResetDesigner(session);
         return 1;
     });
 }
 
 int32_t __stdcall InitNewForm(Session *session) {
-    return OnForm(session, 0, [&] { return tessarine::InitNewForm(session); });
+    return OnForm(session, 0, [&] {
+        tessarine::RestDesigner(session);
+        return tessarine::InitNewForm(session);
+    });
 }
 
 int32_t __stdcall FrSave(Session *session, char *path) {

@@ -5,6 +5,7 @@
 
 #include "form/built_in_tables.h"
 #include "form/form_lock.h"
+#include "form/modified.h"
 #include "frame/host_data.h"
 #include "frame/text.h"
 
@@ -22,6 +23,10 @@ void ClearCounters(Session *session) {
     ReleaseLock(session);                   // a host may start over on an open form
     form.FontMarker = FONT_MARKER;
     session->form.SelectedItem = -1;
+    session->view.OriginX = session->view.OriginY = 0;
+    session->printer.ReportWidth = 0;
+    form.ReportHeight = 0;
+    SetModified(session, 0);
 }
 
 void SetColors(Session *session) {

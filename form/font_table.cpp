@@ -24,11 +24,11 @@ int FreeRow(Session *session) {
     form.FontCount = std::max(form.FontCount, 1);
     for (int row = 1; row < form.FontCount; ++row) {
         if (form.Fonts[row].InUse) continue;
-        ClearFontRow(session, row);
+        ReleaseFontRow(session, row);
         return row;
     }
     if (form.FontCount >= MAX_FONTS) return NO_ROW;
-    ClearFontRow(session, form.FontCount);
+    ReleaseFontRow(session, form.FontCount); // a form that stood before may have left it
     return form.FontCount++;
 }
 

@@ -64,7 +64,8 @@ int32_t __stdcall WEP(int32_t ignored);
 /* A run has made something else of its form: there these change nothing and give their failure
  * value, 0 or -1, and so do the routines below that set the printer. Measures, sample texts and the
  * printer's data can be had of a run too. The failure value also answers what can't be: null where
- * something is read or written, rows outside their table, a session that ends or never was.
+ * something is read or written, rows outside their table, a session that ends or never was, or one
+ * whose printer's dialog is open.
  *
  * Sections are rows of the section table, 0 to 30. Places are form units from the form's top left
  * corner, fonts rows of the font table, 0 to 31. */
@@ -72,7 +73,8 @@ int32_t __stdcall WEP(int32_t ignored);
 /* Sets a session to its start, which empties its counts, the clipboard, what can be undone and the
  * host's three slots in FormDesk. 1. */
 int32_t __stdcall InitVariables(struct Session *session);
-/* Makes an empty form, of a label in label mode. 1. */
+/* Makes an empty form, of a label in label mode, in place of the one that stands: a drag or a
+ * placement ends without effect, and nothing can be undone. 1. */
 int32_t __stdcall InitNewForm(struct Session *session);
 /* Saves the form; path has room for 260 characters and takes the ending and the chosen name, an
  * empty one asks. Non-zero when the save has run, also with an error that the user was told of:

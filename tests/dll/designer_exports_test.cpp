@@ -105,6 +105,24 @@ TEST_F(HostDesigner, WhatIsNotThereIsRefused) {
     ReleaseDC(nullptr, screen);
 }
 
+TEST_F(HostDesigner, NewFormEndsThePlacementThatWaits) {
+    SendMessageA(params.FormWindow, WM_COMMAND, COMMAND_NEW_LINE, 0);
+    EXPECT_EQ(AddNewLabelItem(session, "text", SECTION_PAGE_HEADER, 300, 100, 0), -1);
+    EXPECT_EQ(InitNewForm(session), 1);
+    EXPECT_GE(AddNewLabelItem(session, "text", SECTION_PAGE_HEADER, 300, 100, 0), 0);
+}
+
+TEST_F(HostDesigner, SessionThatStartsOverAsksNothingAtItsEnd) {
+    change_label(session, "Alpha", "Omega");
+    EXPECT_EQ(host.Count(MESSAGE_MODIFIED), 1);
+    EXPECT_EQ(InitVariables(session), 1);
+    EXPECT_EQ(host.Count(MESSAGE_UNMODIFIED), 1);
+    EXPECT_EQ(*head->Desk.TotalItems, 0);
+    SendMessageA(params.FormWindow, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(boxes.Log().empty());
+    EXPECT_EQ(host.Count(MESSAGE_SESSION_ENDED), 1);
+}
+
 TEST_F(HostDesigner, EndedSessionRefusesWork) {
     SendMessageA(params.FormWindow, WM_CLOSE, 0, 0);
     char text[20] = "text";
