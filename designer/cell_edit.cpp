@@ -14,12 +14,12 @@ void CopyCells(const Cell *from, Cell *to) {
 
 } // namespace
 
-int EditCells(Session *session, Cell *cells, const char *title, int mode) {
-    uint16_t edited[MAX_CELLS];
-    edited[0] = CELL_END;
-    const int type = ModifyExp(session, cells, edited, title, mode, nullptr);
+int EditCells(Session *session, const Cell *cells, Cell *edited, const char *title, int mode) {
+    uint16_t made[MAX_CELLS];
+    made[0] = CELL_END;
+    const int type = ModifyExp(session, cells, made, title, mode, nullptr);
     if (type == CELLS_KEPT) return CELLS_KEPT;
-    CopyCells(edited, cells);
+    CopyCells(made, edited);
     return type;
 }
 

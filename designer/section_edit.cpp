@@ -180,15 +180,18 @@ void EditSectionFilter(Session *session) {
     const int section = SelectedSection(session);
     if (section == NO_SECTION) return;
     SectionRecord &record = session->form.Sections[section];
-    EditCells(session, record.SectionFilter, "Section Selection Criteria", MODE_FILTER);
-    if (session->State == STATE_ENDING || record.InUse) return;
+    EditCells(session, record.SectionFilter, record.SectionFilter, "Section Selection Criteria",
+              MODE_FILTER);
+    if (record.InUse || session->State == STATE_ENDING) return;
     ReleaseSymbols(session, record.SectionFilter); // the section went under the dialog
     record.SectionFilter[0] = CELL_END;
 }
 
 void EditReportFilter(Session *session) {
     FormHeader &header = session->form.Header;
-    if (EditCells(session, header.ReportFilter, "Report Filter", MODE_FILTER) == CELLS_KEPT) return;
+    if (EditCells(session, header.ReportFilter, header.ReportFilter, "Report Filter",
+                  MODE_FILTER) == CELLS_KEPT)
+        return;
     header.FormFlags &= static_cast<uint16_t>(~FORM_HAS_FILTER);
     if (header.ReportFilter[0] != CELL_END) header.FormFlags |= FORM_HAS_FILTER;
     SetModified(session, 1);

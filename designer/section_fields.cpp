@@ -98,10 +98,16 @@ private:
 
 enum class Written { Nothing, Empty, Expression };
 
-Written WriteCalculation(Session *session, const BreakRow &row) {
-    FieldRecord field = session->dialog.EditField; // under the dialog another may be edited there
-    const int type = EditCells(session, field.FieldTokens, field.FieldName, MODE_OTHER);
-    if (type == CELLS_KEPT || !Stands(session, row)) return Written::Nothing;
+// Under the dialog another field may be edited in EditField, and the row's own list may go.
+Written WriteCalculation(Session *session, const BreakRow &row, bool own) {
+    FieldRecord field = session->dialog.EditField;
+    const Cell *cells = own ? BreakField(session, row).FieldTokens : field.FieldTokens;
+    const int type = EditCells(session, cells, field.FieldTokens, field.FieldName, MODE_OTHER);
+    if (type == CELLS_KEPT || session->State == STATE_ENDING) return Written::Nothing;
+    if (!Stands(session, row)) {
+        ReleaseSymbols(session, field.FieldTokens);
+        return Written::Nothing;
+    }
     field.ValueType = static_cast<int16_t>(type);
     session->dialog.EditField = field;
     return field.FieldTokens[0] == CELL_END ? Written::Empty : Written::Expression;
@@ -118,7 +124,7 @@ bool EditBreak(Session *session, const BreakRow &row, HeldCells *held) {
             if (chosen != Chosen::Calculation) return chosen == Chosen::Field;
             own = false;
         }
-        const Written written = WriteCalculation(session, row);
+        const Written written = WriteCalculation(session, row, own);
         if (!Stands(session, row)) return false;
         if (written != Written::Nothing && own) held->Released();
         if (written == Written::Expression) return true;

@@ -43,8 +43,10 @@ int NewFieldSlot(Session *session) {
 }
 
 void FreeFieldSlot(Session *session, int row) {
-    session->form.Fields[row].FieldKind = FIELD_FREE;
-    session->form.Fields[row].InUse = 0;
+    FieldRecord *field = &session->form.Fields[row];
+    field->FieldKind = FIELD_FREE;
+    field->InUse = 0;
+    field->FieldTokens[0] = CELL_END; // an open dialog mustn't give its list up once more
 }
 
 void ReleaseField(Session *session, int row) {

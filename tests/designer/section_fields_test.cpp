@@ -289,6 +289,22 @@ TEST_F(SectionFields, AFieldThatIsEditedUnderTheExpressionDoesNotMixWithIt) {
     EXPECT_EQ(TextOf(BreakField().FieldTokens), "AMOUNT+1");
 }
 
+TEST_F(SectionFields, ACalculationThatGoesUnderItsDialogIsGivenUpOnce) {
+    MakeCalculation();
+    Choose(HEADER + 1);
+    Breaks({{BreakTitle(HEADER + 1), Presses(BREAK_ON_CALCULATION)},
+            {"COMP_EXP2", Writes("AMOUNT+2")}});
+    ASSERT_EQ(References("AMOUNT"), 2);
+    const auto deletes = [this](DialogDriver dialog) {
+        EXPECT_EQ(DeleteSection(session, 1), 1);
+        Writes("AMOUNT+3")(dialog);
+    };
+    EXPECT_EQ(Breaks({{"COMP_EXP2", deletes}}), 1);
+    EXPECT_EQ(References("AMOUNT"), 1); // of the first header
+    EXPECT_EQ(References("3"), 0);
+    EXPECT_EQ(TextOf(BreakField().FieldTokens), "AMOUNT+1");
+}
+
 TEST_F(SectionFields, ASectionThatGoesUnderTheDialogIsLeftAlone) {
     Choose(HEADER + 1);
     const auto deletes = [this](DialogDriver dialog) {
