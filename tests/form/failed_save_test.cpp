@@ -3,6 +3,7 @@
 
 #include "frame/memory.h"
 #include "frame/owned.h"
+#include "frame/text.h"
 #include "tests/support/failing_call.h"
 #include "tests/support/form_saves.h"
 
@@ -26,6 +27,7 @@ protected:
         HANDLE sink = nullptr;
         CreatePipe(&source, &sink, nullptr, 64);
         session->form.FormLock = sink;
+        CopyText(path.c_str(), session->form.LockedPath, sizeof session->form.LockedPath);
         std::thread reader([=] {
             std::string taken(length, '\0');
             DWORD moved = 0;
@@ -197,6 +199,21 @@ TEST_F(FailedSave, FileHeldByAnotherProgramIsFatalInTheEnd) {
                                       {"Fatal Error", "Could Not Re-Open the File.", {IDOK}}}));
 }
 
+TEST_F(FailedSave, LockOnAnotherFileIsNotWrittenTo) {
+    Load();
+    const std::string own = session->form.LockedPath;
+    const std::string before = ReadWholeFile(own);
+    const std::string path = Put("held", "HELD.FP");
+    const OwnedFile other(CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
+                                      OPEN_EXISTING, 0, nullptr));
+    session->form.FormModified = 1;
+    session->form.Items[0].TextColor = 0x123456;
+    EXPECT_EQ(Save(path), -32);
+    EXPECT_EQ(session->form.FormModified, 1u);
+    EXPECT_EQ(ReadWholeFile(own), before);
+    EXPECT_EQ(ReadWholeFile(path), "held");
+}
+
 TEST_F(BrokenSave, HeaderThatCannotBeWrittenIsToldAndTheFormIsLockedAgain) {
     FillTables();
     const OwnedFile reading(CreateFileA(Put("x").c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
@@ -206,6 +223,7 @@ TEST_F(BrokenSave, HeaderThatCannotBeWrittenIsToldAndTheFormIsLockedAgain) {
                                      nullptr, OPEN_EXISTING, 0, nullptr));
     DuplicateHandle(GetCurrentProcess(), reading.Get(), GetCurrentProcess(),
                     &session->form.FormLock, 0, FALSE, DUPLICATE_SAME_ACCESS);
+    CopyText(path.c_str(), session->form.LockedPath, sizeof session->form.LockedPath);
     EXPECT_EQ(Save(path), 1);
     ExpectBox("Error writing to output file", "");
     EXPECT_EQ(session->form.LockedPath, SavedPath());
