@@ -41,8 +41,10 @@ void EndForGood(Session *session) {
     FreeSession(session);
 }
 
-// The host has heard of the refusal, and nothing else will come.
+// The host has heard of the refusal, and nothing else will come. Its edit control answers nothing
+// without a session: shown, it would ask to be painted without end.
 void AbandonWindow(Session *session) {
+    if (session->Desk.EditWindow) ShowWindow(session->Desk.EditWindow, SW_HIDE);
     if (session->Window) ForgetWindow(session);
     session->ParentWindow = nullptr;
     EndForGood(session);

@@ -350,6 +350,16 @@ TEST_F(EditControl, GoesWithTheWindowWhoeverDestroysIt) {
     EXPECT_FALSE(SessionStands(session));
 }
 
+TEST_F(EditControl, IsHiddenInAWindowThatExitHasLeftDeaf) {
+    session->form.FormModified = 1;
+    boxes.Answer(IDCANCEL);
+    Command(COMMAND_CLOSE_FORM);
+    EXPECT_FALSE(SessionStands(session));
+    ASSERT_TRUE(IsWindow(edit));
+    EXPECT_FALSE(GetWindowLongA(edit, GWL_STYLE) & WS_VISIBLE);
+    DestroyWindow(Window());
+}
+
 TEST_F(EditControl, StartValuesEmptyTheHostsSlots) {
     InitVariables(session);
     EXPECT_FALSE(session->Desk.EditWindow);
