@@ -81,6 +81,11 @@ UserFieldRecord &EditedUserField(Session *session) {
     return session->form.UserFields[session->dialog.DialogRow];
 }
 
+// The row may be taken by another new field while the dialog asks for this one's name.
+bool NewUserFieldStands(const Session *session) {
+    return UserFieldStands(session) && !session->form.UserFields[session->dialog.DialogRow].InUse;
+}
+
 bool OpenCreation(HWND dialog, Session *session, LPARAM) {
     const UserFieldRecord &user = EditedUserField(session);
     LimitTextItem(dialog, TEXT_INPUT, MAX_USER_NAME);
@@ -121,7 +126,7 @@ void TakePrompt(HWND dialog, Session *session) {
 
 constexpr ControlRow creation_controls[] = {{IDOK, TakeCreation}};
 constexpr Dialog creation_dialog{CREATE_USER_FIELD_HELP, OpenCreation, creation_controls, 0,
-                                 UserFieldStands};
+                                 NewUserFieldStands};
 constexpr ControlRow prompt_controls[] = {{IDOK, TakePrompt}};
 constexpr Dialog prompt_dialog{MODIFY_USER_FIELD_HELP, OpenPrompt, prompt_controls, 0,
                                UserFieldStands};

@@ -75,6 +75,18 @@ TEST_F(UserFieldCommands, FieldWhoseDialogCannotBeOpenedIsNotMade) {
     EXPECT_EQ(session->form.UserFieldCount, 0);
 }
 
+TEST_F(UserFieldCommands, FieldThatTookTheRowUnderTheDialogKeepsItsName) {
+    boxes.OnDialog("Create User Field", [this](DialogDriver dialog) {
+        dialog.SetText(TEXT_INPUT, "LATE");
+        Add(0, "EARLY"); // as by the same command, sent meanwhile
+        dialog.Press(IDOK);
+    });
+    Command(COMMAND_CREATE_USER_FIELD);
+    EXPECT_STREQ(User(0).UserName, "EARLY");
+    EXPECT_EQ(session->form.UserFieldCount, 1);
+    EXPECT_EQ(session->form.FormModified, 0u);
+}
+
 TEST_F(UserFieldCommands, FullTableIsTold) {
     for (int row = 0; row < MAX_USER_FIELDS; ++row)
         Add(row, ("USER" + std::to_string(row)).c_str());
