@@ -19,6 +19,10 @@ constexpr int LAST_PLACE = 12; // tells the dialog that it asks the last field
 constexpr int PROMPT_HELP = 3016;
 constexpr int LONGEST_ANSWER = 49; // characters
 
+bool FieldStands(const Session *session) {
+    return session->dialog.DialogRow >= 0 && session->dialog.DialogRow < MAX_USER_FIELDS;
+}
+
 UserFieldRecord *AskedField(Session *session) {
     return &session->form.UserFields[session->dialog.DialogRow];
 }
@@ -76,8 +80,7 @@ constexpr AnswerRow answer_rows[] = {
     {TYPE_DATE, TakeDate},
 };
 
-bool TakeAnswer(Session *session) {
-    UserFieldRecord *user = AskedField(session);
+bool TakeAnswer(Session *session, UserFieldRecord *user) {
     for (const AnswerRow &row : answer_rows)
         if (row.value_type == user->ValueType) return row.take(session, user);
     return true;
@@ -132,7 +135,7 @@ void GoBack(HWND dialog, Session *session) {
 
 constexpr ControlRow controls[] = {
     {PROMPT_NEXT, GoOn}, {PROMPT_PREVIOUS, GoBack}, {IDCANCEL, GoBack}};
-constexpr Dialog prompt_dialog{PROMPT_HELP, Open, controls};
+constexpr Dialog prompt_dialog{PROMPT_HELP, Open, controls, 0, FieldStands};
 
 // ---- the order ---------------------------------------------------------------------------------
 
@@ -154,14 +157,15 @@ INT_PTR CALLBACK DlgInputParam(HWND dialog, UINT message, WPARAM wParam, LPARAM 
 
 int AskUserFields(Session *session) {
     ListPrompts(session);
-    const int total = session->run.PromptTotal;
+    const RunState &run = session->run;
+    const int total = run.PromptTotal;
     for (int index = 0; index < total;) {
-        session->dialog.DialogRow = session->run.PromptRows[index];
+        session->dialog.DialogRow = run.PromptRows[index];
         const int place = index == total - 1 ? LAST_PLACE : index;
         if (RunDialog(session, "DlgInputParam", DlgInputParam, place) != 1) {
             if (index == 0 || session->view.WindowGone) return 0;
             --index;
-        } else if (TakeAnswer(session)) {
+        } else if (TakeAnswer(session, &session->form.UserFields[run.PromptRows[index]])) {
             ++index;
         }
     }

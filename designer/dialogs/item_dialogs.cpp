@@ -136,8 +136,9 @@ constexpr Dialog line_dialog{LINE_HELP, OpenLine, line_controls, 0, ItemStands};
 
 // ---- backgrounds -------------------------------------------------------------------------------
 
-// A brush as one value: solid, or its hatch.
+// A brush as one value: solid, or its hatch. One of another kind has no button, and stays.
 constexpr int SOLID = -1;
+constexpr int OTHER_BRUSH = -2;
 constexpr ValueRow brushes[] = {
     {BRUSH_SOLID, SOLID},
     {BRUSH_HORIZONTAL, HS_HORIZONTAL},
@@ -157,7 +158,10 @@ constexpr int of_paint[] = {BRUSH_COLOR,
                             BRUSH_CROSS,
                             BRUSH_DIAGONAL_CROSS};
 
-int BrushOf(const RepLogbrush &brush) { return brush.Style == BS_SOLID ? SOLID : brush.Hatch; }
+int BrushOf(const RepLogbrush &brush) {
+    if (brush.Style == BS_SOLID) return SOLID;
+    return brush.Style == BS_HATCHED ? brush.Hatch : OTHER_BRUSH;
+}
 
 void EnableBrush(HWND dialog, Session *) {
     EnableItems(dialog, of_paint, IsChecked(dialog, BACKGROUND_PAINT));
@@ -181,8 +185,8 @@ void TakeBackground(HWND dialog, Session *session) {
     const int chosen = ReadChoice(dialog, brushes, BrushOf(item.Background));
     LOGBRUSH brush;
     ReadRepLogbrush(&item.Background, &brush);
-    brush.lbStyle = chosen == SOLID ? BS_SOLID : BS_HATCHED;
-    if (chosen != SOLID) brush.lbHatch = static_cast<ULONG_PTR>(chosen);
+    if (chosen != OTHER_BRUSH) brush.lbStyle = chosen == SOLID ? BS_SOLID : BS_HATCHED;
+    if (chosen >= 0) brush.lbHatch = static_cast<ULONG_PTR>(chosen);
     WriteRepLogbrush(&brush, &item.Background);
     item.ItemFlags = static_cast<uint16_t>(ReadBits(dialog, painted, item.ItemFlags));
     EndDialog(dialog, 1);

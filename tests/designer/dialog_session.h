@@ -36,6 +36,8 @@ protected:
     static int HelpNumberOf(DialogDriver dialog) {
         const HelpCall help;
         dialog.Send(DIALOG_HELP);
+        EXPECT_EQ(HelpCall::window, tessarine::DialogSession(dialog)->ParentWindow);
+        EXPECT_EQ(HelpCall::file, "REP.HLP>SECOND");
         EXPECT_EQ(HelpCall::command, UINT{HELP_CONTEXT});
         EXPECT_TRUE(IsWindow(dialog));
         return static_cast<int>(HelpCall::number);

@@ -220,6 +220,21 @@ TEST_F(ItemDialogs, EachBrushOfABackgroundHasItsButton) {
     }
 }
 
+TEST_F(ItemDialogs, BrushOfAKindWithoutAButtonStaysUnlessAnotherIsChosen) {
+    Alpha().ItemFlags |= FLAG_BACKGROUND;
+    Alpha().Background.Style = BS_NULL;
+    Alpha().Background.Hatch = HS_CROSS;
+    EXPECT_EQ(Background([](DialogDriver dialog) {
+                  ExpectChecked(dialog, {of_paint.begin() + 1, of_paint.end()}, 0);
+                  dialog.Press(IDOK);
+              }),
+              1);
+    EXPECT_EQ(Alpha().Background.Style, BS_NULL);
+    EXPECT_EQ(Background(Clicks(BRUSH_VERTICAL)), 1);
+    EXPECT_EQ(Alpha().Background.Style, BS_HATCHED);
+    EXPECT_EQ(Alpha().Background.Hatch, HS_VERTICAL);
+}
+
 TEST_F(ItemDialogs, BackgroundThatIsNotPaintedDisablesTheRest) {
     Alpha().ItemFlags = FLAG_LEFT;
     EXPECT_EQ(Background([](DialogDriver dialog) {

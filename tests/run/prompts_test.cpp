@@ -3,12 +3,15 @@
 #include <algorithm>
 
 #include "commands.h"
+#include "frame/dialogs.h"
+#include "run/prompts.h"
 #include "tests/support/box_owners.h"
 #include "tests/support/help_call.h"
 #include "tests/support/host_window.h"
 #include "tests/support/message_boxes.h"
 #include "tests/support/page_texts.h"
 #include "tests/support/report_run.h"
+#include "tests/support/test_session.h"
 
 namespace {
 
@@ -261,7 +264,7 @@ TEST(Prompts, InputIsAsWideAsItsFieldAndStandsInTheMiddleWithTheFocus) {
         MessageBoxes boxes;
         RECT outer{};
         RECT place{};
-        RECT drawn{0, 26, 0, 14}; // of the template: top and height
+        RECT drawn{0, 27, 0, 14}; // of the template: top and height
         POINT client{};
         bool has_focus = false;
         boxes.OnDialog("User Field Prompt", [&](DialogDriver dialog) {
@@ -296,4 +299,17 @@ TEST(Prompts, RefusalsBelongToTheRunsWindow) {
     const BoxOwners owners;
     ASSERT_EQ(run.Run({{}}), 0);
     EXPECT_EQ(owners.Noted(), std::vector<HWND>(2, host.Get()));
+}
+
+TEST(Prompts, PromptOnNoRowEndsAtOnce) {
+    BareSession session;
+    MessageBoxes boxes;
+    boxes.OnDialog("User Field Prompt", [](DialogDriver dialog) {
+        ADD_FAILURE() << "the dialog opened";
+        dialog.Press(IDCANCEL);
+    });
+    for (const int row : {-1, int{MAX_USER_FIELDS}}) {
+        session->dialog.DialogRow = row;
+        EXPECT_EQ(tessarine::RunDialog(session, "DlgInputParam", tessarine::DlgInputParam, 0), 0);
+    }
 }
