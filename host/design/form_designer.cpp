@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include "commands.h"
 #include "host/base/failure.h"
@@ -160,6 +161,7 @@ LRESULT FormDesigner::OnOwner(UINT message, WPARAM wParam, LPARAM lParam) {
 LRESULT FormDesigner::OnDesigner(UINT message, WPARAM wParam, LPARAM lParam) {
     const HWND window = window_;
     const WNDPROC procedure = procedure_;
+    if (message == WM_ENTERIDLE && GetKeyState(VK_F1) < 0) help_wanted_ = true;
     if (message == WM_COMMAND && OnCommand(wParam, lParam)) return 0;
     if (editor_ && EndsEditing(message)) editor_->Finish(true);
     if (message == WM_MOUSEWHEEL || message == WM_MOUSEHWHEEL) {
@@ -179,6 +181,7 @@ LRESULT FormDesigner::OnDesigner(UINT message, WPARAM wParam, LPARAM lParam) {
 // filter's entry of the menu does what it says.
 bool FormDesigner::OnCommand(WPARAM wParam, LPARAM lParam) {
     if (editor_ && editor_->OnCommand(wParam, lParam)) return true;
+    if (std::exchange(help_wanted_, false)) return false; // the library shows help on the entry
     constexpr struct {
         WORD from;
         UINT message;

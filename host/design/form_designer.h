@@ -52,6 +52,7 @@ private:
     WNDPROC procedure_ = nullptr;
     HACCEL keys_ = nullptr;
     std::optional<LabelEditor> editor_;
-    int wheel_rest_ = 0; // turned, not yet scrolled
+    bool help_wanted_ = false; // by F1 on an open menu
+    int wheel_rest_ = 0;       // turned, not yet scrolled
     std::string title_;
 };
