@@ -1,6 +1,7 @@
 #include <cstring>
 
 #include "commands.h"
+#include "designer/field_records.h"
 #include "designer/group.h"
 #include "designer/handles.h"
 #include "designer/selection.h"
@@ -184,7 +185,7 @@ TEST_F(Press, EachCommandThatShowsANewItemIsAPlacement) {
 
 TEST_F(Press, AnyButtonDropsWhatIsBeingPlaced) {
     std::strcpy(session->TextBuffer, "New");
-    State().NewField = 1;
+    State().NewField = TakeFieldRow(session);
     const struct {
         int command;
         WPARAM button;

@@ -1,6 +1,7 @@
 #include "tests/support/test_session.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -69,14 +70,16 @@ ItemRecord &SessionForm::AddItem(const ItemRecord &item) {
     return session_->form.Items[row] = item;
 }
 
+// The first name that no other process has taken: making the folder is what takes it.
 TemporaryFolder::TemporaryFolder() {
+    static unsigned made = 0;
     char base[MAX_PATH];
-    char name[MAX_PATH];
     GetTempPathA(sizeof base, base);
-    GetTempFileNameA(base, "tes", 0, name);
-    DeleteFileA(name);
-    CreateDirectoryA(name, nullptr);
-    path_ = name;
+    do {
+        char name[40];
+        std::snprintf(name, sizeof name, "tes%lx.%x", GetCurrentProcessId(), made++);
+        path_ = base + std::string(name);
+    } while (!CreateDirectoryA(path_.c_str(), nullptr) && GetLastError() == ERROR_ALREADY_EXISTS);
 }
 
 TemporaryFolder::~TemporaryFolder() {
