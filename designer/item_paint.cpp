@@ -160,7 +160,7 @@ struct ContentRow {
 };
 
 constexpr ContentRow content_rows[] = {
-    {ITEM_LABEL, PaintLabel},     {ITEM_FIELD, PaintField},   {ITEM_BAR, PaintBar},
+    {ITEM_LABEL, PaintLabel},     {ITEM_FIELD, PaintField},   {ITEM_BAR, PaintSectionBar},
     {ITEM_PICTURE, PaintPicture}, {ITEM_LINE, PaintLineItem},
 };
 

@@ -43,7 +43,7 @@ void PaintBevel(HDC device, const RECT &bevel, POINT corner, COLORREF color, HPE
 
 } // namespace
 
-void PaintPanel(HDC device, const RECT &place, HPEN next) {
+void RaisedPanel(HDC device, const RECT &place, HPEN next) {
     PaintFace(device, place, next);
     const RECT bevel{place.left + 2, place.top + 2, place.right - 4, place.bottom - 4};
     PaintBevel(device, bevel, {bevel.left, bevel.top}, RGB(255, 255, 255), next);

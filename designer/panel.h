@@ -6,7 +6,7 @@
 namespace tessarine {
 
 // A grey rectangle that stands out; the next pen follows its own.
-void PaintPanel(HDC device, const RECT &place, HPEN next);
+void RaisedPanel(HDC device, const RECT &place, HPEN next);
 
 // The font of captions and of the numbers on rulers, in force for as long as it stands. A failed
 // delete is reported.

@@ -176,17 +176,17 @@ void PaintBandLines(const Session *session, HDC device) {
 void PaintTopRuler(const Session *session, HDC device) {
     const ViewState &view = session->view;
     const int top = view.OriginY - TICK - session->device.FontHeight - 1;
-    PaintPanel(device,
-               {view.OriginX - 1, top, 2 * view.OriginX - 1 + view.ViewWidth,
-                top + view.RulerBandHeight + 1},
-               session->device.SolidPen);
+    RaisedPanel(device,
+                {view.OriginX - 1, top, 2 * view.OriginX - 1 + view.ViewWidth,
+                 top + view.RulerBandHeight + 1},
+                session->device.SolidPen);
     if (!Shown(session)) return;
     TakeRulerStyle(session, device);
     PaintTopScale(session, device);
 }
 
 void PaintSideRuler(const Session *session, HDC device, const ItemRecord &bar, BarSide side) {
-    PaintPanel(device, SidePanel(bar, side), session->device.SolidPen);
+    RaisedPanel(device, SidePanel(bar, side), session->device.SolidPen);
     if (!Shown(session)) return;
     TakeRulerStyle(session, device);
     const SideScale ruler = SideScaleOf(session, bar, side);

@@ -20,7 +20,7 @@ template <size_t Size> std::string TextOf(const char (&field)[Size]) {
 
 void PaintCaption(const Session *session, HDC device, const ItemRecord &bar) {
     RECT panel{bar.x, bar.y + 1, bar.x + bar.width + 2, bar.y + session->form.Header.BarHeight + 1};
-    PaintPanel(device, panel, session->device.SolidPen);
+    RaisedPanel(device, panel, session->device.SolidPen);
     const std::string caption = CaptionOf(session, bar.SectionIndex);
     SetTextColor(device, session->palette.ForeColor);
     SetBkColor(device, session->palette.BackColor);
@@ -43,7 +43,7 @@ std::string CaptionOf(const Session *session, int section) {
     return name + " (" + TextOf(form.Fields[field].Caption) + ")";
 }
 
-void PaintBar(Session *session, HDC device, const ItemRecord &bar) {
+void PaintSectionBar(Session *session, HDC device, const ItemRecord &bar) {
     const ViewState &view = session->view;
     if (!bar.OutlineSides) {
         SelectObject(device, session->device.SolidPen);

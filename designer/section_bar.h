@@ -9,6 +9,6 @@ namespace tessarine {
 
 // The section's name, and for a sort header or footer the field by which it sorts.
 std::string CaptionOf(const Session *session, int section);
-void PaintBar(Session *session, HDC device, const ItemRecord &bar);
+void PaintSectionBar(Session *session, HDC device, const ItemRecord &bar);
 
 } // namespace tessarine

@@ -211,7 +211,9 @@ int32_t __stdcall FormDesigner::Properties(Session *session, uint32_t code, uint
     constexpr uint32_t LABEL = 41027;
     auto *self = static_cast<FormDesigner *>(designer);
     if (!writable) {
-        MessageBoxA(self->window_, "This form can only be read; save it under another name.",
+        MessageBoxA(self->window_,
+                    "This form can only be read: its file is held by another program or may not be "
+                    "written.",
                     "Properties", MB_OK | MB_ICONINFORMATION);
         return 0;
     }

@@ -103,7 +103,7 @@ TEST_F(SectionBar, OutlineOfItsOwnTakesThePlaceOfTheFrame) {
 
 TEST_F(SectionBar, PanelHasABevelFromItsBottomLeftCorner) {
     const Lines drawn = DrawingBy([this](HDC device) {
-        PaintPanel(device, {100, 200, 300, 260}, session->device.SolidPen);
+        RaisedPanel(device, {100, 200, 300, 260}, session->device.SolidPen);
     });
     const auto brush = [](int color) {
         char text[40];
