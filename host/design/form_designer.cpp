@@ -116,18 +116,23 @@ void FormDesigner::Open(const std::string &form_path) {
     InvalidateRect(window_, nullptr, FALSE);
 }
 
+// An interrupt closes the window as its user does, who may keep what has changed.
 bool FormDesigner::Run() {
+    bool interrupted = false;
     MSG message;
     while (window_) {
-        if (!PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-            if (!AwaitMessage()) return false;
-            continue;
+        if (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+            if (Translate(message)) continue;
+            TranslateMessage(&message);
+            DispatchMessageA(&message);
+        } else if (interrupted) {
+            WaitMessage();
+        } else if (!AwaitMessage()) {
+            interrupted = true;
+            SendMessageA(window_, WM_CLOSE, 0, 0);
         }
-        if (Translate(message)) continue;
-        TranslateMessage(&message);
-        DispatchMessageA(&message);
     }
-    return true;
+    return !interrupted;
 }
 
 void FormDesigner::ShowTitle(bool modified) {

@@ -20,7 +20,7 @@ public:
     FormDesigner &operator=(const FormDesigner &) = delete;
 
     HWND Window() const { return window_; }
-    // Serves the window until its user closes it; false when an interrupt came first.
+    // Serves the window until it is closed; false when an interrupt asked for that.
     bool Run();
     // True when the message was a key of the designer's host, and is served.
     bool Translate(const MSG &message) { return editor_ && editor_->Translate(message); }

@@ -1,6 +1,7 @@
 // Programs that are stopped at their console.
 #include "tests/support/print_jobs.h"
 #include "tests/support/tess_program.h"
+#include "tests/support/window_driver.h"
 
 namespace {
 
@@ -93,4 +94,28 @@ TEST_F(Interrupt, PdfEndsWithThreeAndLeavesNoFile) {
     const Outcome outcome = tess.Wait();
     EXPECT_EQ(outcome.code, 3u) << outcome.output;
     EXPECT_EQ(Files("c.pdf*"), 0);
+}
+
+TEST_F(Interrupt, DesignerOfAnUnchangedFormIsClosedWithThree) {
+    Running tess(Program(), "design " + Build("countries"), log, true);
+    ASSERT_NE(tess.Window("FrClass32"), nullptr);
+    tess.Interrupt();
+    const Outcome outcome = tess.Wait();
+    EXPECT_EQ(outcome.code, 3u) << outcome.output;
+    EXPECT_TRUE(Holds(outcome.output, "stopped")) << outcome.output;
+}
+
+TEST_F(Interrupt, DesignerOfAChangedFormAsksFirst) {
+    constexpr WPARAM NEW_LINE = 660;
+    Running tess(Program(), "design " + Build("countries"), log, true);
+    const HWND window = tess.Window("FrClass32");
+    ASSERT_NE(window, nullptr);
+    SendMessageA(window, WM_COMMAND, NEW_LINE, 0);
+    SendMessageA(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(300, 100));
+    tess.Interrupt();
+    const HWND question = tess.Window("#32770");
+    ASSERT_NE(question, nullptr);
+    EXPECT_EQ(WindowText(question), "File Modified");
+    PostMessageA(question, WM_COMMAND, IDNO, 0);
+    EXPECT_EQ(tess.Wait().code, 3u);
 }

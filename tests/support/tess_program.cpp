@@ -31,8 +31,9 @@ Running::Running(const std::string &program, const std::string &arguments, const
                  bool own_console)
     : log_(log) {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-    const HANDLE file = CreateFileA(log.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited,
-                                    CREATE_ALWAYS, 0, nullptr);
+    // A program without a console gets one of its own, which may hold the log of the one before.
+    const HANDLE file = CreateFileA(log.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                    &inherited, CREATE_ALWAYS, 0, nullptr);
     STARTUPINFOA start{};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESTDHANDLES;
