@@ -8,6 +8,7 @@
 #include "designer/item_table.h"
 #include "designer/modify_expression.h"
 #include "designer/properties.h"
+#include "expr/validate.h"
 #include "form/field_sample.h"
 #include "form/field_table.h"
 #include "form/modified.h"
@@ -36,7 +37,8 @@ constexpr PageRow page_rows[] = {
 };
 
 uint32_t PagesOf(const FieldRecord &field) {
-    const auto *const row = std::ranges::find(page_rows, field.ValueType, &PageRow::value_type);
+    const int type = field.ValueType;
+    const auto *const row = std::ranges::find(page_rows, type, &PageRow::value_type);
     if (row == std::end(page_rows)) return 0;
     return field.FieldKind == FIELD_CALC ? row->pages_of_calculation : row->pages;
 }
@@ -76,8 +78,7 @@ int ModeOf(const Session *session) {
 void TakeExpression(FieldRecord *field, int type, const uint16_t *cells, const char *name) {
     if (cells[0] != CELL_END) field->ValueType = static_cast<int16_t>(type);
     CopyText(name, field->FieldName, sizeof field->FieldName);
-    const uint16_t *end = std::find(cells, cells + MAX_CELLS - 1, CELL_END);
-    *std::copy(cells, end, field->FieldTokens) = CELL_END;
+    CopyCells(cells, field->FieldTokens);
 }
 
 } // namespace

@@ -1,7 +1,5 @@
 #include "designer/modify_expression.h"
 
-#include <algorithm>
-
 #include "designer/designer_state.h"
 #include "designer/dialogs/expression_dialog.h"
 #include "expr/symbols.h"
@@ -16,11 +14,6 @@ namespace {
 constexpr int MODE_WITH_DESCRIPTION = 3;
 constexpr int CANCELLED = -1;
 constexpr INT_PTR DIALOG_CANCEL = 0;
-
-void CopyCells(const Cell *from, Cell *to) {
-    const Cell *end = std::find(from, from + MAX_CELLS - 1, CELL_END);
-    *std::copy(from, end, to) = CELL_END;
-}
 
 // An open dialog may have opened this work area for another expression, so all of it but the text
 // is laid out anew each time.

@@ -37,6 +37,12 @@ int ValidateExp(Session *session, const Cell *cells, int mode) {
     return result.ValueType;
 }
 
+void CopyCells(const Cell *from, Cell *to) {
+    int place = 0;
+    for (; place < MAX_CELLS - 1 && from[place] != CELL_END; ++place) to[place] = from[place];
+    to[place] = CELL_END;
+}
+
 int CopyCreateExp(Session *session, const Cell *source, Cell *target) {
     int place = 0;
     for (; place < MAX_CELLS - 1 && source[place] != CELL_END; ++place) {

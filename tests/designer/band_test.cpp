@@ -120,7 +120,7 @@ TEST_F(Band, GroupStandsInTheSectionOfItsUpperEdge) {
     EXPECT_EQ(Groups(), 1);
     EXPECT_EQ(session->form.TotalItems, 6);
     for (const int section : {SECTION_PAGE_HEADER, SECTION_DETAIL_1})
-        EXPECT_EQ(session->form.Sections[section].BarItem, BarOfSection(session, section));
+        EXPECT_EQ(+session->form.Sections[section].BarItem, BarOfSection(session, section));
     Draw(900, 200, 1100, 700);
     EXPECT_EQ(Group().SectionIndex, SECTION_PAGE_HEADER);
 }
@@ -151,7 +151,7 @@ TEST_F(Band, EmptyOneSelectsTheBarOfItsSection) {
     Over(950, 650);
     Over(900, 600);
     Up(900, 600);
-    EXPECT_EQ(session->form.SelectedItem, session->form.Sections[SECTION_DETAIL_1].BarItem);
+    EXPECT_EQ(session->form.SelectedItem, +session->form.Sections[SECTION_DETAIL_1].BarItem);
     EXPECT_EQ(Groups(), 1);
 }
 

@@ -309,8 +309,8 @@ TEST_F(HostLabel, ChangedLabelIsTakenOverOnce) {
     changed = 7;
     LayOutCanvas(session);
     EXPECT_EQ(changed, 0U);
-    EXPECT_EQ(session->form.Header.LabelType, 9U);
-    EXPECT_EQ(session->form.Header.LabelGeometry.LabelsAcross, 2);
+    EXPECT_EQ(+session->form.Header.LabelType, 9U);
+    EXPECT_EQ(+session->form.Header.LabelGeometry.LabelsAcross, 2);
     EXPECT_EQ(bar.width, 875);
     EXPECT_EQ(bar.height, caption + 312);
     EXPECT_EQ(session->form.ReportHeight, report_height + caption + 312);
@@ -347,7 +347,7 @@ TEST_F(HostLabel, LabelThatNobodyRaisedOrNobodyGivesChangesNothing) {
     host_data.LabelChangedPtr = nullptr;
     LayOutCanvas(session);
     EXPECT_EQ(Bar(SECTION_DETAIL_1).width, before.width);
-    EXPECT_NE(session->form.Header.LabelType, 9U);
+    EXPECT_NE(+session->form.Header.LabelType, 9U);
 }
 
 TEST_F(HostLabel, LabelThatNoFormCanHoldIsNotTaken) {

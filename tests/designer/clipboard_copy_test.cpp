@@ -86,7 +86,7 @@ TEST_F(ClipboardCopy, AGroupsBlockIsAroundItsMembers) {
     EXPECT_EQ(designer.ClipItems[0]->x, 0);
     EXPECT_EQ(designer.ClipItems[3]->x, 900);
     for (int row = 0; row < session->form.TotalItems; ++row)
-        EXPECT_EQ(session->form.Items[row].GroupMark, 0) << row;
+        EXPECT_EQ(+session->form.Items[row].GroupMark, 0) << row;
 }
 
 TEST_F(ClipboardCopy, ARowAboveTheFirstMovesTheLeftEdgeAndNotTheTop) {
@@ -137,10 +137,10 @@ TEST_F(ClipboardCopy, ACopiedCalculationHoldsItsSharedRows) {
     EXPECT_EQ(References(), 4);
     Cut(row); // the old copy goes first, and the field itself last
     EXPECT_EQ(References(), 2);
-    EXPECT_EQ(session->form.Fields[constant].InUse, 1);
+    EXPECT_EQ(+session->form.Fields[constant].InUse, 1);
     ClearClip(session);
     EXPECT_EQ(References(), 0);
-    EXPECT_EQ(session->form.Fields[constant].InUse, 0);
+    EXPECT_EQ(+session->form.Fields[constant].InUse, 0);
 }
 
 TEST_F(ClipboardCopy, AnEndedSessionGivesItsStoreBackAndTellsTheHostNothing) {

@@ -73,7 +73,7 @@ TEST_F(ClipboardPaste, AFieldGetsARowOfItsOwn) {
     EXPECT_EQ(FieldsInUse(), fields + 1);
     EXPECT_NE(Pasted().FieldIndex, field);
     EXPECT_STREQ(FieldOf(Pasted()).FieldName, "NAME");
-    EXPECT_EQ(FieldOf(Pasted()).InUse, 1);
+    EXPECT_EQ(+FieldOf(Pasted()).InUse, 1);
 }
 
 TEST_F(ClipboardPaste, PastingTwiceMakesNewFieldRowsAndNewCopiesOfTheExpression) {
@@ -87,8 +87,8 @@ TEST_F(ClipboardPaste, PastingTwiceMakesNewFieldRowsAndNewCopiesOfTheExpression)
     EXPECT_NE(Pasted().FieldIndex, first);
     EXPECT_EQ(FieldsInUse(), fields + 2);
     EXPECT_EQ(References(), held + 4);
-    EXPECT_EQ(FieldOf(Pasted()).FieldTokens[0], constant);
-    EXPECT_EQ(FieldOf(Pasted()).FieldTokens[3], CELL_END);
+    EXPECT_EQ(+FieldOf(Pasted()).FieldTokens[0], constant);
+    EXPECT_EQ(+FieldOf(Pasted()).FieldTokens[3], CELL_END);
 }
 
 TEST_F(ClipboardPaste, ReferencesComeOutEvenWhenAllThatWasPastedGoes) {
@@ -100,7 +100,7 @@ TEST_F(ClipboardPaste, ReferencesComeOutEvenWhenAllThatWasPastedGoes) {
     EXPECT_EQ(References(), 2);
     Choose(Calculation());
     DeleteItem(session);
-    EXPECT_EQ(session->form.Fields[constant].InUse, 0);
+    EXPECT_EQ(+session->form.Fields[constant].InUse, 0);
 }
 
 TEST_F(ClipboardPaste, AnOperandThatNobodySharesIsCopiedToo) {
@@ -112,7 +112,7 @@ TEST_F(ClipboardPaste, AnOperandThatNobodySharesIsCopiedToo) {
     const int fields = FieldsInUse();
     PasteAt(300, 700);
     EXPECT_EQ(FieldsInUse(), fields + 2);
-    EXPECT_NE(FieldOf(Pasted()).FieldTokens[0], amount);
+    EXPECT_NE(+FieldOf(Pasted()).FieldTokens[0], amount);
 }
 
 TEST_F(ClipboardPaste, ACutCalculationIsPastedWhole) {
@@ -163,7 +163,7 @@ TEST_F(ClipboardPaste, AnExpressionThatFindsNoRowMakesALabelAndKeepsNoField) {
     EXPECT_EQ(boxes.LastText(), "Ran out of field table(CopyCreateExp)!");
     EXPECT_EQ(Pasted().ItemType, ITEM_LABEL);
     EXPECT_EQ(FieldsInUse(), fields);
-    EXPECT_EQ(session->form.Fields[slot].InUse, 0);
+    EXPECT_EQ(+session->form.Fields[slot].InUse, 0);
 }
 
 TEST_F(ClipboardPaste, AnItemTableThatFilledUpMeanwhileTakesNoMore) {
@@ -197,13 +197,13 @@ TEST_F(ClipboardPaste, APictureKeepsItsRowWhileACopyHoldsIt) {
     session->form.FontCount = 4;
     Cut(Row("Gamma"));
     EXPECT_EQ(Row("Gamma"), -1);
-    EXPECT_EQ(session->form.Fonts[3].InUse, 1u);
+    EXPECT_EQ(+session->form.Fonts[3].InUse, 1u);
     PasteAt(300, 700);
     EXPECT_EQ(Pasted().ItemType, ITEM_PICTURE);
     EXPECT_EQ(Pasted().FontIndex, 3);
     ClearClip(session);
     DeleteItem(session);
-    EXPECT_EQ(session->form.Fonts[3].InUse, 0u);
+    EXPECT_EQ(+session->form.Fonts[3].InUse, 0u);
 }
 
 // ---- the begin --------------------------------------------------------------------------------

@@ -37,8 +37,8 @@ TEST_F(ClipboardProcesses, ABitmapOfAnotherProcessBecomesAPicture) {
     ASSERT_TRUE(other.Ready());
     ASSERT_EQ(PictureFromClipboard(session), 1) << boxes.LastText();
     const FontEntry &picture = session->form.Fonts[DesignerOf(session).NewPicture];
-    EXPECT_EQ(picture.PixelWidth, 96u);
-    EXPECT_EQ(picture.PixelHeight, 48u);
+    EXPECT_EQ(+picture.PixelWidth, 96u);
+    EXPECT_EQ(+picture.PixelHeight, 48u);
 }
 
 TEST_F(ClipboardProcesses, AClipboardThatAnotherProcessHoldsEndsCopyAndPicture) {

@@ -82,7 +82,7 @@ TEST_F(Delete, FontStaysThatTookTheRowOfAPictureGivenUp) {
     session->form.Fonts[PICTURE].IsPicture = 0;
     Item("a").FontIndex = PICTURE;
     DeleteOf("p");
-    EXPECT_EQ(session->form.Fonts[PICTURE].InUse, 1u);
+    EXPECT_EQ(+session->form.Fonts[PICTURE].InUse, 1u);
 }
 
 TEST_F(Delete, PictureStaysForACutCopyOfItsItem) {

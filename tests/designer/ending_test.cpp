@@ -120,7 +120,7 @@ TEST_F(EndOfDesigner, SaveThatMeetsAnErrorKeepsTheForm) {
     EXPECT_TRUE(Stands());
     EXPECT_EQ(session->form.FormModified, 1U);
     EXPECT_EQ(Told(MESSAGE_NO_RESULT), 1);
-    EXPECT_EQ(Item("Alpha").TextColor, 0x123456U);
+    EXPECT_EQ(+Item("Alpha").TextColor, 0x123456U);
 }
 
 TEST_F(EndOfDesigner, NewFormIsAskedForItsNameAndACancelledNameKeepsIt) {

@@ -68,7 +68,7 @@ TEST_F(FieldItems, DataFieldStandsAtItsPlaceWithItsSample) {
     EXPECT_STREQ(FieldOf(row).FieldName, "TEXT");
     EXPECT_EQ(+FieldOf(row).HostTable, 3);
     EXPECT_EQ(session->form.FormModified, 1u);
-    EXPECT_EQ(session->form.SelectedItem, session->form.Sections[SECTION_DETAIL_1].BarItem);
+    EXPECT_EQ(session->form.SelectedItem, +session->form.Sections[SECTION_DETAIL_1].BarItem);
     EXPECT_EQ(+session->form.Sections[SECTION_PAGE_FOOTER].BarItem, 4);
 }
 
@@ -194,8 +194,8 @@ TEST_F(FieldItems, SystemFieldTakesItsRowOfTheTable) {
         const SystemFieldRow &system = session->form.SystemFields[index];
         EXPECT_EQ(+field.FieldKind, FIELD_SYSTEM);
         EXPECT_EQ(field.FieldName, std::string("SYS->") + system.Name);
-        EXPECT_EQ(+field.ValueType, system.ValueType);
-        EXPECT_EQ(+field.FieldWidth, system.Width);
+        EXPECT_EQ(+field.ValueType, +system.ValueType);
+        EXPECT_EQ(+field.FieldWidth, +system.Width);
         EXPECT_EQ(+field.TableIndex, index);
         EXPECT_EQ(+field.Modifiable, 1);
         EXPECT_EQ(+field.SummaryType, SUMMARY_VALUE); // also of a number in a footer

@@ -226,8 +226,8 @@ TEST_F(FieldPlacement, SystemFieldTakesItsRowOfTheTable) {
     EXPECT_EQ(New().FieldName, std::string("SYS->") + session->form.SystemFields[SYSTEM_PAGE].Name);
     EXPECT_EQ(+New().TableIndex, SYSTEM_PAGE);
     EXPECT_EQ(+New().Modifiable, 1);
-    EXPECT_EQ(+New().ValueType, session->form.SystemFields[SYSTEM_PAGE].ValueType);
-    EXPECT_EQ(+New().FieldWidth, session->form.SystemFields[SYSTEM_PAGE].Width);
+    EXPECT_EQ(+New().ValueType, +session->form.SystemFields[SYSTEM_PAGE].ValueType);
+    EXPECT_EQ(+New().FieldWidth, +session->form.SystemFields[SYSTEM_PAGE].Width);
     Drop(SECTION_PAGE_FOOTER);
     EXPECT_EQ(+New().SummaryType, SUMMARY_VALUE); // a number in a footer, but the system's
 }

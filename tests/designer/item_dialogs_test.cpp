@@ -109,9 +109,9 @@ TEST_F(ItemDialogs, OutlineIsShownAndStored) {
                   dialog.Press(IDOK);
               }),
               1);
-    EXPECT_EQ(Alpha().OutlineSides, SIDE_RIGHT | SIDE_BOTTOM);
-    EXPECT_EQ(Alpha().OutlineStyle, 3);
-    EXPECT_EQ(Alpha().OutlineWidth, INT16_MAX);
+    EXPECT_EQ(+Alpha().OutlineSides, SIDE_RIGHT | SIDE_BOTTOM);
+    EXPECT_EQ(+Alpha().OutlineStyle, 3);
+    EXPECT_EQ(+Alpha().OutlineWidth, INT16_MAX);
 }
 
 TEST_F(ItemDialogs, ClearingTheLastSideDisablesTheRestAndKeepsTheOldStyle) {
@@ -127,8 +127,8 @@ TEST_F(ItemDialogs, ClearingTheLastSideDisablesTheRestAndKeepsTheOldStyle) {
                   dialog.Press(IDOK);
               }),
               1);
-    EXPECT_EQ(Alpha().OutlineSides, 0);
-    EXPECT_EQ(Alpha().OutlineStyle, 1);
+    EXPECT_EQ(+Alpha().OutlineSides, 0);
+    EXPECT_EQ(+Alpha().OutlineStyle, 1);
 }
 
 TEST_F(ItemDialogs, OutlineWithNoSideOpensDisabled) {
@@ -144,11 +144,11 @@ TEST_F(ItemDialogs, ColorIsStoredAtOnceAndCancelDoesNotUndoIt) {
     Alpha().OutlineSides = 15;
     Alpha().ItemFlags |= FLAG_BACKGROUND;
     EXPECT_EQ(Outline(Clicks(STROKE_COLOR, IDCANCEL)), 0);
-    EXPECT_EQ(Alpha().OutlineColor, CHOSEN);
+    EXPECT_EQ(+Alpha().OutlineColor, CHOSEN);
     EXPECT_EQ(Line(Clicks(STROKE_COLOR, IDCANCEL)), 0);
-    EXPECT_EQ(Alpha().LineColor, CHOSEN);
+    EXPECT_EQ(+Alpha().LineColor, CHOSEN);
     EXPECT_EQ(Background(Clicks(BRUSH_COLOR, IDCANCEL)), 0);
-    EXPECT_EQ(Alpha().Background.Color, CHOSEN);
+    EXPECT_EQ(+Alpha().Background.Color, CHOSEN);
 }
 
 TEST_F(ItemDialogs, CancelledColorChangesNothing) {
@@ -159,7 +159,7 @@ TEST_F(ItemDialogs, CancelledColorChangesNothing) {
         dialog.Send(STROKE_COLOR);
         dialog.Press(IDCANCEL);
     });
-    EXPECT_EQ(Alpha().OutlineColor, RGB(1, 2, 3));
+    EXPECT_EQ(+Alpha().OutlineColor, RGB(1, 2, 3));
 }
 
 TEST_F(ItemDialogs, CancelledOutlineChangesNothing) {
@@ -183,9 +183,9 @@ TEST_F(ItemDialogs, EachAngleAndStyleOfALineHasItsButton) {
                       dialog.Press(IDOK);
                   }),
                   1);
-        EXPECT_EQ(Alpha().LineAngle, value);
-        EXPECT_EQ(Alpha().LineStyle, value);
-        EXPECT_EQ(Alpha().LineWidth, 10 + value);
+        EXPECT_EQ(+Alpha().LineAngle, value);
+        EXPECT_EQ(+Alpha().LineStyle, value);
+        EXPECT_EQ(+Alpha().LineWidth, 10 + value);
         Line([&](DialogDriver dialog) {
             ExpectChecked(dialog, {angles, angles + 4}, angles[value]);
             ExpectChecked(dialog, strokes, strokes[static_cast<size_t>(value)]);
@@ -210,8 +210,8 @@ TEST_F(ItemDialogs, EachBrushOfABackgroundHasItsButton) {
     Alpha().ItemFlags |= FLAG_BACKGROUND;
     for (const auto &row : cases) {
         EXPECT_EQ(Background(Clicks(row.control)), 1);
-        EXPECT_EQ(Alpha().Background.Style, row.style) << row.control;
-        EXPECT_EQ(Alpha().Background.Hatch, row.hatch) << row.control;
+        EXPECT_EQ(+Alpha().Background.Style, row.style) << row.control;
+        EXPECT_EQ(+Alpha().Background.Hatch, row.hatch) << row.control;
         Background([&](DialogDriver dialog) {
             ExpectChecked(dialog, brushes, row.control);
             EXPECT_EQ(HelpNumberOf(dialog), 3035);
@@ -229,10 +229,10 @@ TEST_F(ItemDialogs, BrushOfAKindWithoutAButtonStaysUnlessAnotherIsChosen) {
                   dialog.Press(IDOK);
               }),
               1);
-    EXPECT_EQ(Alpha().Background.Style, BS_NULL);
+    EXPECT_EQ(+Alpha().Background.Style, BS_NULL);
     EXPECT_EQ(Background(Clicks(BRUSH_VERTICAL)), 1);
-    EXPECT_EQ(Alpha().Background.Style, BS_HATCHED);
-    EXPECT_EQ(Alpha().Background.Hatch, HS_VERTICAL);
+    EXPECT_EQ(+Alpha().Background.Style, BS_HATCHED);
+    EXPECT_EQ(+Alpha().Background.Hatch, HS_VERTICAL);
 }
 
 TEST_F(ItemDialogs, BackgroundThatIsNotPaintedDisablesTheRest) {
@@ -294,6 +294,6 @@ TEST_F(ItemDialogs, ArrowKeysMoveWithinOneChoice) {
                   PostMessageA(dialog, WM_COMMAND, IDOK, 0);
               }),
               1);
-    EXPECT_EQ(Alpha().LineAngle, 0);
-    EXPECT_EQ(Alpha().LineStyle, 0);
+    EXPECT_EQ(+Alpha().LineAngle, 0);
+    EXPECT_EQ(+Alpha().LineStyle, 0);
 }

@@ -232,5 +232,5 @@ TEST_F(ItemFont, FontThatCannotBeMadeLeavesItsRowFree) {
     const int count = session->form.FontCount;
     const FailingCall fails("CreateFontIndirectA", CreateFontIndirectA, nullptr, 1, EVERY_CALL);
     EXPECT_EQ(FrFonts(session, &font), 0);
-    EXPECT_EQ(Row(count).InUse, 0u);
+    EXPECT_EQ(+Row(count).InUse, 0u);
 }

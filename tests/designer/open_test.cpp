@@ -30,10 +30,10 @@ TEST_F(OpenDesigner, FormOfAFileOpensWithItsFirstBarSelected) {
 TEST_F(OpenDesigner, TablesAreFoundBehindTheBlocksOfItsHead) {
     ASSERT_EQ(StartOn(TwoSections()), CODE_DONE);
     const auto *head = reinterpret_cast<const SessionHead *>(session);
-    EXPECT_EQ(head->Desk.Items, session->form.Items);
+    EXPECT_EQ(+head->Desk.Items, session->form.Items);
     EXPECT_EQ(*head->Desk.TotalItems, 6);
-    EXPECT_EQ(head->Desk.TextBuffer, session->TextBuffer);
-    EXPECT_EQ(head->Desk.AccelTable, nullptr);
+    EXPECT_EQ(+head->Desk.TextBuffer, +session->TextBuffer);
+    EXPECT_EQ(+head->Desk.AccelTable, nullptr);
 }
 
 TEST_F(OpenDesigner, FieldItemsWithoutASampleGetOneAndTheFormIsUnchanged) {

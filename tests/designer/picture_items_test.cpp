@@ -111,10 +111,10 @@ TEST_F(PictureItems, ABitmapOnTheClipboardBecomesARow) {
     Open();
     PutBitmap(96, 48);
     ASSERT_EQ(PictureFromClipboard(session), 1);
-    EXPECT_EQ(Picture().InUse, 1u);
-    EXPECT_EQ(Picture().IsPicture, 1u);
-    EXPECT_EQ(Picture().PixelWidth, 96u);
-    EXPECT_EQ(Picture().PixelHeight, 48u);
+    EXPECT_EQ(+Picture().InUse, 1u);
+    EXPECT_EQ(+Picture().IsPicture, 1u);
+    EXPECT_EQ(+Picture().PixelWidth, 96u);
+    EXPECT_EQ(+Picture().PixelHeight, 48u);
     EXPECT_EQ(Picture().CharWidth[0], MulDiv(96, 250, session->drawing.LogPixelsX));
     EXPECT_EQ(GetOpenClipboardWindow(), nullptr);
 }
@@ -123,8 +123,8 @@ TEST_F(PictureItems, APictureIsNoLargerThanAFormFileHolds) {
     Open();
     PutBitmap(100000, 1);
     ASSERT_EQ(PictureFromClipboard(session), 1);
-    EXPECT_EQ(Picture().PixelWidth, 100000u);
-    EXPECT_EQ(Picture().PointWidth, 65535u);
+    EXPECT_EQ(+Picture().PixelWidth, 100000u);
+    EXPECT_EQ(+Picture().PointWidth, 65535u);
 }
 
 TEST_F(PictureItems, AClipboardWithoutABitmapIsTold) {
@@ -191,11 +191,11 @@ TEST_F(PictureItems, FilesOfEveryDepthAndCompressionBecomeRows) {
     Open();
     for (const SampleBitmap &sample : AllSampleBitmaps()) {
         ASSERT_EQ(Take(FileOf(sample.info, sample.bits)), 1) << sample.name;
-        EXPECT_EQ(Picture().PixelWidth, 4u) << sample.name;
-        EXPECT_EQ(Picture().PixelHeight, 2u) << sample.name;
-        EXPECT_EQ(Picture().PointWidth, 4u * 72 / session->drawing.LogPixelsX);
-        EXPECT_EQ(Picture().InfoSize, sample.info.size());
-        EXPECT_EQ(Picture().BitsSize, sample.bits.size());
+        EXPECT_EQ(+Picture().PixelWidth, 4u) << sample.name;
+        EXPECT_EQ(+Picture().PixelHeight, 2u) << sample.name;
+        EXPECT_EQ(+Picture().PointWidth, 4u * 72 / session->drawing.LogPixelsX);
+        EXPECT_EQ(+Picture().InfoSize, sample.info.size());
+        EXPECT_EQ(+Picture().BitsSize, sample.bits.size());
     }
     EXPECT_TRUE(boxes.Log().empty());
 }
@@ -340,7 +340,7 @@ TEST_F(PictureItems, ARowThatIsTakenUnderTheDialogIsLeftAlone) {
     });
     EXPECT_EQ(PictureFromFile(session), 1);
     EXPECT_NE(DesignerOf(session).NewPicture, taken);
-    EXPECT_EQ(session->form.Fonts[taken].IsPicture, 0u);
+    EXPECT_EQ(+session->form.Fonts[taken].IsPicture, 0u);
 }
 
 TEST_F(PictureItems, APlacementThatTheHostBeganUnderTheDialogGoesOn) {

@@ -46,7 +46,7 @@ TEST_F(Press, ItemIsSelectedAndArmed) {
 
 TEST_F(Press, BareBandSelectsItsBar) {
     Down(1500, 600);
-    EXPECT_EQ(Selected(), session->form.Sections[SECTION_DETAIL_1].BarItem);
+    EXPECT_EQ(Selected(), +session->form.Sections[SECTION_DETAIL_1].BarItem);
     EXPECT_TRUE(Armed());
 }
 

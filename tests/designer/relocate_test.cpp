@@ -66,7 +66,7 @@ TEST_F(Relocate, ItemMovesToAnotherSectionAndBack) {
     EXPECT_EQ(Move("a", 0, 800), "100,900,200,50");
     EXPECT_EQ(Names(), "bar0 group b c bar11 d bar30 a e");
     EXPECT_EQ(SectionOf("a"), SECTION_PAGE_FOOTER);
-    EXPECT_EQ(session->form.Sections[SECTION_PAGE_FOOTER].BarItem, 6);
+    EXPECT_EQ(+session->form.Sections[SECTION_PAGE_FOOTER].BarItem, 6);
     EXPECT_EQ(Move("a", 0, -300), "100,600,200,50");
     EXPECT_EQ(SectionOf("a"), SECTION_DETAIL_1);
 }

@@ -122,7 +122,7 @@ TEST_F(SectionCommands, AHostThatForbidsSortingOffersNoSortHeader) {
 TEST_F(SectionCommands, TheChosenSectionComesIntoTheForm) {
     StartOn(TwoSections());
     EXPECT_EQ(Add(Name(SECTION_PAGE_FOOTER)), 1);
-    EXPECT_EQ(session->form.Sections[SECTION_PAGE_FOOTER].InUse, 1);
+    EXPECT_EQ(+session->form.Sections[SECTION_PAGE_FOOTER].InUse, 1);
     EXPECT_EQ(session->form.SelectedItem, BarOfSection(session, SECTION_PAGE_FOOTER));
     EXPECT_EQ(session->form.FormModified, 1u);
     EXPECT_EQ(WhatIsWrong(session), "");
@@ -141,8 +141,8 @@ TEST_F(SectionCommands, WithoutAPickedFieldNoSortHeaderComes) {
     StartOn(TwoSections());
     *picked.FieldName = 0;
     EXPECT_EQ(Add(Name(2)), 0);
-    EXPECT_EQ(session->form.Sections[2].InUse, 0);
-    EXPECT_EQ(session->form.BreakCount, 0);
+    EXPECT_EQ(+session->form.Sections[2].InUse, 0);
+    EXPECT_EQ(+session->form.BreakCount, 0);
     EXPECT_EQ(WhatIsWrong(session), "");
 }
 
@@ -161,7 +161,7 @@ TEST_F(SectionCommands, TheMenusCommandAddsASection) {
     StartOn(TwoSections());
     Take(Name(SECTION_REPORT_FOOTER));
     Command(COMMAND_NEW_SECTION);
-    EXPECT_EQ(session->form.Sections[SECTION_REPORT_FOOTER].InUse, 1);
+    EXPECT_EQ(+session->form.Sections[SECTION_REPORT_FOOTER].InUse, 1);
 }
 
 TEST_F(SectionCommands, DeleteOnABarAsksAndTakesTheSection) {
@@ -170,7 +170,7 @@ TEST_F(SectionCommands, DeleteOnABarAsksAndTakesTheSection) {
     boxes.Answer(IDYES);
     Command(COMMAND_DELETE);
     EXPECT_EQ(boxes.LastText(), "Delete Page Header   ?");
-    EXPECT_EQ(session->form.Sections[SECTION_PAGE_HEADER].InUse, 0);
+    EXPECT_EQ(+session->form.Sections[SECTION_PAGE_HEADER].InUse, 0);
     EXPECT_EQ(WhatIsWrong(session), "");
 }
 
@@ -294,7 +294,7 @@ TEST_F(SectionCommands, AFilterWhoseSectionGoesUnderTheDialogHoldsNothing) {
     EditSectionFilter(session);
     EXPECT_EQ(FilterOf(SECTION_DETAIL_1), "");
     for (int row = 0; row < session->form.FieldCount; ++row)
-        EXPECT_EQ(session->form.Fields[row].InUse, 0) << row;
+        EXPECT_EQ(+session->form.Fields[row].InUse, 0) << row;
 }
 
 TEST_F(SectionCommands, TheReportFilterSetsItsFlagWhileItHoldsSomething) {
@@ -304,12 +304,12 @@ TEST_F(SectionCommands, TheReportFilterSetsItsFlagWhileItHoldsSomething) {
     Write("Report Filter", "AMOUNT>12");
     EditReportFilter(session);
     EXPECT_EQ(TextOf(header.ReportFilter), "AMOUNT>12");
-    EXPECT_EQ(header.FormFlags, FORM_REPORT_HEADER_FIRST | FORM_HAS_FILTER);
+    EXPECT_EQ(+header.FormFlags, FORM_REPORT_HEADER_FIRST | FORM_HAS_FILTER);
     EXPECT_EQ(session->form.FormModified, 1u);
     Write("Report Filter", "");
     EditReportFilter(session);
     EXPECT_EQ(header.ReportFilter[0], CELL_END);
-    EXPECT_EQ(header.FormFlags, FORM_REPORT_HEADER_FIRST);
+    EXPECT_EQ(+header.FormFlags, FORM_REPORT_HEADER_FIRST);
 }
 
 TEST_F(SectionCommands, CancelKeepsTheReportFilter) {

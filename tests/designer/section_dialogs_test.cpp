@@ -82,7 +82,7 @@ TEST_F(SectionDialogs, SortFieldIsTypedInAnyCaseAndCheckedWithItsLevel) {
               }),
               1);
     EXPECT_STREQ(Field().FieldName, "REGION");
-    EXPECT_EQ(Field().FieldWidth, 9);
+    EXPECT_EQ(+Field().FieldWidth, 9);
     EXPECT_EQ(levels, std::vector{2});
     EXPECT_TRUE(Modified());
 }
@@ -197,13 +197,13 @@ TEST_F(SectionDialogs, EachFlagOfASectionHasItsBox) {
                            dialog.Press(IDOK);
                        }),
                   1);
-        EXPECT_EQ(section.SectionFlags, flag);
+        EXPECT_EQ(+section.SectionFlags, flag);
         Edit(SECOND_HEADER, [box = control](DialogDriver dialog) {
             EXPECT_TRUE(dialog.Checked(box));
             dialog.Click(box);
             dialog.Press(IDOK);
         });
-        EXPECT_EQ(section.SectionFlags, 0);
+        EXPECT_EQ(+section.SectionFlags, 0);
     }
     EXPECT_TRUE(Modified());
 }
@@ -244,7 +244,7 @@ TEST_F(SectionDialogs, NoRecordsAcrossADetailKeepTheDialogOpenWithoutAMessage) {
                    }),
               0);
     EXPECT_TRUE(boxes.Log().empty());
-    EXPECT_EQ(session->form.Sections[SECTION_DETAIL_1].Across, 2);
+    EXPECT_EQ(+session->form.Sections[SECTION_DETAIL_1].Across, 2);
     EXPECT_FALSE(Modified());
 }
 
@@ -256,8 +256,8 @@ TEST_F(SectionDialogs, RecordsAcrossAreStoredForADetailAlone) {
     session->form.Sections[0].Across = 7;
     EXPECT_EQ(Edit(SECTION_DETAIL_1, three), 1);
     EXPECT_EQ(Edit(0, three), 1);
-    EXPECT_EQ(session->form.Sections[SECTION_DETAIL_1].Across, 3);
-    EXPECT_EQ(session->form.Sections[0].Across, 7);
+    EXPECT_EQ(+session->form.Sections[SECTION_DETAIL_1].Across, 3);
+    EXPECT_EQ(+session->form.Sections[0].Across, 7);
 }
 
 TEST_F(SectionDialogs, SectionThatIsNoneEndsTheDialogAtOnce) {
@@ -279,7 +279,7 @@ TEST_F(SectionDialogs, HostRunsADialogWithItsOwnPairOfParameters) {
     EXPECT_EQ(DialogBoxParamA(GetModuleHandleA(nullptr), "EditSecParam", Window(), EditSecParam,
                               reinterpret_cast<LPARAM>(&pair)),
               1);
-    EXPECT_EQ(session->form.Sections[SECTION_DETAIL_1].Across, 4);
+    EXPECT_EQ(+session->form.Sections[SECTION_DETAIL_1].Across, 4);
 }
 
 TEST_F(SectionDialogs, HostThatNamesNoSessionGetsACancelledDialog) {

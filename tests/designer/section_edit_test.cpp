@@ -108,10 +108,10 @@ TEST_F(SectionEdit, ANewBandCompressesBothSpacesAndPrintsEveryRecord) {
     session->form.Sections[SECTION_PAGE_FOOTER].SectionFlags = 3;
     Add(SECTION_PAGE_FOOTER);
     const SectionRecord &section = session->form.Sections[SECTION_PAGE_FOOTER];
-    EXPECT_EQ(section.InUse, 1);
-    EXPECT_EQ(section.SectionFlags, 24);
+    EXPECT_EQ(+section.InUse, 1);
+    EXPECT_EQ(+section.SectionFlags, 24);
     EXPECT_EQ(section.SectionFilter[0], CELL_END);
-    EXPECT_EQ(section.BarItem, session->form.TotalItems - 1);
+    EXPECT_EQ(+section.BarItem, session->form.TotalItems - 1);
     EXPECT_EQ(session->form.FormModified, 1u);
     ExpectBands();
 }
@@ -131,7 +131,7 @@ TEST_F(SectionEdit, AFirstBandGoesToTheTopOfTheForm) {
     StartOn(form);
     Add(SECTION_PAGE_HEADER);
     EXPECT_EQ(Bar(SECTION_PAGE_HEADER).y, 0);
-    EXPECT_EQ(session->form.Sections[SECTION_PAGE_HEADER].BarItem, 0);
+    EXPECT_EQ(+session->form.Sections[SECTION_PAGE_HEADER].BarItem, 0);
     ExpectBands();
 }
 
@@ -141,15 +141,15 @@ TEST_F(SectionEdit, ASortHeaderSortsAndBreaksByTwoEqualFields) {
     levels.clear();
     EXPECT_EQ(Add(SECTION_SORT_HEADER_1, "NAME"), 1);
     EXPECT_EQ(levels, std::vector<int>{1});
-    ASSERT_EQ(session->form.BreakCount, 1);
+    ASSERT_EQ(+session->form.BreakCount, 1);
     const BreakFieldRecord row = session->form.Breaks[0];
     EXPECT_EQ(row.SectionIndex, SECTION_SORT_HEADER_1);
-    EXPECT_NE(row.SortField, row.BreakField);
+    EXPECT_NE(+row.SortField, +row.BreakField);
     EXPECT_EQ(FieldsInUse(), before + 2);
     for (const int field : {row.SortField, row.BreakField}) {
         EXPECT_STREQ(session->form.Fields[field].FieldName, "NAME");
-        EXPECT_EQ(session->form.Fields[field].HostField, 7);
-        EXPECT_EQ(session->form.Fields[field].SummarySection, SECTION_SORT_HEADER_1);
+        EXPECT_EQ(+session->form.Fields[field].HostField, 7);
+        EXPECT_EQ(+session->form.Fields[field].SummarySection, SECTION_SORT_HEADER_1);
     }
     ExpectBands();
 }
@@ -166,7 +166,7 @@ TEST_F(SectionEdit, TheSecondSortLevelAsksForLevelTwo) {
 TEST_F(SectionEdit, ANameOfTheHostThatIsTooLongIsCut) {
     StartOn(TwoSections());
     EXPECT_EQ(Add(SECTION_SORT_HEADER_1, std::string(150, 'L').c_str()), 1);
-    EXPECT_EQ(session->form.BreakCount, 1);
+    EXPECT_EQ(+session->form.BreakCount, 1);
 }
 
 TEST_F(SectionEdit, AnUnknownSortFieldChangesNothing) {
@@ -177,7 +177,7 @@ TEST_F(SectionEdit, AnUnknownSortFieldChangesNothing) {
         EXPECT_EQ(Add(SECTION_SORT_HEADER_1, name), 0);
     EXPECT_EQ(session->form.TotalItems, items);
     EXPECT_EQ(FieldsInUse(), fields);
-    EXPECT_EQ(session->form.BreakCount, 0);
+    EXPECT_EQ(+session->form.BreakCount, 0);
     EXPECT_EQ(session->form.FormModified, 0u);
 }
 
@@ -193,7 +193,7 @@ TEST_F(SectionEdit, AFullItemTableTakesNoSection) {
     session->form.TotalItems = MAX_ITEMS;
     EXPECT_EQ(Add(SECTION_PAGE_FOOTER), 1);
     EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"", "Item Table Full!", {IDOK}}}));
-    EXPECT_EQ(session->form.Sections[SECTION_PAGE_FOOTER].InUse, 0);
+    EXPECT_EQ(+session->form.Sections[SECTION_PAGE_FOOTER].InUse, 0);
     session->form.TotalItems = 6;
 }
 
@@ -202,7 +202,7 @@ TEST_F(SectionEdit, AFullFieldTableTakesNoSortHeader) {
     session->form.FieldCapacity = session->form.FieldCount;
     EXPECT_EQ(Add(SECTION_SORT_HEADER_1, "NAME"), 0);
     EXPECT_EQ(boxes.Log(), (std::vector<BoxRecord>{{"", "Ran out of field table!", {IDOK}}}));
-    EXPECT_EQ(session->form.BreakCount, 0);
+    EXPECT_EQ(+session->form.BreakCount, 0);
     ExpectBands();
 }
 
@@ -212,8 +212,8 @@ TEST_F(SectionEdit, AFieldTableWithoutASecondSlotKeepsTheFirst) {
     session->form.FieldCapacity = session->form.FieldCount;
     EXPECT_EQ(Add(SECTION_SORT_HEADER_1, "NAME"), 0);
     EXPECT_EQ(boxes.LastText(), "Ran out of field table!");
-    EXPECT_EQ(session->form.BreakCount, 0);
-    EXPECT_EQ(session->form.Fields[slot].InUse, 1);
+    EXPECT_EQ(+session->form.BreakCount, 0);
+    EXPECT_EQ(+session->form.Fields[slot].InUse, 1);
     ExpectBands();
 }
 
@@ -221,7 +221,7 @@ TEST_F(SectionEdit, AFormThatIsAsLongAsItsNumbersAllowTakesNoSection) {
     StartOn(TwoSections());
     session->form.ReportHeight = INT16_MAX - NewHeight() + 1;
     EXPECT_EQ(Add(SECTION_PAGE_FOOTER), 0);
-    EXPECT_EQ(session->form.Sections[SECTION_PAGE_FOOTER].InUse, 0);
+    EXPECT_EQ(+session->form.Sections[SECTION_PAGE_FOOTER].InUse, 0);
 }
 
 TEST_F(SectionEdit, AnItemThatCantGoFurtherDownKeepsSectionsOut) {
@@ -260,7 +260,7 @@ TEST_F(SectionEdit, DeletingABandTakesItsItemsAndClosesTheGap) {
     EXPECT_EQ(Row("Alpha"), -1);
     EXPECT_EQ(Row("Beta"), -1);
     EXPECT_EQ(Item("Gamma").y, gamma - BAND - Caption());
-    EXPECT_EQ(session->form.Sections[SECTION_PAGE_HEADER].InUse, 0);
+    EXPECT_EQ(+session->form.Sections[SECTION_PAGE_HEADER].InUse, 0);
     EXPECT_EQ(session->form.SelectedItem, NOTHING_SELECTED);
     EXPECT_EQ(session->form.FormModified, 1u);
     EXPECT_EQ(session->view.PaintEnabled, 1u);
@@ -339,7 +339,7 @@ TEST_F(SectionEdit, DeletingASortHeaderFreesItsTwoFields) {
     Add(SECTION_SORT_HEADER_1, "NAME");
     Add(SECTION_SORT_HEADER_1 + 1, "NAME");
     EXPECT_EQ(Delete(SECTION_SORT_HEADER_1 + 1), 1);
-    EXPECT_EQ(session->form.BreakCount, 1);
+    EXPECT_EQ(+session->form.BreakCount, 1);
     EXPECT_EQ(FieldsInUse(), fields + 2);
     EXPECT_EQ(Delete(SECTION_SORT_HEADER_1), 1);
     EXPECT_EQ(FieldsInUse(), fields);
@@ -351,9 +351,9 @@ TEST_F(SectionEdit, DeletingABandGivesUpWhatItsFilterNames) {
     const int constant = form.Constant(".T.", TYPE_LOGICAL, 1);
     form.Store({constant}, form.sections[SECTION_DETAIL_1].SectionFilter);
     StartOn(form);
-    ASSERT_EQ(session->form.Fields[constant].RefCount, 1);
+    ASSERT_EQ(+session->form.Fields[constant].RefCount, 1);
     Delete(SECTION_DETAIL_1);
-    EXPECT_EQ(session->form.Fields[constant].InUse, 0);
+    EXPECT_EQ(+session->form.Fields[constant].InUse, 0);
     EXPECT_EQ(session->form.Sections[SECTION_DETAIL_1].SectionFilter[0], CELL_END);
 }
 
@@ -392,7 +392,7 @@ TEST_F(SectionEdit, ASectionThatTheHostDeletesAsItHearsOfTheChangeIsNotDeletedTw
     hearing = session;
     SetWindowLongA(host.Get(), GWL_WNDPROC, reinterpret_cast<LONG>(DeleteOnHearing));
     EXPECT_EQ(Delete(SECTION_PAGE_HEADER), 0);
-    EXPECT_EQ(session->form.Sections[SECTION_PAGE_HEADER].InUse, 0);
+    EXPECT_EQ(+session->form.Sections[SECTION_PAGE_HEADER].InUse, 0);
     EXPECT_TRUE(boxes.Log().empty());
     ExpectBands();
 }
@@ -443,10 +443,10 @@ TEST_F(SectionEdit, EverySectionComesAndGoesAgain) {
         EXPECT_EQ(Add(section, "NAME"), 1) << section;
         ExpectBands();
     }
-    EXPECT_EQ(session->form.BreakCount, MAX_BREAKS);
+    EXPECT_EQ(+session->form.BreakCount, MAX_BREAKS);
     for (int section = MAX_SECTIONS - 1; section > 0; --section) {
         EXPECT_EQ(Delete(section), 1) << section << boxes.LastText();
         ExpectBands();
     }
-    EXPECT_EQ(session->form.BreakCount, 0);
+    EXPECT_EQ(+session->form.BreakCount, 0);
 }

@@ -119,7 +119,7 @@ protected:
     }
     void MakeCalculation() {
         Breaks({{BreakTitle(), Presses(BREAK_ON_CALCULATION)}, {"COMP_EXP1", Writes("AMOUNT+1")}});
-        ASSERT_EQ(BreakField().FieldKind, FIELD_CALC);
+        ASSERT_EQ(+BreakField().FieldKind, FIELD_CALC);
     }
 };
 
@@ -135,7 +135,7 @@ TEST_F(SectionFields, AHeaderAndItsFooterFindTheSameRow) {
         EXPECT_EQ(FindBreak(session, section), -1) << section;
         EXPECT_EQ(FindSortField(session, section), -1) << section;
     }
-    EXPECT_EQ(FindSortField(session, SECTION_SORT_FOOTER_1), session->form.Breaks[0].SortField);
+    EXPECT_EQ(FindSortField(session, SECTION_SORT_FOOTER_1), +session->form.Breaks[0].SortField);
 }
 
 TEST_F(SectionFields, OnlyASortHeaderHasASortAndABreakField) {
@@ -162,12 +162,12 @@ TEST_F(SectionFields, ABreakFieldThatIsEqualFollowsTheSortField) {
     EXPECT_EQ(Under({{SortTitle(), Types("amount")}}, EditSortField), 1);
     for (const FieldRecord *field : {&SortField(), &BreakField()}) {
         EXPECT_STREQ(field->FieldName, "AMOUNT");
-        EXPECT_EQ(field->ValueType, TYPE_NUMERIC);
-        EXPECT_EQ(field->FieldWidth, 9);
-        EXPECT_EQ(field->HostTable, 2);
-        EXPECT_EQ(field->HostField, known["AMOUNT"].HostField);
+        EXPECT_EQ(+field->ValueType, TYPE_NUMERIC);
+        EXPECT_EQ(+field->FieldWidth, 9);
+        EXPECT_EQ(+field->HostTable, 2);
+        EXPECT_EQ(+field->HostField, +known["AMOUNT"].HostField);
     }
-    EXPECT_EQ(BreakField().SummarySection, 5);
+    EXPECT_EQ(+BreakField().SummarySection, 5);
 }
 
 TEST_F(SectionFields, ABreakFieldOfItsOwnStaysWhenTheSortFieldChanges) {
@@ -193,7 +193,7 @@ TEST_F(SectionFields, CancelKeepsTheBreakField) {
 TEST_F(SectionFields, ACalculatedBreakIsNamedByItsPlace) {
     MakeCalculation();
     EXPECT_STREQ(BreakField().FieldName, "COMP_EXP1");
-    EXPECT_EQ(BreakField().ValueType, TYPE_NUMERIC);
+    EXPECT_EQ(+BreakField().ValueType, TYPE_NUMERIC);
     EXPECT_EQ(TextOf(BreakField().FieldTokens), "AMOUNT+1");
     EXPECT_EQ(References("AMOUNT"), 1);
     EXPECT_STREQ(SortField().FieldName, "NAME");
@@ -206,7 +206,7 @@ TEST_F(SectionFields, ACalculatedBreakIsNamedByItsPlace) {
 
 TEST_F(SectionFields, ACalculationTakesTheTypeOfItsResult) {
     Breaks({{BreakTitle(), Presses(BREAK_ON_CALCULATION)}, {"COMP_EXP1", Writes("AMOUNT>1")}});
-    EXPECT_EQ(BreakField().ValueType, TYPE_LOGICAL);
+    EXPECT_EQ(+BreakField().ValueType, TYPE_LOGICAL);
 }
 
 TEST_F(SectionFields, LeavingTheExpressionReturnsToABreakOnTheSortField) {
@@ -224,7 +224,7 @@ TEST_F(SectionFields, AnEmptyExpressionReturnsToABreakOnTheSortField) {
             {"COMP_EXP1", Writes("")},
             {BreakTitle(), Types("CITY")}});
     EXPECT_STREQ(BreakField().FieldName, "CITY");
-    EXPECT_EQ(BreakField().FieldKind, FIELD_DATA);
+    EXPECT_EQ(+BreakField().FieldKind, FIELD_DATA);
 }
 
 TEST_F(SectionFields, ACalculationGoesStraightToItsExpression) {
@@ -246,7 +246,7 @@ TEST_F(SectionFields, ADataFieldInACalculationsPlaceGivesUpWhatItHeld) {
     MakeCalculation();
     Breaks({{"COMP_EXP1", Presses(IDCANCEL)}, {BreakTitle(), Types("ZIP")}});
     EXPECT_STREQ(BreakField().FieldName, "ZIP");
-    EXPECT_EQ(BreakField().FieldTokens[0], CELL_END);
+    EXPECT_EQ(+BreakField().FieldTokens[0], CELL_END);
     EXPECT_EQ(References("AMOUNT"), 0);
 }
 
@@ -264,7 +264,7 @@ TEST_F(SectionFields, ACalculationThatIsEmptiedBreaksOnTheSortFieldEvenAfterCanc
     MakeCalculation();
     Breaks({{"COMP_EXP1", Writes("")}, {BreakTitle(), SeesAndCancels("NAME")}});
     EXPECT_STREQ(BreakField().FieldName, "NAME");
-    EXPECT_EQ(BreakField().FieldKind, FIELD_DATA);
+    EXPECT_EQ(+BreakField().FieldKind, FIELD_DATA);
     EXPECT_EQ(References("AMOUNT"), 0);
 }
 
@@ -284,7 +284,7 @@ TEST_F(SectionFields, AFieldThatIsEditedUnderTheExpressionDoesNotMixWithIt) {
     Breaks({{BreakTitle(), Presses(BREAK_ON_CALCULATION)},
             {"COMP_EXP1", edits_another},
             {SortTitle(), SeesAndCancels("NAME")}});
-    EXPECT_EQ(BreakField().FieldKind, FIELD_CALC);
+    EXPECT_EQ(+BreakField().FieldKind, FIELD_CALC);
     EXPECT_STREQ(BreakField().FieldName, "COMP_EXP1");
     EXPECT_EQ(TextOf(BreakField().FieldTokens), "AMOUNT+1");
 }
@@ -313,5 +313,5 @@ TEST_F(SectionFields, ASectionThatGoesUnderTheDialogIsLeftAlone) {
         dialog.Press(IDCANCEL);
     };
     EXPECT_EQ(Breaks({{BreakTitle(HEADER + 1), deletes}}), 1);
-    EXPECT_EQ(session->form.BreakCount, 1);
+    EXPECT_EQ(+session->form.BreakCount, 1);
 }

@@ -119,7 +119,7 @@ TEST_F(TextDialogs, LowerCaseUserNameIsStoredInUpperCase) {
               }),
               1);
     EXPECT_STREQ(User().UserName, "FROM_DATE2");
-    EXPECT_EQ(User().ValueType, TYPE_TEXT);
+    EXPECT_EQ(+User().ValueType, TYPE_TEXT);
     EXPECT_FALSE(User().InUse); // its caller puts it to use
     EXPECT_TRUE(Modified());
 }
@@ -136,7 +136,7 @@ TEST_F(TextDialogs, EachTypeOfAUserFieldHasItsButton) {
             dialog.SetText(TEXT_INPUT, "NAME");
             dialog.Press(IDOK);
         });
-        EXPECT_EQ(User().ValueType, type);
+        EXPECT_EQ(+User().ValueType, type);
     }
 }
 
@@ -200,8 +200,8 @@ TEST_F(TextDialogs, PromptOrderAndWidthOfAUserFieldAreEdited) {
               }),
               1);
     EXPECT_EQ(User().UserPrompt, "Which region, " + std::string(35, '?'));
-    EXPECT_EQ(User().PromptOrder, 11);
-    EXPECT_EQ(User().UserWidth, 33);
+    EXPECT_EQ(+User().PromptOrder, 11);
+    EXPECT_EQ(+User().UserWidth, 33);
     EXPECT_TRUE(Modified());
 }
 
@@ -216,8 +216,8 @@ TEST_F(TextDialogs, NumbersOfAUserFieldAreNotCheckedButStayInTheirRange) {
               }),
               1);
     EXPECT_STREQ(User().UserPrompt, "");
-    EXPECT_EQ(User().PromptOrder, UINT16_MAX);
-    EXPECT_EQ(User().UserWidth, INT16_MAX);
+    EXPECT_EQ(+User().PromptOrder, UINT16_MAX);
+    EXPECT_EQ(+User().UserWidth, INT16_MAX);
 }
 
 TEST_F(TextDialogs, CancelledPromptChangesNothing) {

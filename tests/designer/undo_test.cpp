@@ -33,7 +33,7 @@ TEST_F(Undo, BringsBackTheRowsAndSelectsTheGroupOnce) {
     Select("b");
     RestoreUndo(session);
     EXPECT_EQ(PlaceOf("a"), "100,100,200,50");
-    EXPECT_EQ(session->form.Sections[SECTION_DETAIL_1].BarItem, Row("bar11"));
+    EXPECT_EQ(+session->form.Sections[SECTION_DETAIL_1].BarItem, Row("bar11"));
     EXPECT_EQ(session->form.SelectedItem, Row("group"));
     EXPECT_EQ(session->form.FormModified, 1u);
     EXPECT_FALSE(HasImage());

@@ -93,8 +93,8 @@ TEST(HostField, PickTellsTheHostOwnerLevelAndItsContext) {
     EXPECT_EQ(asked.level, 3);
     EXPECT_EQ(asked.context, &context);
     EXPECT_STREQ(record.FieldName, "ORDERS->NO");
-    EXPECT_EQ(record.FieldKind, FIELD_DATA);
-    EXPECT_EQ(record.InUse, 0);
+    EXPECT_EQ(+record.FieldKind, FIELD_DATA);
+    EXPECT_EQ(+record.InUse, 0);
 }
 
 TEST(HostField, PickThatIsRefusedLeavesTheRecordAsItWas) {

@@ -21,8 +21,8 @@ class ColumnTypes : public testing::TestWithParam<TypeCase> {};
 
 TEST_P(ColumnTypes, AreWhatTheValuesLookLike) {
     const FieldRecord field = FieldOf(GetParam().cells);
-    EXPECT_EQ(field.ValueType, GetParam().type);
-    EXPECT_EQ(field.Decimals, GetParam().decimals);
+    EXPECT_EQ(+field.ValueType, GetParam().type);
+    EXPECT_EQ(+field.Decimals, GetParam().decimals);
     EXPECT_EQ(TypeText(field), GetParam().text);
 }
 
@@ -45,14 +45,14 @@ TEST(Columns, NamesAreInUpperCaseAndTellTheirColumn) {
     const auto fields = FieldsOf(ParseCsv("t.csv", "Name,population\nA,1\n"));
     ASSERT_EQ(fields.size(), 2U);
     EXPECT_STREQ(fields[1].FieldName, "POPULATION");
-    EXPECT_EQ(fields[1].HostField, 1);
+    EXPECT_EQ(+fields[1].HostField, 1);
 }
 
 TEST(Columns, EmptyCellsSayNothingOfTheType) {
     const auto fields = FieldsOf(ParseCsv("t.csv", "a,b\n1,\n,\n3,\n"));
-    EXPECT_EQ(fields[0].ValueType, TYPE_NUMERIC);
-    EXPECT_EQ(fields[1].ValueType, TYPE_TEXT);
-    EXPECT_EQ(fields[1].FieldWidth, 15);
+    EXPECT_EQ(+fields[0].ValueType, TYPE_NUMERIC);
+    EXPECT_EQ(+fields[1].ValueType, TYPE_TEXT);
+    EXPECT_EQ(+fields[1].FieldWidth, 15);
 }
 
-TEST(Columns, ANumberHasRoomForItsTotal) { EXPECT_EQ(FieldOf("1234\n").FieldWidth, 6); }
+TEST(Columns, ANumberHasRoomForItsTotal) { EXPECT_EQ(+FieldOf("1234\n").FieldWidth, 6); }
