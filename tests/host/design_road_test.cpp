@@ -152,7 +152,7 @@ TEST_F(DesignRoad, DoubleClickOnALabelLetsAPersonTypeAndEnterEndsIt) {
     DoubleClick(Pixel(500, 200));
     Serve();
     ASSERT_TRUE(IsWindowVisible(Desk().EditWindow));
-    EXPECT_EQ(GetFocus(), Desk().EditWindow);
+    EXPECT_EQ(GetFocus(), +Desk().EditWindow);
     EXPECT_EQ(WindowText(Desk().EditWindow), "Before");
     SetWindowTextA(Desk().EditWindow, "After");
     PostMessageA(Desk().EditWindow, WM_CHAR, VK_RETURN, 0);
